@@ -1,10 +1,13 @@
 #include "WindowFixture.h"
 
+#include "app/LanguageManager.h"
 #include "views/listing/GridItemDelegate.h"
+#include "views/window/LocalPane.h"
 
 #include <QFontDatabase>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QMenu>
 #include <QToolButton>
 
 namespace tessary {
@@ -16,33 +19,61 @@ using testing::ElementsAre;
 /// What fits where there is little room.
 class RoomTest : public WindowFixture {};
 
+/// Each button that is seen lies in the row, and the last part of the path has all of its name.
+void expectRoom(const QWidget& toolbar, const QString& folder) {
+    const auto* path = toolbar.findChild<QWidget*>(u"breadcrumbs"_s);
+    const QToolButton* last = nullptr;
+    for (const QToolButton* button : toolbar.findChildren<QToolButton*>()) {
+        if (!button->isVisible())
+            continue;
+        const QWidget* row = path->isAncestorOf(button) ? path : &toolbar;
+        const QRect place(button->mapTo(row, QPoint()), button->size());
+        EXPECT_TRUE(row->rect().contains(place)) << button->accessibleName().toStdString();
+        if (row == path)
+            last = button;
+    }
+    ASSERT_NE(last, nullptr);
+    EXPECT_EQ(last->text(), folder);
+}
+
 TEST_F(RoomTest, thePathIsTheLastToGiveWay) {
+    local_.write(u"Summer/local.txt"_s, "local");
+    defaults_->setValue(LocalPane::folderKey, local_.path(u"Summer"_s));
     window_->browser().navigateTo(u"/sdcard/DCIM/Trip"_s);
     ASSERT_TRUE(wait([this] { return isShown(u"one.txt"_s); }));
-    auto* path = window_->findChild<QWidget*>(u"breadcrumbs"_s);
-    auto* filter = window_->findChild<QLineEdit*>(u"filter"_s);
-    for (const QSize size : {QSize(1180, 740), QSize(960, 600), QSize(800, 500)}) {
+    auto* toolbar = window_->browserView().findChild<QWidget*>(u"toolbar"_s);
+    auto* filter = toolbar->findChild<QLineEdit*>(u"filter"_s);
+    auto* more = toolbar->findChild<QToolButton*>(u"moreButton"_s);
+    const auto check = [&](const QSize& size) {
+        SCOPED_TRACE(size.width());
         window_->resize(size);
-        const QToolButton* last = nullptr;
-        const auto isLaidOut = [&] {
-            last = nullptr;
-            bool fits = true;
-            for (const QToolButton* part : path->findChildren<QToolButton*>())
-                if (part->isVisible()) {
-                    fits = fits && path->rect().contains(part->geometry());
-                    last = part;
-                }
-            return fits && last != nullptr && last->accessibleName() == u"Trip";
-        };
-        // Commands lose their words first, and then the path is laid out anew.
         QCoreApplication::processEvents();
-        ASSERT_TRUE(wait(isLaidOut)) << size.width();
+        expectRoom(*toolbar, u"Trip"_s);
+        if (auto* pane = window_->findChild<LocalPane*>(u"localPane"_s))
+            expectRoom(*pane->findChild<QWidget*>(u"toolbar"_s), u"Summer"_s);
+    };
+    for (const AppLanguage language : {AppLanguage::en, AppLanguage::de}) {
+        LanguageManager::shared().setSelectedLanguage(language);
+        for (const QSize size : {QSize(1180, 740), QSize(960, 600), QSize(800, 500)})
+            check(size);
     }
     EXPECT_FALSE(filter->isVisible());
+    EXPECT_FALSE(more->isVisible());
     press(Qt::Key_F, Qt::ControlModifier);
     EXPECT_TRUE(filter->hasFocus());
     press(Qt::Key_Escape);
     EXPECT_TRUE(wait([&] { return !filter->isVisible(); }));
+
+    window_->findChild<QAction*>(u"splitAction"_s)->trigger();
+    for (const AppLanguage language : {AppLanguage::de, AppLanguage::en}) {
+        LanguageManager::shared().setSelectedLanguage(language);
+        for (const QSize size : {QSize(960, 600), QSize(800, 500)})
+            check(size);
+    }
+    LanguageManager::shared().setSelectedLanguage(AppLanguage::system);
+    ASSERT_TRUE(more->isVisible()) << "what has no room is still at hand";
+    Q_EMIT more->menu()->aboutToShow();
+    EXPECT_TRUE(more->menu()->actions().contains(window_->browserView().actions().newFolder));
 }
 
 TEST_F(RoomTest, theEdgeThatIsDraggedMovesAlone) {

@@ -3,6 +3,7 @@
 #include "base/text/Printable.h"
 #include "views/browser/PathEdit.h"
 #include "views/common/EntryDrop.h"
+#include "views/common/Layouts.h"
 #include "views/common/PlainText.h"
 
 #include <QDropEvent>
@@ -79,8 +80,10 @@ void BreadcrumbBar::resizeEvent(QResizeEvent* event) {
     rebuild();
 }
 
+/// As wide as it is when it is the last one, whose name is bolder.
 int BreadcrumbBar::widthOf(const Breadcrumb& part) const {
-    return std::min(fontMetrics().horizontalAdvance(part.name), longestPart) + partPadding;
+    return std::min(QFontMetrics(demiBold(font())).horizontalAdvance(part.name), longestPart) +
+           partPadding;
 }
 
 void BreadcrumbBar::rebuild() {
@@ -123,9 +126,7 @@ void BreadcrumbBar::addPart(const Breadcrumb& part, bool isLast, int mostWidth) 
     auto* button = new QToolButton;
     button->setCursor(Qt::ArrowCursor);
     button->setAutoRaise(true);
-    QFont font = button->font();
-    if (isLast)
-        font.setWeight(QFont::DemiBold);
+    const QFont font = isLast ? demiBold(button->font()) : button->font();
     button->setFont(font);
     const int most = std::max(std::min(longestPart, mostWidth - partPadding), shortestPart);
     button->setText(QFontMetrics(font)

@@ -12,14 +12,30 @@
 #include <QMenu>
 #include <QToolButton>
 
+#include <algorithm>
+#include <array>
+#include <utility>
+
 namespace tessary {
 
 namespace {
 
-/// Narrower than this, the path needs the room of the field, and of the commands' words. Pixels.
-constexpr int roomForField = 1050;
-constexpr int roomForWords = 760;
-constexpr int roomForModes = 460; // less leaves them to the menu
+constexpr int fieldWidth = 190;
+constexpr int leastField = 90; // while something is typed into it
+constexpr int spacing = 2;
+constexpr int gap = 8; // between groups
+constexpr int sideMargin = 8;
+
+/// What the path has at least before others give way for it: the field, the commands' words, and
+/// then the commands, so that the name of the folder can still be read.
+constexpr int pathBesideField = 300;
+constexpr int pathBesideWords = 260;
+constexpr int leastPath = 150;
+
+int widthWith(QToolButton& button, Qt::ToolButtonStyle style) {
+    button.setToolButtonStyle(style);
+    return button.sizeHint().width();
+}
 
 } // namespace
 
@@ -33,11 +49,12 @@ BrowserToolbar::BrowserToolbar(FileBrowserViewModel& browser, const BrowserActio
       syncButton_(makeToolButton(*actions.sync)),
       downloadButton_(makeToolButton(*actions.download)),
       uploadButton_(new QToolButton),
-      modes_(new QWidget) {
+      modes_(new QWidget),
+      backButton_(makeToolButton(*actions.back)),
+      moreButton_(new QToolButton) {
     setObjectName(QStringLiteral("toolbar"));
     filter_->setObjectName(QStringLiteral("filter"));
     filter_->setClearButtonEnabled(true);
-    filter_->setFixedWidth(190);
     filter_->installEventFilter(this);
     filterButton_->setObjectName(QStringLiteral("filterButton"));
     connect(actions.find, &QAction::triggered, this, [this] { showField(false); });
@@ -87,29 +104,7 @@ BrowserToolbar::BrowserToolbar(FileBrowserViewModel& browser, const BrowserActio
         actions.uploadFiles, &QAction::changed, uploadButton_,
         [this, upload = actions.uploadFiles] { uploadButton_->setEnabled(upload->isEnabled()); });
 
-    auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(8, 6, 10, 6);
-    row->setSpacing(2);
-    for (QAction* action : {actions.back, actions.forward, actions.up})
-        row->addWidget(makeToolButton(*action));
-    row->addSpacing(6);
-    row->addWidget(path_, 1);
-    row->addSpacing(6);
-    row->addWidget(downloadButton_);
-    row->addWidget(uploadButton_);
-    row->addSpacing(8);
-    row->addWidget(makeToolButton(*actions.newFolder));
-    row->addWidget(syncButton_);
-    row->addSpacing(8);
-    auto* modeRow = new QHBoxLayout(modes_);
-    modeRow->setContentsMargins(0, 0, 0, 0);
-    modeRow->setSpacing(2);
-    modeRow->addWidget(makeToolButton(*actions.asList));
-    modeRow->addWidget(makeToolButton(*actions.asGrid));
-    row->addWidget(modes_);
-    row->addSpacing(8);
-    row->addWidget(filterButton_);
-    row->addWidget(filter_);
+    addTools(actions);
     keepTranslated(this, [this] {
         modes_->setAccessibleName(tr("View Mode"));
         showFieldTexts();
@@ -118,14 +113,60 @@ BrowserToolbar::BrowserToolbar(FileBrowserViewModel& browser, const BrowserActio
         uploadButton_->setToolTip(tr("Copy to Phone"));
         if (auto* clear = filter_->findChild<QToolButton*>())
             clear->setAccessibleName(tr("Clear the Filter"));
+        moreButton_->setToolTip(tr("More Commands"));
+        moreButton_->setAccessibleName(tr("More Commands"));
         path_->setAccessibleName(tr("Path"));
+        fit();
     });
-    fit();
 }
 
-void BrowserToolbar::hidePhoneCommands() {
-    for (QToolButton* button : {downloadButton_, uploadButton_, syncButton_})
-        button->hide();
+void BrowserToolbar::addTools(const BrowserActions& actions) {
+    QToolButton* forward = makeToolButton(*actions.forward);
+    QToolButton* up = makeToolButton(*actions.up);
+    QToolButton* newFolder = makeToolButton(*actions.newFolder);
+    moreButton_->setObjectName(QStringLiteral("moreButton"));
+    moreButton_->setIcon(lineIcon(QStringLiteral("view-more-horizontal")));
+    moreButton_->setIconSize(backButton_->iconSize());
+    moreButton_->setAutoRaise(true);
+    moreButton_->setPopupMode(QToolButton::InstantPopup);
+    moreButton_->setMenu(new QMenu(moreButton_));
+    connect(moreButton_->menu(), &QMenu::aboutToShow, this, &BrowserToolbar::fillMenu);
+
+    auto* modeRow = new QHBoxLayout(modes_);
+    modeRow->setContentsMargins(gap, 0, gap, 0);
+    modeRow->setSpacing(spacing);
+    modeRow->addWidget(makeToolButton(*actions.asList));
+    modeRow->addWidget(makeToolButton(*actions.asGrid));
+
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(sideMargin, 6, sideMargin, 6);
+    row->setSpacing(spacing);
+    for (QWidget* widget : {backButton_, forward, up})
+        row->addWidget(widget);
+    row->addSpacing(gap);
+    row->addWidget(path_, 1);
+    row->addSpacing(gap);
+    for (QWidget* widget :
+         {static_cast<QWidget*>(downloadButton_), static_cast<QWidget*>(uploadButton_),
+          static_cast<QWidget*>(newFolder), static_cast<QWidget*>(syncButton_), modes_,
+          static_cast<QWidget*>(filterButton_), static_cast<QWidget*>(filter_),
+          static_cast<QWidget*>(moreButton_)})
+        row->addWidget(widget);
+
+    tools_ = {{modes_, {actions.asList, actions.asGrid}},
+              {syncButton_, {actions.sync}},
+              {newFolder, {actions.newFolder}},
+              {filterButton_, {actions.find}},
+              {forward, {actions.forward}},
+              {uploadButton_, {actions.uploadFiles, actions.uploadFolder}},
+              {downloadButton_, {actions.download}},
+              {up, {actions.up}}};
+    for (const Tool& tool : tools_)
+        connect(tool.actions.front(), &QAction::visibleChanged, this, &BrowserToolbar::fit);
+}
+
+const QWidget& BrowserToolbar::syncAnchor() const {
+    return syncButton_->isHidden() ? *moreButton_ : *syncButton_;
 }
 
 void BrowserToolbar::clearFilter() {
@@ -157,17 +198,69 @@ void BrowserToolbar::takeText(const QString& text) {
         browser_.endSearch();
 }
 
+/// What is never shared: margins, and what lies between groups.
+int BrowserToolbar::gaps() const {
+    return 2 * sideMargin + 2 * gap + backButton_->sizeHint().width() + spacing;
+}
+
+int BrowserToolbar::widthOf(const Tool& tool) const {
+    return tool.widget->sizeHint().width() + spacing;
+}
+
+QSize BrowserToolbar::minimumSizeHint() const {
+    return {gaps() + leastPath + moreButton_->sizeHint().width() + spacing,
+            layout()->minimumSize().height()};
+}
+
+/// The path gets what the others leave: of them as many stay as leave it what it needs.
 void BrowserToolbar::fit() {
-    const bool hasField =
-        width() >= roomForField || filter_->hasFocus() || !filter_->text().isEmpty();
+    const bool isTyping = filter_->hasFocus() || !filter_->text().isEmpty();
+    const std::array worded{downloadButton_, uploadButton_};
+    int words = 0;
+    int room = width() - gaps();
+    for (const Tool& tool : tools_) {
+        if (!tool.actions.front()->isVisible())
+            continue;
+        for (QToolButton* button : worded)
+            if (button == tool.widget) {
+                words += widthWith(*button, Qt::ToolButtonTextBesideIcon);
+                words -= widthWith(*button, Qt::ToolButtonIconOnly);
+            }
+        room -= widthOf(tool);
+    }
+    const int forField = fieldWidth + spacing;
+    const int forFilterButton = filterButton_->sizeHint().width() + spacing;
+    const bool hasField = isTyping || room - words - forField + forFilterButton >= pathBesideField;
+    if (hasField)
+        room -= forField - forFilterButton;
+    if (room - words >= pathBesideWords)
+        for (QToolButton* button : worded)
+            button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+
+    bool isSpared = false;
+    for (const Tool& tool : tools_) {
+        const bool isOffered = tool.actions.front()->isVisible();
+        const bool isFilter = tool.widget == filterButton_;
+        const bool hasPlace = isOffered && room >= leastPath;
+        if (isOffered && !hasPlace && !(isFilter && hasField)) {
+            if (!std::exchange(isSpared, true))
+                room -= moreButton_->sizeHint().width() + spacing;
+            room += widthOf(tool);
+        }
+        tool.widget->setVisible(hasPlace && !(isFilter && hasField));
+    }
     filter_->setVisible(hasField);
-    filterButton_->setVisible(!hasField);
-    modes_->setVisible(width() >= roomForModes);
-    const auto style = width() - (hasField ? filter_->width() : 0) >= roomForWords
-                           ? Qt::ToolButtonTextBesideIcon
-                           : Qt::ToolButtonIconOnly;
-    for (QToolButton* button : {downloadButton_, uploadButton_})
-        button->setToolButtonStyle(style);
+    filter_->setFixedWidth(std::clamp(fieldWidth + room - leastPath, leastField, fieldWidth));
+    moreButton_->setVisible(isSpared);
+    layout()->activate();
+}
+
+void BrowserToolbar::fillMenu() {
+    QMenu* menu = moreButton_->menu();
+    menu->clear();
+    for (auto tool = tools_.rbegin(); tool != tools_.rend(); ++tool)
+        if (tool->widget->isHidden() && !(tool->widget == filterButton_ && !filter_->isHidden()))
+            menu->addActions(tool->actions);
 }
 
 void BrowserToolbar::resizeEvent(QResizeEvent* event) {

@@ -2,8 +2,12 @@
 
 #include "browser/model/FileBrowserViewModel.h"
 
+#include <QList>
 #include <QWidget>
 
+#include <vector>
+
+class QAction;
 class QLineEdit;
 class QToolButton;
 
@@ -14,7 +18,8 @@ class BreadcrumbBar;
 
 /// The row above a listing: back and forward, the path, the most used commands, and a field for the
 /// filter, or for a name to search below the folder. Where there is little room first the field
-/// shrinks to a button, then commands lose their words, before the path does.
+/// shrinks to a button, then commands lose their words, then the less needed ones go into a menu,
+/// before the path does. A command that is not visible has no button.
 class BrowserToolbar : public QWidget {
     Q_OBJECT
 
@@ -27,12 +32,9 @@ public:
         return *path_;
     }
     /// Below which the sync menu opens.
-    [[nodiscard]] QToolButton& syncButton() const {
-        return *syncButton_;
-    }
+    [[nodiscard]] const QWidget& syncAnchor() const;
     void clearFilter();
-    /// For files that are no phone's.
-    void hidePhoneCommands();
+    [[nodiscard]] QSize minimumSizeHint() const override;
 
 Q_SIGNALS:
     /// The user is done up here: the keys belong to the listing again.
@@ -43,10 +45,20 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    /// What goes into the menu where there is no room for it.
+    struct Tool {
+        QWidget* widget;
+        QList<QAction*> actions; ///< as the menu has them
+    };
+
+    void addTools(const BrowserActions& actions);
     void showField(bool isForSearch);
     void takeText(const QString& text);
     void showFieldTexts();
     void fit();
+    [[nodiscard]] int gaps() const;
+    [[nodiscard]] int widthOf(const Tool& tool) const;
+    void fillMenu();
 
     FileBrowserViewModel& browser_;
     BreadcrumbBar* path_;
@@ -55,7 +67,10 @@ private:
     QToolButton* syncButton_;
     QToolButton* downloadButton_;
     QToolButton* uploadButton_;
-    QWidget* modes_;           ///< list or grid
+    QWidget* modes_; ///< list or grid
+    QToolButton* backButton_;
+    QToolButton* moreButton_;  ///< the menu of what has no room
+    std::vector<Tool> tools_;  ///< the least needed first
     bool isForSearch_ = false; ///< the field; else for the filter
 };
 

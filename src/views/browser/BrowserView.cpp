@@ -146,7 +146,7 @@ void BrowserView::connectActions() {
     });
     on(actions_.sync, [this] {
         if (showSync_)
-            showSync_(toolbar_->syncButton());
+            showSync_(toolbar_->syncAnchor());
     });
     on(actions_.quickLook, [this] { entries_.preview(); });
     on(actions_.properties, [this] { entries_.showProperties(); });
@@ -295,7 +295,6 @@ void BrowserView::doubleClicked() {
 }
 
 void BrowserView::becomeLocal() {
-    toolbar_->hidePhoneCommands();
     for (QAction* action : {actions_.download, actions_.uploadFiles, actions_.uploadFolder,
                             actions_.sync, actions_.favorite, actions_.apps})
         action->setVisible(false);
