@@ -264,6 +264,57 @@
     </message>
 </context>
 <context>
+    <name>DeleteQuestion</name>
+    <message numerus="yes">
+        <source>Delete %Ln items?</source>
+        <translation>
+            <numerusform>%Ln Objekt löschen?</numerusform>
+            <numerusform>%Ln Objekte löschen?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Delete the folder “%1”?</source>
+        <translation>Den Ordner „%1“ löschen?</translation>
+    </message>
+    <message>
+        <source>Delete “%1”?</source>
+        <translation>„%1“ löschen?</translation>
+    </message>
+    <message numerus="yes">
+        <source>and %Ln more</source>
+        <translation>
+            <numerusform>und %Ln weiteres</numerusform>
+            <numerusform>und %Ln weitere</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items will be moved to the trash.</source>
+        <translation>
+            <numerusform>Es wird in den Papierkorb gelegt.</numerusform>
+            <numerusform>%Ln Objekte werden in den Papierkorb gelegt.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>They go at once, and not to the phone&apos;s album “Recently Deleted”.</source>
+        <translation>Sie verschwinden sofort und kommen nicht in das Album „Zuletzt gelöscht“ des Telefons.</translation>
+    </message>
+    <message>
+        <source>This cannot be undone.</source>
+        <translation>Das lässt sich nicht rückgängig machen.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete the folder “%1” and the %Ln items in it?</source>
+        <translation>
+            <numerusform>Den Ordner „%1“ und das Objekt darin löschen?</numerusform>
+            <numerusform>Den Ordner „%1“ und die %Ln Objekte darin löschen?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+</context>
+<context>
     <name>DisplayNames</name>
     <message>
         <source>Folder</source>
@@ -1611,6 +1662,10 @@
         <source>Search below…</source>
         <translation>Unterhalb suchen …</translation>
     </message>
+    <message>
+        <source>More Commands</source>
+        <translation>Weitere Befehle</translation>
+    </message>
 </context>
 <context>
     <name>tessary::BrowserView</name>
@@ -1780,29 +1835,6 @@
 <context>
     <name>tessary::EntryCommands</name>
     <message>
-        <source>Delete</source>
-        <translation>Löschen</translation>
-    </message>
-    <message>
-        <source>Delete selected items?</source>
-        <translation>Ausgewählte Objekte löschen?</translation>
-    </message>
-    <message>
-        <source>“%1” will be deleted from the phone.</source>
-        <translation>„%1“ wird vom Telefon gelöscht.</translation>
-    </message>
-    <message numerus="yes">
-        <source>%Ln items will be deleted from the phone.</source>
-        <translation>
-            <numerusform>%Ln Objekt wird vom Telefon gelöscht.</numerusform>
-            <numerusform>%Ln Objekte werden vom Telefon gelöscht.</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>This cannot be undone.</source>
-        <translation>Das lässt sich nicht rückgängig machen.</translation>
-    </message>
-    <message>
         <source>Open With</source>
         <translation>Öffnen mit</translation>
     </message>
@@ -1813,21 +1845,6 @@
     <message>
         <source>No program is known for this</source>
         <translation>Dafür ist kein Programm bekannt</translation>
-    </message>
-    <message>
-        <source>They go at once, and not to the phone&apos;s album “Recently Deleted”.</source>
-        <translation>Sie verschwinden sofort und kommen nicht in das Album „Zuletzt gelöscht“ des Telefons.</translation>
-    </message>
-    <message>
-        <source>“%1” will be moved to the trash.</source>
-        <translation>„%1“ wird in den Papierkorb gelegt.</translation>
-    </message>
-    <message numerus="yes">
-        <source>%Ln items will be moved to the trash.</source>
-        <translation>
-            <numerusform>%Ln Objekt wird in den Papierkorb gelegt.</numerusform>
-            <numerusform>%Ln Objekte werden in den Papierkorb gelegt.</numerusform>
-        </translation>
     </message>
     <message>
         <source>Undo</source>

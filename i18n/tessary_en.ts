@@ -29,6 +29,37 @@
     </message>
 </context>
 <context>
+    <name>DeleteQuestion</name>
+    <message numerus="yes">
+        <source>Delete %Ln items?</source>
+        <translation>
+            <numerusform>Delete %Ln item?</numerusform>
+            <numerusform>Delete %Ln items?</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>and %Ln more</source>
+        <translation>
+            <numerusform>and %Ln more</numerusform>
+            <numerusform>and %Ln more</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items will be moved to the trash.</source>
+        <translation>
+            <numerusform>It will be moved to the trash.</numerusform>
+            <numerusform>%Ln items will be moved to the trash.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete the folder “%1” and the %Ln items in it?</source>
+        <translation>
+            <numerusform>Delete the folder “%1” and the item in it?</numerusform>
+            <numerusform>Delete the folder “%1” and the %Ln items in it?</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>ProblemText</name>
     <message numerus="yes">
         <source>%1 and %Ln more</source>
@@ -104,23 +135,6 @@
         <translation>
             <numerusform>%1 of %Ln item</numerusform>
             <numerusform>%1 of %Ln items</numerusform>
-        </translation>
-    </message>
-</context>
-<context>
-    <name>tessary::EntryCommands</name>
-    <message numerus="yes">
-        <source>%Ln items will be deleted from the phone.</source>
-        <translation>
-            <numerusform>%Ln item will be deleted from the phone.</numerusform>
-            <numerusform>%Ln items will be deleted from the phone.</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>%Ln items will be moved to the trash.</source>
-        <translation>
-            <numerusform>%Ln item will be moved to the trash.</numerusform>
-            <numerusform>%Ln items will be moved to the trash.</numerusform>
         </translation>
     </message>
 </context>

@@ -264,6 +264,57 @@
     </message>
 </context>
 <context>
+    <name>DeleteQuestion</name>
+    <message numerus="yes">
+        <source>Delete %Ln items?</source>
+        <translation>
+            <numerusform>¿Eliminar %Ln elemento?</numerusform>
+            <numerusform>¿Eliminar %Ln elementos?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Delete the folder “%1”?</source>
+        <translation>¿Eliminar la carpeta «%1»?</translation>
+    </message>
+    <message>
+        <source>Delete “%1”?</source>
+        <translation>¿Eliminar «%1»?</translation>
+    </message>
+    <message numerus="yes">
+        <source>and %Ln more</source>
+        <translation>
+            <numerusform>y %Ln más</numerusform>
+            <numerusform>y %Ln más</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items will be moved to the trash.</source>
+        <translation>
+            <numerusform>Se moverá a la papelera.</numerusform>
+            <numerusform>Se moverán %Ln elementos a la papelera.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>They go at once, and not to the phone&apos;s album “Recently Deleted”.</source>
+        <translation>Desaparecen al momento y no pasan al álbum «Eliminado» del teléfono.</translation>
+    </message>
+    <message>
+        <source>This cannot be undone.</source>
+        <translation>Esto no se puede deshacer.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete the folder “%1” and the %Ln items in it?</source>
+        <translation>
+            <numerusform>¿Eliminar la carpeta «%1» y el elemento que contiene?</numerusform>
+            <numerusform>¿Eliminar la carpeta «%1» y los %Ln elementos que contiene?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Eliminar</translation>
+    </message>
+</context>
+<context>
     <name>DisplayNames</name>
     <message>
         <source>Folder</source>
@@ -1611,6 +1662,10 @@
         <source>Search below…</source>
         <translation>Buscar dentro…</translation>
     </message>
+    <message>
+        <source>More Commands</source>
+        <translation>Más comandos</translation>
+    </message>
 </context>
 <context>
     <name>tessary::BrowserView</name>
@@ -1780,29 +1835,6 @@
 <context>
     <name>tessary::EntryCommands</name>
     <message>
-        <source>Delete</source>
-        <translation>Eliminar</translation>
-    </message>
-    <message>
-        <source>Delete selected items?</source>
-        <translation>¿Eliminar los elementos seleccionados?</translation>
-    </message>
-    <message>
-        <source>“%1” will be deleted from the phone.</source>
-        <translation>«%1» se eliminará del teléfono.</translation>
-    </message>
-    <message numerus="yes">
-        <source>%Ln items will be deleted from the phone.</source>
-        <translation>
-            <numerusform>Se eliminará %Ln elemento del teléfono.</numerusform>
-            <numerusform>Se eliminarán %Ln elementos del teléfono.</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>This cannot be undone.</source>
-        <translation>Esto no se puede deshacer.</translation>
-    </message>
-    <message>
         <source>Open With</source>
         <translation>Abrir con</translation>
     </message>
@@ -1813,21 +1845,6 @@
     <message>
         <source>No program is known for this</source>
         <translation>No se conoce ningún programa para esto</translation>
-    </message>
-    <message>
-        <source>They go at once, and not to the phone&apos;s album “Recently Deleted”.</source>
-        <translation>Desaparecen al momento y no pasan al álbum «Eliminado» del teléfono.</translation>
-    </message>
-    <message>
-        <source>“%1” will be moved to the trash.</source>
-        <translation>«%1» se moverá a la papelera.</translation>
-    </message>
-    <message numerus="yes">
-        <source>%Ln items will be moved to the trash.</source>
-        <translation>
-            <numerusform>Se moverá %Ln elemento a la papelera.</numerusform>
-            <numerusform>Se moverán %Ln elementos a la papelera.</numerusform>
-        </translation>
     </message>
     <message>
         <source>Undo</source>

@@ -264,6 +264,57 @@
     </message>
 </context>
 <context>
+    <name>DeleteQuestion</name>
+    <message numerus="yes">
+        <source>Delete %Ln items?</source>
+        <translation>
+            <numerusform>Supprimer %Ln élément&#xa0;?</numerusform>
+            <numerusform>Supprimer %Ln éléments&#xa0;?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Delete the folder “%1”?</source>
+        <translation>Supprimer le dossier «&#xa0;%1&#xa0;»&#xa0;?</translation>
+    </message>
+    <message>
+        <source>Delete “%1”?</source>
+        <translation>Supprimer «&#xa0;%1&#xa0;»&#xa0;?</translation>
+    </message>
+    <message numerus="yes">
+        <source>and %Ln more</source>
+        <translation>
+            <numerusform>et %Ln autre</numerusform>
+            <numerusform>et %Ln autres</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items will be moved to the trash.</source>
+        <translation>
+            <numerusform>L’élément sera mis à la corbeille.</numerusform>
+            <numerusform>%Ln éléments seront mis à la corbeille.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>They go at once, and not to the phone&apos;s album “Recently Deleted”.</source>
+        <translation>Elles disparaissent immédiatement, sans passer par l’album «&#xa0;Supprimés récemment&#xa0;» du téléphone.</translation>
+    </message>
+    <message>
+        <source>This cannot be undone.</source>
+        <translation>Cette action est irréversible.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete the folder “%1” and the %Ln items in it?</source>
+        <translation>
+            <numerusform>Supprimer le dossier «&#xa0;%1&#xa0;» et l’élément qu’il contient&#xa0;?</numerusform>
+            <numerusform>Supprimer le dossier «&#xa0;%1&#xa0;» et les %Ln éléments qu’il contient&#xa0;?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Supprimer</translation>
+    </message>
+</context>
+<context>
     <name>DisplayNames</name>
     <message>
         <source>Folder</source>
@@ -1302,7 +1353,7 @@
     </message>
     <message>
         <source>To release the phone, these programs are ended: %1</source>
-        <translation>Pour libérer le téléphone, ces programmes sont arrêtés : %1</translation>
+        <translation>Pour libérer le téléphone, ces programmes sont arrêtés&#xa0;: %1</translation>
     </message>
     <message>
         <source>What they are copying breaks off, and the folders of phones that they show close. Changes to files on a phone that are not saved yet may be lost.</source>
@@ -1611,6 +1662,10 @@
         <source>Search below…</source>
         <translation>Rechercher ici…</translation>
     </message>
+    <message>
+        <source>More Commands</source>
+        <translation>Autres commandes</translation>
+    </message>
 </context>
 <context>
     <name>tessary::BrowserView</name>
@@ -1780,29 +1835,6 @@
 <context>
     <name>tessary::EntryCommands</name>
     <message>
-        <source>Delete</source>
-        <translation>Supprimer</translation>
-    </message>
-    <message>
-        <source>Delete selected items?</source>
-        <translation>Supprimer les éléments sélectionnés&#xa0;?</translation>
-    </message>
-    <message>
-        <source>“%1” will be deleted from the phone.</source>
-        <translation>«&#xa0;%1&#xa0;» sera supprimé du téléphone.</translation>
-    </message>
-    <message numerus="yes">
-        <source>%Ln items will be deleted from the phone.</source>
-        <translation>
-            <numerusform>%Ln élément sera supprimé du téléphone.</numerusform>
-            <numerusform>%Ln éléments seront supprimés du téléphone.</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>This cannot be undone.</source>
-        <translation>Cette action est irréversible.</translation>
-    </message>
-    <message>
         <source>Open With</source>
         <translation>Ouvrir avec</translation>
     </message>
@@ -1813,21 +1845,6 @@
     <message>
         <source>No program is known for this</source>
         <translation>Aucun programme connu pour cela</translation>
-    </message>
-    <message>
-        <source>They go at once, and not to the phone&apos;s album “Recently Deleted”.</source>
-        <translation>Elles disparaissent immédiatement, sans passer par l’album «&#xa0;Supprimés récemment&#xa0;» du téléphone.</translation>
-    </message>
-    <message>
-        <source>“%1” will be moved to the trash.</source>
-        <translation>«&#xa0;%1&#xa0;» sera mis à la corbeille.</translation>
-    </message>
-    <message numerus="yes">
-        <source>%Ln items will be moved to the trash.</source>
-        <translation>
-            <numerusform>%Ln élément sera mis à la corbeille.</numerusform>
-            <numerusform>%Ln éléments seront mis à la corbeille.</numerusform>
-        </translation>
     </message>
     <message>
         <source>Undo</source>

@@ -264,6 +264,57 @@
     </message>
 </context>
 <context>
+    <name>DeleteQuestion</name>
+    <message numerus="yes">
+        <source>Delete %Ln items?</source>
+        <translation>
+            <numerusform>Eliminare %Ln elemento?</numerusform>
+            <numerusform>Eliminare %Ln elementi?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Delete the folder “%1”?</source>
+        <translation>Eliminare la cartella «%1»?</translation>
+    </message>
+    <message>
+        <source>Delete “%1”?</source>
+        <translation>Eliminare «%1»?</translation>
+    </message>
+    <message numerus="yes">
+        <source>and %Ln more</source>
+        <translation>
+            <numerusform>e un altro</numerusform>
+            <numerusform>e altri %Ln</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items will be moved to the trash.</source>
+        <translation>
+            <numerusform>Verrà spostato nel cestino.</numerusform>
+            <numerusform>%Ln elementi verranno spostati nel cestino.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>They go at once, and not to the phone&apos;s album “Recently Deleted”.</source>
+        <translation>Spariscono subito e non finiscono nell’album «Eliminati di recente» del telefono.</translation>
+    </message>
+    <message>
+        <source>This cannot be undone.</source>
+        <translation>L’operazione non può essere annullata.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete the folder “%1” and the %Ln items in it?</source>
+        <translation>
+            <numerusform>Eliminare la cartella «%1» e l’elemento che contiene?</numerusform>
+            <numerusform>Eliminare la cartella «%1» e i %Ln elementi che contiene?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Elimina</translation>
+    </message>
+</context>
+<context>
     <name>DisplayNames</name>
     <message>
         <source>Folder</source>
@@ -1611,6 +1662,10 @@
         <source>Search below…</source>
         <translation>Cerca qui…</translation>
     </message>
+    <message>
+        <source>More Commands</source>
+        <translation>Altri comandi</translation>
+    </message>
 </context>
 <context>
     <name>tessary::BrowserView</name>
@@ -1780,29 +1835,6 @@
 <context>
     <name>tessary::EntryCommands</name>
     <message>
-        <source>Delete</source>
-        <translation>Elimina</translation>
-    </message>
-    <message>
-        <source>Delete selected items?</source>
-        <translation>Eliminare gli elementi selezionati?</translation>
-    </message>
-    <message>
-        <source>“%1” will be deleted from the phone.</source>
-        <translation>«%1» verrà eliminato dal telefono.</translation>
-    </message>
-    <message numerus="yes">
-        <source>%Ln items will be deleted from the phone.</source>
-        <translation>
-            <numerusform>%Ln elemento verrà eliminato dal telefono.</numerusform>
-            <numerusform>%Ln elementi verranno eliminati dal telefono.</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>This cannot be undone.</source>
-        <translation>L’operazione non può essere annullata.</translation>
-    </message>
-    <message>
         <source>Open With</source>
         <translation>Apri con</translation>
     </message>
@@ -1813,21 +1845,6 @@
     <message>
         <source>No program is known for this</source>
         <translation>Nessun programma noto per questo</translation>
-    </message>
-    <message>
-        <source>They go at once, and not to the phone&apos;s album “Recently Deleted”.</source>
-        <translation>Spariscono subito e non finiscono nell’album «Eliminati di recente» del telefono.</translation>
-    </message>
-    <message>
-        <source>“%1” will be moved to the trash.</source>
-        <translation>«%1» verrà spostato nel cestino.</translation>
-    </message>
-    <message numerus="yes">
-        <source>%Ln items will be moved to the trash.</source>
-        <translation>
-            <numerusform>%Ln elemento verrà spostato nel cestino.</numerusform>
-            <numerusform>%Ln elementi verranno spostati nel cestino.</numerusform>
-        </translation>
     </message>
     <message>
         <source>Undo</source>

@@ -261,6 +261,53 @@
     </message>
 </context>
 <context>
+    <name>DeleteQuestion</name>
+    <message numerus="yes">
+        <source>Delete %Ln items?</source>
+        <translation>
+            <numerusform>%Ln 項目を削除しますか？</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Delete the folder “%1”?</source>
+        <translation>フォルダ「%1」を削除しますか？</translation>
+    </message>
+    <message>
+        <source>Delete “%1”?</source>
+        <translation>「%1」を削除しますか？</translation>
+    </message>
+    <message numerus="yes">
+        <source>and %Ln more</source>
+        <translation>
+            <numerusform>ほか %Ln 項目</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items will be moved to the trash.</source>
+        <translation>
+            <numerusform>%Ln 項目がゴミ箱に移動されます。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>They go at once, and not to the phone&apos;s album “Recently Deleted”.</source>
+        <translation>すぐに消え、デバイスのアルバム「最近削除した項目」には入りません。</translation>
+    </message>
+    <message>
+        <source>This cannot be undone.</source>
+        <translation>この操作は取り消せません。</translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete the folder “%1” and the %Ln items in it?</source>
+        <translation>
+            <numerusform>フォルダ「%1」とその中の %Ln 項目を削除しますか？</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>削除</translation>
+    </message>
+</context>
+<context>
     <name>DisplayNames</name>
     <message>
         <source>Folder</source>
@@ -1601,6 +1648,10 @@
         <source>Search below…</source>
         <translation>フォルダ以下を検索…</translation>
     </message>
+    <message>
+        <source>More Commands</source>
+        <translation>その他のコマンド</translation>
+    </message>
 </context>
 <context>
     <name>tessary::BrowserView</name>
@@ -1767,28 +1818,6 @@
 <context>
     <name>tessary::EntryCommands</name>
     <message>
-        <source>Delete</source>
-        <translation>削除</translation>
-    </message>
-    <message>
-        <source>Delete selected items?</source>
-        <translation>選択した項目を削除しますか？</translation>
-    </message>
-    <message>
-        <source>“%1” will be deleted from the phone.</source>
-        <translation>「%1」はデバイスから削除されます。</translation>
-    </message>
-    <message numerus="yes">
-        <source>%Ln items will be deleted from the phone.</source>
-        <translation>
-            <numerusform>%Ln 項目がデバイスから削除されます。</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>This cannot be undone.</source>
-        <translation>この操作は取り消せません。</translation>
-    </message>
-    <message>
         <source>Open With</source>
         <translation>アプリケーションで開く</translation>
     </message>
@@ -1799,20 +1828,6 @@
     <message>
         <source>No program is known for this</source>
         <translation>開けるアプリケーションがありません</translation>
-    </message>
-    <message>
-        <source>They go at once, and not to the phone&apos;s album “Recently Deleted”.</source>
-        <translation>すぐに消え、デバイスのアルバム「最近削除した項目」には入りません。</translation>
-    </message>
-    <message>
-        <source>“%1” will be moved to the trash.</source>
-        <translation>「%1」はゴミ箱に移動されます。</translation>
-    </message>
-    <message numerus="yes">
-        <source>%Ln items will be moved to the trash.</source>
-        <translation>
-            <numerusform>%Ln 項目がゴミ箱に移動されます。</numerusform>
-        </translation>
     </message>
     <message>
         <source>Undo</source>

@@ -261,6 +261,53 @@
     </message>
 </context>
 <context>
+    <name>DeleteQuestion</name>
+    <message numerus="yes">
+        <source>Delete %Ln items?</source>
+        <translation>
+            <numerusform>항목 %Ln개를 삭제하시겠습니까?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Delete the folder “%1”?</source>
+        <translation>폴더 “%1”을(를) 삭제하시겠습니까?</translation>
+    </message>
+    <message>
+        <source>Delete “%1”?</source>
+        <translation>“%1”을(를) 삭제하시겠습니까?</translation>
+    </message>
+    <message numerus="yes">
+        <source>and %Ln more</source>
+        <translation>
+            <numerusform>외 %Ln개</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items will be moved to the trash.</source>
+        <translation>
+            <numerusform>항목 %Ln개가 휴지통으로 이동됩니다.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>They go at once, and not to the phone&apos;s album “Recently Deleted”.</source>
+        <translation>즉시 사라지며 휴대폰의 “최근 삭제된 항목” 앨범으로 가지 않습니다.</translation>
+    </message>
+    <message>
+        <source>This cannot be undone.</source>
+        <translation>이 작업은 취소할 수 없습니다.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete the folder “%1” and the %Ln items in it?</source>
+        <translation>
+            <numerusform>폴더 “%1”과(와) 그 안의 항목 %Ln개를 삭제하시겠습니까?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>삭제</translation>
+    </message>
+</context>
+<context>
     <name>DisplayNames</name>
     <message>
         <source>Folder</source>
@@ -1601,6 +1648,10 @@
         <source>Search below…</source>
         <translation>아래에서 검색…</translation>
     </message>
+    <message>
+        <source>More Commands</source>
+        <translation>기타 명령</translation>
+    </message>
 </context>
 <context>
     <name>tessary::BrowserView</name>
@@ -1767,28 +1818,6 @@
 <context>
     <name>tessary::EntryCommands</name>
     <message>
-        <source>Delete</source>
-        <translation>삭제</translation>
-    </message>
-    <message>
-        <source>Delete selected items?</source>
-        <translation>선택한 항목을 삭제할까요?</translation>
-    </message>
-    <message>
-        <source>“%1” will be deleted from the phone.</source>
-        <translation>“%1”이(가) 휴대폰에서 삭제됩니다.</translation>
-    </message>
-    <message numerus="yes">
-        <source>%Ln items will be deleted from the phone.</source>
-        <translation>
-            <numerusform>항목 %Ln개가 휴대폰에서 삭제됩니다.</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>This cannot be undone.</source>
-        <translation>이 작업은 취소할 수 없습니다.</translation>
-    </message>
-    <message>
         <source>Open With</source>
         <translation>다른 프로그램으로 열기</translation>
     </message>
@@ -1799,20 +1828,6 @@
     <message>
         <source>No program is known for this</source>
         <translation>이 항목을 여는 프로그램이 없음</translation>
-    </message>
-    <message>
-        <source>They go at once, and not to the phone&apos;s album “Recently Deleted”.</source>
-        <translation>즉시 사라지며 휴대폰의 “최근 삭제된 항목” 앨범으로 가지 않습니다.</translation>
-    </message>
-    <message>
-        <source>“%1” will be moved to the trash.</source>
-        <translation>“%1”이(가) 휴지통으로 이동됩니다.</translation>
-    </message>
-    <message numerus="yes">
-        <source>%Ln items will be moved to the trash.</source>
-        <translation>
-            <numerusform>항목 %Ln개가 휴지통으로 이동됩니다.</numerusform>
-        </translation>
     </message>
     <message>
         <source>Undo</source>

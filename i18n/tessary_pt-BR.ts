@@ -264,6 +264,57 @@
     </message>
 </context>
 <context>
+    <name>DeleteQuestion</name>
+    <message numerus="yes">
+        <source>Delete %Ln items?</source>
+        <translation>
+            <numerusform>Apagar %Ln item?</numerusform>
+            <numerusform>Apagar %Ln itens?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Delete the folder “%1”?</source>
+        <translation>Apagar a pasta “%1”?</translation>
+    </message>
+    <message>
+        <source>Delete “%1”?</source>
+        <translation>Apagar “%1”?</translation>
+    </message>
+    <message numerus="yes">
+        <source>and %Ln more</source>
+        <translation>
+            <numerusform>e mais %Ln</numerusform>
+            <numerusform>e mais %Ln</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items will be moved to the trash.</source>
+        <translation>
+            <numerusform>O item será movido para a lixeira.</numerusform>
+            <numerusform>%Ln itens serão movidos para a lixeira.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>They go at once, and not to the phone&apos;s album “Recently Deleted”.</source>
+        <translation>Eles somem na hora e não vão para o álbum “Apagados” do telefone.</translation>
+    </message>
+    <message>
+        <source>This cannot be undone.</source>
+        <translation>Isso não pode ser desfeito.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete the folder “%1” and the %Ln items in it?</source>
+        <translation>
+            <numerusform>Apagar a pasta “%1” e o item que ela contém?</numerusform>
+            <numerusform>Apagar a pasta “%1” e os %Ln itens que ela contém?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Apagar</translation>
+    </message>
+</context>
+<context>
     <name>DisplayNames</name>
     <message>
         <source>Folder</source>
@@ -1611,6 +1662,10 @@
         <source>Search below…</source>
         <translation>Procurar dentro…</translation>
     </message>
+    <message>
+        <source>More Commands</source>
+        <translation>Mais comandos</translation>
+    </message>
 </context>
 <context>
     <name>tessary::BrowserView</name>
@@ -1780,29 +1835,6 @@
 <context>
     <name>tessary::EntryCommands</name>
     <message>
-        <source>Delete</source>
-        <translation>Apagar</translation>
-    </message>
-    <message>
-        <source>Delete selected items?</source>
-        <translation>Apagar os itens selecionados?</translation>
-    </message>
-    <message>
-        <source>“%1” will be deleted from the phone.</source>
-        <translation>“%1” será apagado do telefone.</translation>
-    </message>
-    <message numerus="yes">
-        <source>%Ln items will be deleted from the phone.</source>
-        <translation>
-            <numerusform>%Ln item será apagado do telefone.</numerusform>
-            <numerusform>%Ln itens serão apagados do telefone.</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>This cannot be undone.</source>
-        <translation>Isso não pode ser desfeito.</translation>
-    </message>
-    <message>
         <source>Open With</source>
         <translation>Abrir com</translation>
     </message>
@@ -1813,21 +1845,6 @@
     <message>
         <source>No program is known for this</source>
         <translation>Nenhum programa conhecido para isto</translation>
-    </message>
-    <message>
-        <source>They go at once, and not to the phone&apos;s album “Recently Deleted”.</source>
-        <translation>Eles somem na hora e não vão para o álbum “Apagados” do telefone.</translation>
-    </message>
-    <message>
-        <source>“%1” will be moved to the trash.</source>
-        <translation>“%1” será movido para a lixeira.</translation>
-    </message>
-    <message numerus="yes">
-        <source>%Ln items will be moved to the trash.</source>
-        <translation>
-            <numerusform>%Ln item será movido para a lixeira.</numerusform>
-            <numerusform>%Ln itens serão movidos para a lixeira.</numerusform>
-        </translation>
     </message>
     <message>
         <source>Undo</source>

@@ -261,6 +261,53 @@
     </message>
 </context>
 <context>
+    <name>DeleteQuestion</name>
+    <message numerus="yes">
+        <source>Delete %Ln items?</source>
+        <translation>
+            <numerusform>要删除 %Ln 个项目吗？</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Delete the folder “%1”?</source>
+        <translation>要删除文件夹“%1”吗？</translation>
+    </message>
+    <message>
+        <source>Delete “%1”?</source>
+        <translation>要删除“%1”吗？</translation>
+    </message>
+    <message numerus="yes">
+        <source>and %Ln more</source>
+        <translation>
+            <numerusform>以及另外 %Ln 项</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items will be moved to the trash.</source>
+        <translation>
+            <numerusform>将把 %Ln 个项目移到回收站。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>They go at once, and not to the phone&apos;s album “Recently Deleted”.</source>
+        <translation>它们会立即消失，不会进入手机的“最近删除”相簿。</translation>
+    </message>
+    <message>
+        <source>This cannot be undone.</source>
+        <translation>此操作无法撤销。</translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete the folder “%1” and the %Ln items in it?</source>
+        <translation>
+            <numerusform>要删除文件夹“%1”及其中的 %Ln 个项目吗？</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>删除</translation>
+    </message>
+</context>
+<context>
     <name>DisplayNames</name>
     <message>
         <source>Folder</source>
@@ -1601,6 +1648,10 @@
         <source>Search below…</source>
         <translation>向下搜索…</translation>
     </message>
+    <message>
+        <source>More Commands</source>
+        <translation>更多命令</translation>
+    </message>
 </context>
 <context>
     <name>tessary::BrowserView</name>
@@ -1767,28 +1818,6 @@
 <context>
     <name>tessary::EntryCommands</name>
     <message>
-        <source>Delete</source>
-        <translation>删除</translation>
-    </message>
-    <message>
-        <source>Delete selected items?</source>
-        <translation>要删除所选项目吗？</translation>
-    </message>
-    <message>
-        <source>“%1” will be deleted from the phone.</source>
-        <translation>将从手机中删除“%1”。</translation>
-    </message>
-    <message numerus="yes">
-        <source>%Ln items will be deleted from the phone.</source>
-        <translation>
-            <numerusform>将从手机中删除 %Ln 个项目。</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>This cannot be undone.</source>
-        <translation>此操作无法撤销。</translation>
-    </message>
-    <message>
         <source>Open With</source>
         <translation>打开方式</translation>
     </message>
@@ -1799,20 +1828,6 @@
     <message>
         <source>No program is known for this</source>
         <translation>没有已知的程序可以打开它</translation>
-    </message>
-    <message>
-        <source>They go at once, and not to the phone&apos;s album “Recently Deleted”.</source>
-        <translation>它们会立即消失，不会进入手机的“最近删除”相簿。</translation>
-    </message>
-    <message>
-        <source>“%1” will be moved to the trash.</source>
-        <translation>将把“%1”移到回收站。</translation>
-    </message>
-    <message numerus="yes">
-        <source>%Ln items will be moved to the trash.</source>
-        <translation>
-            <numerusform>将把 %Ln 个项目移到回收站。</numerusform>
-        </translation>
     </message>
     <message>
         <source>Undo</source>

@@ -261,6 +261,53 @@
     </message>
 </context>
 <context>
+    <name>DeleteQuestion</name>
+    <message numerus="yes">
+        <source>Delete %Ln items?</source>
+        <translation>
+            <numerusform>要刪除 %Ln 個項目嗎？</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Delete the folder “%1”?</source>
+        <translation>要刪除資料夾「%1」嗎？</translation>
+    </message>
+    <message>
+        <source>Delete “%1”?</source>
+        <translation>要刪除「%1」嗎？</translation>
+    </message>
+    <message numerus="yes">
+        <source>and %Ln more</source>
+        <translation>
+            <numerusform>以及另外 %Ln 項</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln items will be moved to the trash.</source>
+        <translation>
+            <numerusform>將把 %Ln 個項目移到垃圾桶。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>They go at once, and not to the phone&apos;s album “Recently Deleted”.</source>
+        <translation>它們會立即消失，不會進入手機的「最近刪除」相簿。</translation>
+    </message>
+    <message>
+        <source>This cannot be undone.</source>
+        <translation>此動作無法還原。</translation>
+    </message>
+    <message numerus="yes">
+        <source>Delete the folder “%1” and the %Ln items in it?</source>
+        <translation>
+            <numerusform>要刪除資料夾「%1」及其中的 %Ln 個項目嗎？</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>刪除</translation>
+    </message>
+</context>
+<context>
     <name>DisplayNames</name>
     <message>
         <source>Folder</source>
@@ -1601,6 +1648,10 @@
         <source>Search below…</source>
         <translation>向下搜尋…</translation>
     </message>
+    <message>
+        <source>More Commands</source>
+        <translation>更多指令</translation>
+    </message>
 </context>
 <context>
     <name>tessary::BrowserView</name>
@@ -1767,28 +1818,6 @@
 <context>
     <name>tessary::EntryCommands</name>
     <message>
-        <source>Delete</source>
-        <translation>刪除</translation>
-    </message>
-    <message>
-        <source>Delete selected items?</source>
-        <translation>要刪除所選項目嗎？</translation>
-    </message>
-    <message>
-        <source>“%1” will be deleted from the phone.</source>
-        <translation>將從手機中刪除「%1」。</translation>
-    </message>
-    <message numerus="yes">
-        <source>%Ln items will be deleted from the phone.</source>
-        <translation>
-            <numerusform>將從手機中刪除 %Ln 個項目。</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>This cannot be undone.</source>
-        <translation>此動作無法還原。</translation>
-    </message>
-    <message>
         <source>Open With</source>
         <translation>開啟方式</translation>
     </message>
@@ -1799,20 +1828,6 @@
     <message>
         <source>No program is known for this</source>
         <translation>沒有已知的程式可以開啟它</translation>
-    </message>
-    <message>
-        <source>They go at once, and not to the phone&apos;s album “Recently Deleted”.</source>
-        <translation>它們會立即消失，不會進入手機的「最近刪除」相簿。</translation>
-    </message>
-    <message>
-        <source>“%1” will be moved to the trash.</source>
-        <translation>將把「%1」移到垃圾桶。</translation>
-    </message>
-    <message numerus="yes">
-        <source>%Ln items will be moved to the trash.</source>
-        <translation>
-            <numerusform>將把 %Ln 個項目移到垃圾桶。</numerusform>
-        </translation>
     </message>
     <message>
         <source>Undo</source>

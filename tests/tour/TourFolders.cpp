@@ -124,13 +124,19 @@ void tourEdits(TourStage& stage) {
     }
 
     // The question is a dialog that runs its own loop: the picture is taken from within it.
-    QTimer::singleShot(TourStage::settleTime, &window, [&] {
-        if (QWidget* question = QApplication::activeModalWidget()) {
-            stage.shoot(QStringLiteral("delete-question"));
-            question->close();
-        }
-    });
-    window.browserView().actions().remove->trigger();
+    for (const QStringList& names :
+         {QStringList{QStringLiteral("Household")},
+          QStringList{QStringLiteral("Recipes"), QStringLiteral("Travel"),
+                      QStringLiteral("Shopping.txt")}}) {
+        stage.selectNamed(names);
+        QTimer::singleShot(TourStage::settleTime, &window, [&] {
+            if (QWidget* question = QApplication::activeModalWidget()) {
+                stage.shoot(QStringLiteral("delete-question"));
+                question->close();
+            }
+        });
+        window.browserView().actions().remove->trigger();
+    }
 }
 
 } // namespace tessary

@@ -100,7 +100,7 @@ TEST_F(PanesTest, filesOfThisComputerGoToItsTrash) {
     press(Qt::Key_Delete);
     EXPECT_TRUE(wait([this] { return !local_.has(u"here/local.txt"_s); }));
     EXPECT_EQ(local_.read(u"data/Trash/files/local.txt"_s), "local");
-    EXPECT_EQ(said, u"“local.txt” will be moved to the trash."_s);
+    EXPECT_EQ(said, u"It will be moved to the trash."_s);
     EXPECT_TRUE(wait([this] { return !isHere(u"local.txt"_s); }));
     qunsetenv("XDG_DATA_HOME");
 }

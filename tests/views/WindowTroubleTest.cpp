@@ -30,6 +30,27 @@ TEST_F(WindowTroubleTest, phoneMayGoUnderAnOpenQuestion) {
     EXPECT_EQ(phone_.content(u"DCIM/alpha.txt"_s), "a");
 }
 
+TEST_F(WindowTroubleTest, theQuestionBeforeDeletingNamesWhatGoes) {
+    const std::tuple<QStringList, QString, QString> rows[] = {
+        // selected, asked, below it
+        {{u"readme.md"_s}, u"Delete “readme.md”?"_s, u"This cannot be undone."_s},
+        {{u"DCIM"_s}, u"Delete the folder “DCIM” and the 4 items in it?"_s, u"undone"_s},
+        {{u"DCIM"_s, u"readme.md"_s}, u"Delete 2 items?"_s, u"DCIM\nreadme.md\n"_s},
+    };
+    for (const auto& [names, asked, below] : rows) {
+        click(names.first());
+        if (names.size() > 1)
+            click(names.last(), Qt::ControlModifier);
+        bool isSaid = false;
+        whileAsked(u"Cancel"_s, [&] {
+            isSaid = wait([&] { return question()->text() == asked; }) &&
+                     question()->informativeText().contains(below);
+        });
+        press(Qt::Key_Delete);
+        EXPECT_TRUE(isSaid) << asked.toStdString();
+    }
+}
+
 /// Paths tell the entries of one folder apart, not those of two phones.
 TEST_F(WindowTroubleTest, answersCountOnlyForThePhoneThatWasAskedAbout) {
     PluggedPhone second(bus_, phoneConfig("SECOND", "1-7"));

@@ -6,7 +6,7 @@
 #include "browser/model/FileListModel.h"
 #include "views/browser/BrowserActions.h"
 #include "views/browser/ShownFolder.h"
-#include "views/common/PlainText.h"
+#include "views/dialogs/DeleteQuestion.h"
 #include "views/dialogs/PreviewWindow.h"
 #include "views/dialogs/PropertiesDialog.h"
 #include "views/listing/DragOut.h"
@@ -16,8 +16,6 @@
 #include <QDesktopServices>
 #include <QGuiApplication>
 #include <QMenu>
-#include <QMessageBox>
-#include <QPushButton>
 #include <QUrl>
 
 #include <algorithm>
@@ -187,32 +185,14 @@ void EntryCommands::remove() {
     const auto selected = browser_.selection().entries();
     if (selected.empty())
         return;
-    QMessageBox question(QMessageBox::Warning, tr("Delete"), tr("Delete selected items?"),
-                         QMessageBox::NoButton, &parent_);
-    const bool isOne = selected.size() == 1;
-    const int count = static_cast<int>(selected.size());
-    QString what;
+    DeletedGo where = browser_.isMedia() ? DeletedGo::pastTheBin : DeletedGo::away;
     if (browser_.isLocal())
-        what = isOne ? tr("“%1” will be moved to the trash.")
-                     : tr("%Ln items will be moved to the trash.", nullptr, count);
-    else
-        what = isOne ? tr("“%1” will be deleted from the phone.")
-                     : tr("%Ln items will be deleted from the phone.", nullptr, count);
-    QStringList sentences{isOne ? what.arg(printable(selected.front().name)) : what};
-    if (browser_.isMedia())
-        sentences << tr("They go at once, and not to the phone's album “Recently Deleted”.");
-    if (!browser_.isLocal())
-        sentences << tr("This cannot be undone.");
-    question.setInformativeText(sentences.join(QLatin1Char(' ')));
-    QAbstractButton* remove = question.addButton(tr("Delete"), QMessageBox::DestructiveRole);
-    question.setDefaultButton(question.addButton(QMessageBox::Cancel));
-    makePlain(question);
+        where = DeletedGo::intoTheTrash;
     QStringList ids;
     for (const FileItem& item : selected)
         ids.append(item.id());
     const ShownFolder asked(browser_);
-    question.exec();
-    if (question.clickedButton() == remove && asked.isStillShown())
+    if (askToDelete(parent_, browser_.files(), selected, where) && asked.isStillShown())
         browser_.deleteItems(ids);
 }
 
