@@ -1148,6 +1148,14 @@
         <source>Delete something on that disk. Files lie there while they are on their way.</source>
         <translation>Löschen Sie etwas auf diesem Datenträger. Dateien liegen dort, solange sie unterwegs sind.</translation>
     </message>
+    <message>
+        <source>The copy of “%1” was not equal to its original. It was removed again.</source>
+        <translation>Die Kopie von „%1“ glich ihrem Original nicht. Sie wurde wieder entfernt.</translation>
+    </message>
+    <message>
+        <source>the copy was not equal to its original</source>
+        <translation>die Kopie glich ihrem Original nicht</translation>
+    </message>
 </context>
 <context>
     <name>MainMenu</name>

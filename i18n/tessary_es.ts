@@ -1148,6 +1148,14 @@
         <source>Delete something on that disk. Files lie there while they are on their way.</source>
         <translation>Elimina algo de ese disco. Los archivos están ahí mientras van de camino.</translation>
     </message>
+    <message>
+        <source>The copy of “%1” was not equal to its original. It was removed again.</source>
+        <translation>La copia de «%1» no era igual a su original. Se ha quitado.</translation>
+    </message>
+    <message>
+        <source>the copy was not equal to its original</source>
+        <translation>la copia no era igual a su original</translation>
+    </message>
 </context>
 <context>
     <name>MainMenu</name>

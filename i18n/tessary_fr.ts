@@ -1148,6 +1148,14 @@
         <source>The next sync cannot tell what was deleted since: it copies such files back.</source>
         <translation>La prochaine synchronisation ne saura pas ce qui a été supprimé depuis&#xa0;: elle recopiera ces fichiers.</translation>
     </message>
+    <message>
+        <source>The copy of “%1” was not equal to its original. It was removed again.</source>
+        <translation>La copie de «&#xa0;%1&#xa0;» n’était pas identique à son original. Elle a été retirée.</translation>
+    </message>
+    <message>
+        <source>the copy was not equal to its original</source>
+        <translation>la copie n’était pas identique à son original</translation>
+    </message>
 </context>
 <context>
     <name>MainMenu</name>

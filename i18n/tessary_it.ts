@@ -1148,6 +1148,14 @@
         <source>Delete something on that disk. Files lie there while they are on their way.</source>
         <translation>Elimina qualcosa da quel disco. I file restano lì durante il trasferimento.</translation>
     </message>
+    <message>
+        <source>The copy of “%1” was not equal to its original. It was removed again.</source>
+        <translation>La copia di «%1» non era uguale all’originale. È stata rimossa.</translation>
+    </message>
+    <message>
+        <source>the copy was not equal to its original</source>
+        <translation>la copia non era uguale all’originale</translation>
+    </message>
 </context>
 <context>
     <name>MainMenu</name>

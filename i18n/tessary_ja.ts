@@ -1141,6 +1141,14 @@
         <source>Delete something on that disk. Files lie there while they are on their way.</source>
         <translation>そのディスクで何かを削除してください。転送中のファイルはそこに置かれます。</translation>
     </message>
+    <message>
+        <source>The copy of “%1” was not equal to its original. It was removed again.</source>
+        <translation>「%1」のコピーは元のファイルと一致しなかったため、取り除かれました。</translation>
+    </message>
+    <message>
+        <source>the copy was not equal to its original</source>
+        <translation>コピーが元のファイルと一致しませんでした</translation>
+    </message>
 </context>
 <context>
     <name>MainMenu</name>

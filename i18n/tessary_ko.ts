@@ -1141,6 +1141,14 @@
         <source>Delete something on that disk. Files lie there while they are on their way.</source>
         <translation>그 디스크에서 일부를 삭제하세요. 전송 중인 파일이 그곳에 놓입니다.</translation>
     </message>
+    <message>
+        <source>The copy of “%1” was not equal to its original. It was removed again.</source>
+        <translation>“%1”의 복사본이 원본과 같지 않아 제거되었습니다.</translation>
+    </message>
+    <message>
+        <source>the copy was not equal to its original</source>
+        <translation>복사본이 원본과 같지 않습니다</translation>
+    </message>
 </context>
 <context>
     <name>MainMenu</name>

@@ -1148,6 +1148,14 @@
         <source>Delete something on that disk. Files lie there while they are on their way.</source>
         <translation>Apague algo nesse disco. Os arquivos ficam nele enquanto são transferidos.</translation>
     </message>
+    <message>
+        <source>The copy of “%1” was not equal to its original. It was removed again.</source>
+        <translation>A cópia de “%1” não era igual ao original. Ela foi removida.</translation>
+    </message>
+    <message>
+        <source>the copy was not equal to its original</source>
+        <translation>a cópia não era igual ao original</translation>
+    </message>
 </context>
 <context>
     <name>MainMenu</name>

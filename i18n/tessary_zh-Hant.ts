@@ -1141,6 +1141,14 @@
         <source>Delete something on that disk. Files lie there while they are on their way.</source>
         <translation>請刪除該磁碟上的部分內容。傳輸中的檔案會暫存在那裡。</translation>
     </message>
+    <message>
+        <source>The copy of “%1” was not equal to its original. It was removed again.</source>
+        <translation>「%1」的副本與原件不一致，已被移除。</translation>
+    </message>
+    <message>
+        <source>the copy was not equal to its original</source>
+        <translation>副本與原件不一致</translation>
+    </message>
 </context>
 <context>
     <name>MainMenu</name>

@@ -42,6 +42,10 @@ public:
     [[nodiscard]] virtual std::size_t roomFor(std::uint64_t /*at*/, std::size_t bytes) {
         return bytes;
     }
+    /// Asked of each piece of a file's content on its way, either direction; true changes a byte.
+    [[nodiscard]] virtual bool garbles() {
+        return false;
+    }
     /// Added to each size that the phone tells.
     [[nodiscard]] virtual std::int64_t sizeLie() {
         return 0;

@@ -1,6 +1,7 @@
 #include "simulator/adbd/ADBDSync.h"
 
 #include "base/values/LittleEndian.h"
+#include "simulator/wire/Garbling.h"
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -272,6 +273,8 @@ void ADBDSync::appendContent(std::size_t most) {
             fail("read failed");
             break;
         }
+        if (got > 0 && state_.hooks->garbles())
+            garble(std::span(out_).subspan(at + recordHeader));
         Bytes header;
         appendWord(header, got == 0 ? done : data);
         appendLittleEndian(header, low32(got));
@@ -317,6 +320,9 @@ void ADBDSync::takePushRecord(ByteView bytes) {
 
 void ADBDSync::writePushed(ByteView bytes) {
     slowDown(bytes.size());
+    Bytes garbled;
+    if (state_.hooks->garbles())
+        bytes = garbledCopy(bytes, garbled);
     while (pushed_.isOpen() && !bytes.empty()) {
         const std::size_t room = state_.hooks->roomFor(pushedBytes_, bytes.size());
         const ssize_t count = ::write(pushed_.get(), bytes.data(), room);

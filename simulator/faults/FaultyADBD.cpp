@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include <utility>
+
 namespace tessary {
 
 class FaultyADBD::Hooks final : public ADBDHooks {
@@ -53,6 +55,9 @@ public:
     }
     std::vector<QByteArray> extraNames() override {
         return faults.update([](const ADBDFaults& now) { return now.extraNames; });
+    }
+    bool garbles() override {
+        return faults.update([](ADBDFaults& now) { return std::exchange(now.garblesNext, false); });
     }
     double megabytesPerSecond() override {
         return faults.update([](const ADBDFaults& now) { return now.megabytesPerSecond; });

@@ -18,6 +18,7 @@ struct ADBDFaults {
     std::optional<std::uint64_t> storeFullAfter;
     /// Added to each size that the phone tells.
     std::int64_t sizeLie = 0;
+    bool garblesNext = false;      ///< changes a byte of the next content that moves, either way
     double megabytesPerSecond = 0; ///< of 10^6 bytes, for contents of files; 0 for no limit
     /// Names that sync listings hold besides the true ones, and that can be pulled.
     std::vector<QByteArray> extraNames;

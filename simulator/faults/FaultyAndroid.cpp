@@ -4,6 +4,8 @@
 
 #include <atomic>
 
+#include <utility>
+
 namespace tessary {
 
 class FaultyAndroid::Hooks final : public MTPResponderHooks {
@@ -46,6 +48,10 @@ public:
         });
     }
 
+    bool garbles() override {
+        return faults.update(
+            [](VirtualFaults& now) { return std::exchange(now.garblesNext, false); });
+    }
     double megabytesPerSecond() override {
         return faults.update([](const VirtualFaults& now) { return now.megabytesPerSecond; });
     }

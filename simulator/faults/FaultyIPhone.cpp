@@ -1,5 +1,7 @@
 #include "simulator/faults/FaultyIPhone.h"
 
+#include <utility>
+
 namespace tessary {
 
 class FaultyIPhone::Hooks final : public VirtualIPhoneHooks {
@@ -99,6 +101,10 @@ public:
     }
     std::optional<std::uint64_t> storeFullAfter() override {
         return faults.update([](const VirtualIPhoneFaults& now) { return now.storeFullAfter; });
+    }
+    bool garbles() override {
+        return faults.update(
+            [](VirtualIPhoneFaults& now) { return std::exchange(now.garblesNext, false); });
     }
     double megabytesPerSecond() override {
         return faults.update([](const VirtualIPhoneFaults& now) { return now.megabytesPerSecond; });

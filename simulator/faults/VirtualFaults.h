@@ -47,7 +47,8 @@ struct VirtualFaults : MTPPacking {
     /// May replace the bytes of a container; no value leaves them. Runs on the phone's thread.
     std::function<std::optional<Bytes>(const VirtualAnswer&)> rewrite;
 
-    bool repeatsHandles = false;        ///< handle lists name each object twice
+    bool garblesNext = false;    ///< changes a byte of the next content that moves, either way
+    bool repeatsHandles = false; ///< handle lists name each object twice
     bool foldersHoldThemselves = false; ///< handle lists of a folder name the folder too
     /// Names on disk and what the phone calls these files. A name of 255 units has no terminator.
     std::map<QString, QString> nameOverrides;

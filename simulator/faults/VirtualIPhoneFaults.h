@@ -47,6 +47,7 @@ struct VirtualIPhoneFaults {
     std::map<QString, VirtualAFCStatus> statuses;
     /// Status 18 for what would make a file longer than this.
     std::optional<std::uint64_t> storeFullAfter;
+    bool garblesNext = false; ///< changes a byte of the next content that moves, either way
     /// May replace the keys and values of a file's information, given its path.
     std::function<QStringList(const QString& path, const QStringList& pairs)> rewriteFileInfo;
     /// Names on disk and what listings call them.

@@ -2,6 +2,7 @@
 
 #include "base/values/LittleEndian.h"
 #include "simulator/wire/AFCRefusal.h"
+#include "simulator/wire/Garbling.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -219,6 +220,8 @@ bool AFCResponder::readFile(const Request& request) {
             break;
         got += static_cast<std::size_t>(more);
     }
+    if (got > 0 && phone_.hooks().garbles())
+        garble(std::span(buffer_).subspan(AFCHeader::size));
     // The head goes out in one piece with the content.
     const auto head =
         AFCCodec::encodeHeader({AFCHeader::size + got, AFCHeader::size, request.header.number,
@@ -248,6 +251,8 @@ bool AFCResponder::writeFile(const Request& request, std::uint64_t refusal) {
             std::span(buffer_).first(static_cast<std::size_t>(std::min(left, writeStep)));
         if (!read(piece))
             return false;
+        if (phone_.hooks().garbles())
+            garble(piece);
         attempt([&] { container_.write(*target, piece); });
         left -= piece.size();
         if (!slowDown(piece.size()))

@@ -91,6 +91,10 @@ public:
     [[nodiscard]] virtual std::optional<std::uint64_t> storeFullAfter() {
         return std::nullopt;
     }
+    /// Asked of each piece of a file's content on its way, either direction; true changes a byte.
+    [[nodiscard]] virtual bool garbles() {
+        return false;
+    }
     [[nodiscard]] virtual double megabytesPerSecond() {
         return pace_;
     }

@@ -2,6 +2,7 @@
 
 #include "mtp/protocol/MTPPacketCodec.h"
 #include "simulator/storage/MTPRefusal.h"
+#include "simulator/wire/Garbling.h"
 
 #include <algorithm>
 #include <array>
@@ -214,7 +215,8 @@ void MTPResponderContents::sendObject(Transaction& transaction) {
     transaction.link.receiveData(transaction.command, [&](ByteView bytes) {
         if (refusal)
             throw *refusal;
-        arrival->add(bytes);
+        Bytes garbled;
+        arrival->add(state_.hooks->garbles() ? garbledCopy(bytes, garbled) : bytes);
     });
     if (refusal)
         throw *refusal;

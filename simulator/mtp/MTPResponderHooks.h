@@ -102,6 +102,10 @@ public:
     [[nodiscard]] virtual std::optional<std::uint64_t> storeFullAfter() {
         return std::nullopt;
     }
+    /// Asked of each piece of a file's content on its way, either direction; true changes a byte.
+    [[nodiscard]] virtual bool garbles() {
+        return false;
+    }
     /// Between an object's data and the answer.
     [[nodiscard]] virtual std::chrono::milliseconds sendObjectPause() {
         return {};

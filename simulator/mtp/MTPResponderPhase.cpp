@@ -1,5 +1,7 @@
 #include "simulator/mtp/MTPResponderPhase.h"
 
+#include "simulator/wire/Garbling.h"
+
 #include <algorithm>
 #include <cstring>
 
@@ -107,6 +109,8 @@ bool MTPResponderLink::Writer::fill(std::uint64_t size, const Source& source) {
         const std::size_t filled = source(room.first(part));
         if (filled == 0)
             return false;
+        if (link_.hooks_.garbles())
+            garble(room);
         chunk_.end += filled;
         size -= filled;
     }

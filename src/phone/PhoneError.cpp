@@ -13,7 +13,8 @@ constexpr std::array names{
     "taken",          "sameName",      "notAFolder",     "notAFile",     "folderNotEmpty",
     "nameNotAllowed", "accessDenied",  "writeProtected", "tooLarge",     "changed",
     "unreadable",     "listingBroken", "wrongSize",      "insideItself", "wholeStorage",
-    "otherStorage",   "notSupported",  "refused",        "notDone",      "full",
+    "otherStorage",   "notSupported",  "refused",        "notDone",      "differs",
+    "full",
 };
 static_assert(names.size() == static_cast<std::size_t>(PhoneError::full) + 1);
 

@@ -45,6 +45,7 @@ enum class PhoneError {
     notSupported,   ///< path: the phone, or this way to it, cannot do it
     refused,        ///< path: for a reason of the phone's own, which is the cause
     notDone,        ///< path: the phone said yes and did nothing
+    differs,        ///< path: a copy that was compared, and is not equal to its original
     // --- the storage is full: no further file goes there ---
     full, ///< path
 };

@@ -112,6 +112,7 @@ public:
                 throw Error(PhoneError::notAFile, {file.path});
             content = node.content.mid(range.offset, range.length < 0 ? -1 : range.length);
         }
+        step.garbleIfDue(content);
         qint64 done = 0;
         while (done < content.size()) {
             throwIfStopped(call.stop);
@@ -156,6 +157,7 @@ public:
         throwIfStopped(call.stop);
         if (content.size() != file.size && !options_.takesOtherSizes)
             throw Error(PhoneError::wrongSize, {path, content.size(), file.size});
+        step.garbleIfDue(content);
         const std::scoped_lock lock(treeMutex_);
         Node& folder = folderAt(file.folder);
         requireFree(folder, file.name, nullptr);

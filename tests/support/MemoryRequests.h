@@ -8,6 +8,7 @@
 #include <functional>
 #include <mutex>
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace tessary {
@@ -67,6 +68,11 @@ public:
                            .error = error,
                            .timesLeft = times,
                            .bytes = bytes});
+    }
+    /// A byte of the next content that moves, either way, arrives as another one.
+    void garbleNext() {
+        const std::scoped_lock lock(mutex_);
+        garblesNext_ = true;
     }
     void forgetFaults() {
         const std::scoped_lock lock(mutex_);
@@ -187,6 +193,11 @@ protected:
                 throw cut_->error;
             return std::min(wanted, cut_->bytes - done);
         }
+        void garbleIfDue(QByteArray& content) {
+            const std::scoped_lock lock(files_.mutex_);
+            if (!content.isEmpty() && std::exchange(files_.garblesNext_, false))
+                content[0] = static_cast<char>(~content[0]);
+        }
         void noteBytes(qint64 done) {
             const std::scoped_lock lock(files_.mutex_);
             if (index_ < files_.log_.size())
@@ -246,6 +257,7 @@ private:
     std::vector<Request> log_;
     int calls_ = 0;
     std::optional<int> lostAt_;
+    bool garblesNext_ = false;
     std::vector<Fault> faults_;
     std::vector<CutListing> cutListings_;
     std::function<void()> rowsHook_;

@@ -56,6 +56,8 @@ public:
     /// No file becomes longer than that.
     virtual void fillUpAt(qint64 bytes) = 0;
     virtual void becomeReadOnly() = 0;
+    /// A byte of the next content that moves, either way, arrives as another one.
+    virtual void garbleNext() = 0;
     virtual void becomeSound() = 0;
 };
 
@@ -110,6 +112,9 @@ public:
     }
     void becomeReadOnly() override {
         memory->fail(Operation::write, {}, {PhoneError::writeProtected});
+    }
+    void garbleNext() override {
+        memory->garbleNext();
     }
     void becomeSound() override {
         memory->forgetFaults();

@@ -78,25 +78,19 @@ TEST(FileCopies, nothingIsReadOfWhatTheTargetCannotHold) {
     EXPECT_EQ(source.count(Operation::read), 0);
 }
 
-TEST(FileCopies, whatArrivedWrongIsFoundByComparing) {
-    MemoryFileSystem source;
+/// Comparing asks both phones, neither to send again what it works out itself.
+TEST(FileCopies, aPhoneThatWorksHashesOutSendsNothingForComparing) {
     for (const bool hasHashes : {true, false}) {
-        MemoryFileSystem target({.capabilities = {.hasHashes = hasHashes}});
+        const MemoryFileSystem::Options options{.capabilities = {.hasHashes = hasHashes},
+                                                .queue = std::make_shared<PhoneQueue>()};
+        MemoryFileSystem source(options);
+        MemoryFileSystem target(options);
         source.addFile(s("/s"), film, noon);
-        bool breaks = false;
-        target.beforeEach([&](const MemoryFileSystem::Request& request) {
-            if (breaks &&
-                (request.operation == Operation::hash || request.operation == Operation::read))
-                target.addFile(request.path, QByteArray(film.size(), 'g'), noon);
-        });
         FileCopy copy{source, source.item(s("/s")), target, s("/"), s("t")};
         copy.verifies = true;
         EXPECT_NO_THROW(copyFile(copy, {}, {}));
+        EXPECT_EQ(source.bytes(Operation::read), hasHashes ? film.size() : 2 * film.size());
         EXPECT_EQ(target.bytes(Operation::read), hasHashes ? 0 : film.size());
-        breaks = true;
-        copy.name = s("u");
-        EXPECT_THROW(copyFile(copy, {}, {}), Error);
-        EXPECT_EQ(target.tree(), QStringList{s("/t")});
     }
 }
 

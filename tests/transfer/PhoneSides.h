@@ -47,6 +47,9 @@ public:
     void becomeReadOnly() override {
         phone_->plugged.refuse(MTPOperationCode::sendObjectInfo, MTPResponseCode::storeReadOnly);
     }
+    void garbleNext() override {
+        phone_->plugged.fault([](VirtualFaults& faults) { faults.garblesNext = true; });
+    }
     void becomeSound() override {
         phone_->plugged.fault([](VirtualFaults& faults) { faults = {}; });
     }
@@ -108,6 +111,9 @@ public:
     }
     void becomeReadOnly() override {
         phone_.fault([](ADBDFaults& faults) { faults.readOnly = true; });
+    }
+    void garbleNext() override {
+        phone_.fault([](ADBDFaults& faults) { faults.garblesNext = true; });
     }
     void becomeSound() override {
         phone_.fault([](ADBDFaults& faults) { faults = {}; });
@@ -192,6 +198,9 @@ public:
         plugged().faults([](VirtualIPhoneFaults& faults) {
             faults.statuses[QStringLiteral("afc.fileOpen")] = {permissionDenied, true};
         });
+    }
+    void garbleNext() override {
+        plugged().faults([](VirtualIPhoneFaults& faults) { faults.garblesNext = true; });
     }
     void becomeSound() override {
         plugged().faults([](VirtualIPhoneFaults& faults) { faults = {}; });

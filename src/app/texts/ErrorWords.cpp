@@ -140,6 +140,11 @@ constexpr std::array phoneWords{
     ErrorWords{QT_TRANSLATE_NOOP("ErrorText", "The phone agreed, but did nothing with “%1”."),
                QT_TRANSLATE_NOOP("ErrorText", "the phone agreed, but did nothing"),
                tryAgainOrReplug},
+    // differs
+    ErrorWords{QT_TRANSLATE_NOOP("ErrorText", "The copy of “%1” was not equal to its original. It "
+                                              "was removed again."),
+               QT_TRANSLATE_NOOP("ErrorText", "the copy was not equal to its original"),
+               QT_TRANSLATE_NOOP("ErrorText", "Copy it again.")},
     // full
     ErrorWords{QT_TRANSLATE_NOOP("ErrorText", "The storage of the phone is full."),
                QT_TRANSLATE_NOOP("ErrorText", "the storage of the phone is full"),

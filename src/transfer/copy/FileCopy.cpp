@@ -265,14 +265,13 @@ FileItem copyFile(const FileCopy& copy, const ByteProgress& progress, const Call
     // What a phone keeps of an earlier try is compared where that costs neither side a transfer.
     const bool verifies =
         copy.verifies || (put.keptBytes > 0 && can.hasHashes && !copy.from.queue());
-    // What was kept is compared, too, with what it comes from: whoever removes the source
-    // afterwards has nothing else. A phone that works hashes out need not send it again for that.
-    const bool sourceHashes =
-        put.keptBytes > 0 && copy.from.queue() && copy.from.capabilities(call).hasHashes;
+    // Bytes may change on their way from a phone, too: it is asked again, by hash where it works
+    // that out. Whoever removes the source afterwards has nothing else.
+    const bool asksAgain = verifies && copy.from.queue();
     std::optional<ContentHash> hash;
-    if (verifies && !sourceHashes)
+    if (verifies && !asksAgain)
         hash.emplace();
-    if (hash && put.keptBytes > 0) // before the stream begins to ask the phone for the rest
+    if (hash && put.keptBytes > 0)
         copy.from.read(
             copy.file, {0, put.keptBytes}, [&hash](ByteView bytes) { hash->add(bytes); }, call);
     FileStream stream(copy.from, copy.file,
@@ -288,9 +287,9 @@ FileItem copyFile(const FileCopy& copy, const ByteProgress& progress, const Call
         }
         if (!verifies)
             return;
-        const QByteArray wanted = sourceHashes ? hashOf(copy.from, copy.file, call) : stream.hash();
+        const QByteArray wanted = asksAgain ? hashOf(copy.from, copy.file, call) : stream.hash();
         if (hashOf(copy.to, part, call) != wanted)
-            throw Error(PhoneError::notDone, {joinPath(copy.folder, copy.name)});
+            throw Error(PhoneError::differs, {joinPath(copy.folder, copy.name)});
         if (copy.verified)
             copy.verified(wanted);
     };

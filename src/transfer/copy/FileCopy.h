@@ -52,7 +52,8 @@ struct FileCopy {
     /// The source is looked at again before the copy gets its name: PhoneError::changed (or
     /// LocalError::changed) when it is not what was seen.
     bool checksSource = true;
-    /// The copy is compared by hash before it gets its name: PhoneError::notDone.
+    /// The copy is compared by hash before it gets its name: PhoneError::differs. A phone that
+    /// works no hashes out sends its file, or what it was sent, once more for that.
     bool verifies = false;
     /// Called with the content's SHA-256 once it was compared.
     std::function<void(const QByteArray& sha256)> verified{};
