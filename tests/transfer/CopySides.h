@@ -12,6 +12,7 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace tessary {
 
@@ -27,6 +28,8 @@ public:
     [[nodiscard]] virtual QString root() const = 0;
     virtual void put(const QString& path, const QByteArray& content, const QDateTime& date) = 0;
     virtual void putFolder(const QString& path) = 0;
+    /// An empty file in a folder, by a name that is no text.
+    virtual void putNameless(const QString& folder) = 0;
     /// Changes the first byte of a file and nothing else.
     virtual void damage(const QString& path) = 0;
     [[nodiscard]] virtual Contents contents() const = 0;
@@ -80,6 +83,9 @@ public:
     void putFolder(const QString& path) override {
         memory->addFolder(at(path));
     }
+    void putNameless(const QString& folder) override {
+        memory->addHostile(at(folder), QString(QChar(0xD800)), {});
+    }
     [[nodiscard]] Contents contents() const override {
         Contents found;
         for (const QString& path : memory->tree())
@@ -127,6 +133,12 @@ private:
 /// A side whose files lie in a folder of this computer: the disk itself, or a virtual phone.
 class FolderSide : public virtual CopyEnd {
 public:
+    ~FolderSide() override {
+        ::unlink(nameless_.constData()); // whoever removes the folder does not reach it
+    }
+    FolderSide(const FolderSide&) = delete;
+    FolderSide& operator=(const FolderSide&) = delete;
+
     void put(const QString& path, const QByteArray& content, const QDateTime& date) override {
         disk_.write(inFolder(path), content);
         const timespec at{date.toSecsSinceEpoch(), 0};
@@ -135,6 +147,10 @@ public:
     }
     void putFolder(const QString& path) override {
         disk_.makeFolder(inFolder(path));
+    }
+    void putNameless(const QString& folder) override {
+        nameless_ = disk_.path(inFolder(folder)).toUtf8() + "/\xff.txt";
+        ::close(::open(nameless_.constData(), O_CREAT | O_WRONLY, S_IRUSR | S_IWUSR));
     }
     void damage(const QString& path) override {
         QFile file(disk_.path(inFolder(path)));
@@ -175,6 +191,7 @@ private:
 
     const TemporaryFolder& disk_;
     const QString folder_;
+    QByteArray nameless_;
 };
 
 struct OwnFolder {

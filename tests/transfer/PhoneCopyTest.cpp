@@ -3,6 +3,7 @@
 
 #include "phone/PartNames.h"
 #include "support/CodeOf.h"
+#include "support/StrangeDisk.h"
 
 namespace tessary {
 namespace {
@@ -11,6 +12,11 @@ namespace {
 std::unique_ptr<PhoneEnd> inMemory() {
     return std::make_unique<MemoryPhone>(
         MemoryFileSystem::Options{.pieceSize = 64 * 1024, .queue = std::make_shared<PhoneQueue>()});
+}
+std::unique_ptr<PhoneEnd> inMemoryOfACard() {
+    return std::make_unique<MemoryPhone>(
+        MemoryFileSystem::Options{.rules = {.ignoresCase = true, .forbidsFATCharacters = true},
+                                  .queue = std::make_shared<PhoneQueue>()});
 }
 /// One that takes many small files at a time, as over adb.
 std::unique_ptr<CopyEnd> forMany() {
@@ -44,6 +50,7 @@ struct Strange {
     qint64 size;      ///< from which on the way goes on with a file
     qint64 mostTwice; ///< a piece, and what may not have been written out, or is in buffers
     std::function<std::unique_ptr<PhoneEnd>()> phone;
+    std::function<std::unique_ptr<PhoneEnd>()> card; ///< its storage with the strictest names
 };
 
 void PrintTo(const Strange& strange, std::ostream* stream) {
@@ -54,10 +61,11 @@ class StrangePhone : public testing::TestWithParam<Strange> {};
 
 INSTANTIATE_TEST_SUITE_P(
     Ways, StrangePhone,
-    testing::Values(Strange{"inMemory", qint64{20} << 20, qint64{9} << 20, inMemory},
-                    Strange{"overMTP", qint64{80} << 20, qint64{9} << 20, overMTP},
-                    Strange{"overADB", qint64{40} << 20, qint64{16} << 20, overADB},
-                    Strange{"overAFC", qint64{40} << 20, qint64{9} << 20, overAFC}),
+    testing::Values(Strange{"inMemory", qint64{20} << 20, qint64{9} << 20, inMemory,
+                            inMemoryOfACard},
+                    Strange{"overMTP", qint64{80} << 20, qint64{9} << 20, overMTP, overMTPToCard},
+                    Strange{"overADB", qint64{40} << 20, qint64{16} << 20, overADB, overADBToCard},
+                    Strange{"overAFC", qint64{40} << 20, qint64{9} << 20, overAFC, overAFC}),
     [](const auto& strange) { return strange.param.name; });
 
 /// Of a file that is not gone on with something may stay.
@@ -121,6 +129,59 @@ TEST_P(StrangePhone, strangeTargetsKeepWhatArrivedAndSayWhatDidNot) {
         QStringList there = phone->contents().keys();
         there.sort();
         EXPECT_EQ(there, row.there);
+    }
+}
+
+/// Onto the phone, and from it onto a disk as strict as a card of short names.
+TEST_P(StrangePhone, namesThatTheTargetCannotHoldAreNamedAndAllElseArrives) {
+    for (const bool isUpload : {true, false}) {
+        SCOPED_TRACE(isUpload ? "up" : "down");
+        const auto phone = GetParam().card();
+        DiskSide disk;
+        const StrangeDisk strict(
+            {.rules = {.ignoresCase = true, .forbidsFATCharacters = true, .longestUTF8 = 230}});
+        if (!strict.isMounted())
+            GTEST_SKIP() << "this machine mounts nothing for its users";
+        CopyEnd& from = isUpload ? static_cast<CopyEnd&>(disk) : *phone;
+        const std::shared_ptr<PhoneFileSystem> to =
+            isUpload ? phone->files() : std::make_shared<LocalFileSystem>(strict.path());
+        const QString top = isUpload ? phone->root() : strict.path();
+        const bool takesColons = isUpload && std::string(GetParam().name) == "overAFC";
+        const bool isTooLong = !isUpload || std::string(GetParam().name) == "overMTP";
+        const struct {
+            QString name;
+            bool fits;
+        } rows[] = {{s("1 10:20.txt"), takesColons},
+                    {s("b:c/y"), takesColons},
+                    {s("end."), takesColons},
+                    {s("space "), takesColons},
+                    {QString(isUpload ? 255 : 250, u'l'), !isTooLong},
+                    {s("caf\u00e9"), true},
+                    {s("dir/plain"), true}};
+        QStringList there;
+        qsizetype leftOut = 1;
+        for (const auto& row : rows) {
+            from.put(s("all/") + row.name, "x", noon);
+            if (row.fits)
+                there << row.name.section(u'/', 0, 0);
+            else
+                ++leftOut;
+        }
+        from.putNameless(s("all"));
+        const CopyOutcome outcome =
+            run({.from = from.files(),
+                 .to = to,
+                 .items = {{require(*from.files(), from.at(s("all")), {}), s("all")}},
+                 .folder = top});
+        EXPECT_EQ(outcome.end(), CopyOutcome::End::incomplete);
+        EXPECT_EQ(namesLeftOut(outcome).size(), leftOut)
+            << namesLeftOut(outcome).join(u'\n').toStdString();
+        EXPECT_EQ(outcome.files, there.size());
+        QStringList names;
+        for (const FileItem& item : listAll(*to, joinPath(top, s("all")), {}).items)
+            names << item.name;
+        EXPECT_THAT(names, testing::UnorderedElementsAreArray(there));
+        phone->becomeSound();
     }
 }
 

@@ -24,15 +24,23 @@ public:
 /// A virtual phone over MTP.
 class MTPSide final : public PhoneSide {
 public:
-    explicit MTPSide(const char* serial) : MTPSide(std::make_unique<Phone>(serial)) {}
+    explicit MTPSide(const char* serial, bool isOnCard = false)
+        : MTPSide(std::make_unique<Phone>(serial), isOnCard) {}
 
     [[nodiscard]] std::shared_ptr<PhoneFileSystem> files() override {
         return files_;
     }
     [[nodiscard]] QString root() const override {
-        return QStringLiteral("/side");
+        return isOnCard_ ? QStringLiteral("/storage/131073/side") : QStringLiteral("/side");
     }
 
+    /// Its names are UTF-16, in which half a pair is no text.
+    void putNameless(const QString& folder) override {
+        put(folder + QStringLiteral("/stand-in"), {}, QDateTime::currentDateTime());
+        phone_->plugged.fault([](VirtualFaults& faults) {
+            faults.nameOverrides[QStringLiteral("stand-in")] = QString(QChar(0xD800));
+        });
+    }
     void unplug() override {
         phone_->plugged.android.unplug();
     }
@@ -60,15 +68,24 @@ public:
 
 private:
     struct Phone {
-        explicit Phone(const char* serial) : plugged(bus, phoneConfig(serial)) {}
+        explicit Phone(const char* serial) : plugged(bus, withCard(phoneConfig(serial))) {}
+
+        static VirtualAndroidConfig withCard(VirtualAndroidConfig config) {
+            config.storages.resize(2);
+            config.storages[1].removable = true;
+            return config;
+        }
 
         VirtualUSBBus bus;
         PluggedPhone plugged;
     };
 
-    explicit MTPSide(std::unique_ptr<Phone> phone)
-        : PhoneSide(phone->plugged.disk, QStringLiteral("0/side")), phone_(std::move(phone)) {}
+    MTPSide(std::unique_ptr<Phone> phone, bool isOnCard)
+        : PhoneSide(phone->plugged.disk, QStringLiteral("%1/side").arg(isOnCard ? 1 : 0)),
+          isOnCard_(isOnCard),
+          phone_(std::move(phone)) {}
 
+    const bool isOnCard_;
     const std::unique_ptr<Phone> phone_;
     const std::shared_ptr<MTPFileSystem> files_ = std::make_shared<MTPFileSystem>(
         phone_->bus, identityOf(phone_->plugged.info), std::make_shared<PhoneQueue>());
@@ -76,6 +93,9 @@ private:
 
 inline std::unique_ptr<PhoneSide> overMTP() {
     return std::make_unique<MTPSide>("MTPSIDE1");
+}
+inline std::unique_ptr<PhoneSide> overMTPToCard() {
+    return std::make_unique<MTPSide>("MTPSIDE3", true);
 }
 inline std::unique_ptr<CopyEnd> overMTPToAnother() {
     return std::make_unique<MTPSide>("MTPSIDE2");
@@ -90,14 +110,14 @@ inline QString nextFolder() {
 /// A virtual phone by the real adb server.
 class ADBSide final : public PhoneSide {
 public:
-    explicit ADBSide(bool isOnAnother = false)
-        : ADBSide(nextFolder(), isOnAnother ? another() : phone()) {}
+    explicit ADBSide(bool isOnCard = false) : ADBSide(nextFolder(), isOnCard) {}
 
     [[nodiscard]] std::shared_ptr<PhoneFileSystem> files() override {
         return files_;
     }
     [[nodiscard]] QString root() const override {
-        return QStringLiteral("/sdcard/") + folder_;
+        return (isOnCard_ ? QStringLiteral("/storage/1234-ABCD/") : QStringLiteral("/sdcard/")) +
+               folder_;
     }
     void unplug() override {
         phone_.cut();
@@ -124,7 +144,10 @@ public:
 
 private:
     struct Phone : ADBPhone {
-        Phone() : ADBPhone({.folder = {}, .ignoresCase = true}) {
+        Phone()
+            : ADBPhone({.folder = {},
+                        .cards = {{.folder = card.makeFolder(QStringLiteral("card"))}},
+                        .ignoresCase = true}) {
             connectPhone();
             PhoneIdentity identity;
             identity.udid = identity.serialNumber = serial();
@@ -145,24 +168,23 @@ private:
             ASSERT_TRUE(reaches(QStringLiteral("device")));
         }
         using ADBPhone::disk_;
+        inline static const TemporaryFolder card;
         std::shared_ptr<ADBFileSystem> files;
     };
     static Phone& phone() {
         static Phone phone;
         return phone;
     }
-    static Phone& another() {
-        static Phone phone;
-        return phone;
-    }
 
-    ADBSide(const QString& folder, Phone& phone)
-        : PhoneSide(phone.disk_, QStringLiteral("phone/") + folder),
-          phone_(phone),
-          folder_(folder) {}
+    ADBSide(const QString& folder, bool isOnCard)
+        : PhoneSide(isOnCard ? Phone::card : phone().disk_,
+                    (isOnCard ? QStringLiteral("card/") : QStringLiteral("phone/")) + folder),
+          folder_(folder),
+          isOnCard_(isOnCard) {}
 
-    Phone& phone_;
+    Phone& phone_ = phone();
     const QString folder_;
+    const bool isOnCard_;
     const std::shared_ptr<ADBFileSystem> files_ = phone_.files;
 };
 
@@ -232,6 +254,9 @@ private:
 
 inline std::unique_ptr<PhoneSide> overADB() {
     return std::make_unique<ADBSide>();
+}
+inline std::unique_ptr<PhoneSide> overADBToCard() {
+    return std::make_unique<ADBSide>(true);
 }
 inline std::unique_ptr<PhoneSide> overAFC() {
     return std::make_unique<AFCSide>();
