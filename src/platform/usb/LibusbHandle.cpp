@@ -6,8 +6,11 @@
 #include <sys/time.h>
 
 #include <algorithm>
-#include <atomic>
 #include <cerrno>
+#include <condition_variable>
+#include <mutex>
+#include <thread>
+#include <utility>
 
 namespace tessary {
 
@@ -39,6 +42,16 @@ void disableDiscovery() {
         libusb_set_option(nullptr, LIBUSB_OPTION_NO_DEVICE_DISCOVERY);
 }
 
+void handleEventsOnce(libusb_context* context, int* completed, microseconds wait) {
+    timeval limit{};
+    limit.tv_sec = static_cast<time_t>(wait / 1s);
+    limit.tv_usec = static_cast<suseconds_t>((wait % 1s).count());
+    const int error = libusb_handle_events_timeout_completed(context, &limit, completed);
+    // Not to spin on an error that stays.
+    if (error != LIBUSB_SUCCESS && error != LIBUSB_ERROR_INTERRUPTED)
+        std::this_thread::sleep_for(std::min(wait, microseconds(10ms)));
+}
+
 } // namespace
 
 std::unique_ptr<LibusbHandle> LibusbHandle::open(const QByteArray& node, USBCode& code) {
@@ -64,17 +77,27 @@ LibusbHandle::~LibusbHandle() {
         libusb_exit(context_);
 }
 
-void LibusbHandle::handleEvents(int* completed, steady_clock::time_point until) const {
-    do {
-        const auto left = std::clamp(duration_cast<microseconds>(until - steady_clock::now()), 0us,
-                                     microseconds(1s));
-        timeval wait{};
-        wait.tv_sec = static_cast<time_t>(left / 1s);
-        wait.tv_usec = static_cast<suseconds_t>((left % 1s).count());
-        const int error = libusb_handle_events_timeout_completed(context_, &wait, completed);
-        if (error != LIBUSB_SUCCESS && error != LIBUSB_ERROR_INTERRUPTED)
-            return;
-    } while (!std::atomic_ref(*completed).load() && steady_clock::now() < until);
+void LibusbHandle::handleEvents(int* completed, microseconds wait) const {
+    waits_.fetch_add(1);
+    if (isAsideAtBus_.load())
+        libusb_interrupt_event_handler(context_);
+    handleEventsOnce(context_, completed, wait);
+}
+
+void LibusbHandle::handleEventsAside(int* completed, microseconds wait,
+                                     const std::stop_token& stop) const {
+    const unsigned waits = waits_.load();
+    if (std::exchange(waitsSeenAside_, waits) != waits) {
+        std::mutex mutex;
+        std::unique_lock lock(mutex);
+        std::condition_variable_any().wait_for(lock, stop, wait, [] { return false; });
+        return;
+    }
+    isAsideAtBus_.store(true);
+    // Whoever began to wait before that did not see it.
+    if (waits_.load() == waits)
+        handleEventsOnce(context_, completed, wait);
+    isAsideAtBus_.store(false);
 }
 
 } // namespace tessary

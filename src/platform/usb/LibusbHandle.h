@@ -7,8 +7,10 @@
 
 #include <QByteArray>
 
+#include <atomic>
 #include <chrono>
 #include <memory>
+#include <stop_token>
 
 namespace tessary {
 
@@ -30,8 +32,14 @@ public:
         return handle_;
     }
 
-    /// Handles events until `*completed` is not 0 or `until` has passed. Any number of threads.
-    void handleEvents(int* completed, std::chrono::steady_clock::time_point until) const;
+    /// Handles events until `*completed` is not 0, or for `wait` at most; may return early. Any
+    /// number of threads.
+    void handleEvents(int* completed, std::chrono::microseconds wait) const;
+    /// The same for what seldom comes: while others wait for theirs, they handle the events, so
+    /// that what they wait for need not be handed over by this thread. A stop is heard at once
+    /// then. Of one thread at a time.
+    void handleEventsAside(int* completed, std::chrono::microseconds wait,
+                           const std::stop_token& stop) const;
 
 private:
     LibusbHandle() = default;
@@ -39,6 +47,9 @@ private:
     FileHandle descriptor_;
     libusb_context* context_ = nullptr;
     libusb_device_handle* handle_ = nullptr;
+    mutable std::atomic<unsigned> waits_ = 0; ///< of those who are not aside, ever begun
+    mutable unsigned waitsSeenAside_ = 0;     ///< only used aside
+    mutable std::atomic<bool> isAsideAtBus_ = false;
 };
 
 } // namespace tessary

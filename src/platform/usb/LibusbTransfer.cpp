@@ -9,7 +9,7 @@
 
 namespace tessary {
 
-using std::chrono::steady_clock;
+using namespace std::chrono;
 
 struct LibusbTransfer::State {
     const LibusbHandle* handle = nullptr;
@@ -99,11 +99,19 @@ USBCode LibusbTransfer::start() {
 }
 
 bool LibusbTransfer::waitUntil(steady_clock::time_point until, const std::stop_token* stop) const {
-    // How long a stop may go unheard.
-    constexpr std::chrono::milliseconds slice{20};
-    while (!completed() && steady_clock::now() < until && !(stop && stop->stop_requested()))
-        state_->handle->handleEvents(&state_->completed,
-                                     stop ? std::min(until, steady_clock::now() + slice) : until);
+    // How long a stop may go unheard, and how long an interrupt.
+    constexpr microseconds slice = 20ms;
+    const bool isAside = stop && state_->transfer->type == LIBUSB_TRANSFER_TYPE_INTERRUPT;
+    while (!completed() && !(stop && stop->stop_requested())) {
+        const auto left = duration_cast<microseconds>(until - steady_clock::now());
+        if (left <= 0us)
+            break;
+        if (isAside)
+            state_->handle->handleEventsAside(&state_->completed, std::min(left, slice), *stop);
+        else
+            state_->handle->handleEvents(&state_->completed,
+                                         std::min(left, stop ? slice : microseconds(1s)));
+    }
     return completed();
 }
 
