@@ -2,6 +2,7 @@
 
 #include "Story.h"
 #include "base/local/PartFile.h"
+#include "phone/PartNames.h"
 #include "sync/plan/SyncManifest.h"
 
 #include <QDateTime>
@@ -94,6 +95,10 @@ QString Content::anyFile(const QString& folder) {
 
 quint64 Content::seedOf(const QString& path) {
     QFile file(path);
+    if (!file.exists()) {
+        const QFileInfo info(path);
+        file.setFileName(info.dir().filePath(waitingName({}, info.fileName(), {})));
+    }
     if (!file.open(QIODevice::ReadOnly))
         throw Broken(path + u" is missing"_s);
     const QByteArray bytes = file.readAll();
@@ -114,6 +119,10 @@ Tree Content::read(const QString& folder, QStringList* parts) {
         if (path.contains(u'/' + PartFile::namePrefix)) {
             if (parts != nullptr)
                 parts->append(path);
+            const auto part = partNameOf(walk.fileName(), {});
+            if (part && part->kind == PartName::Kind::waiting && part->awaited)
+                tree.emplace(top.relativeFilePath(walk.fileInfo().dir().filePath(*part->awaited)),
+                             seedOf(path));
         } else if (walk.fileName() != SyncManifest::fileName) {
             tree[top.relativeFilePath(path)] = seedOf(path);
         }

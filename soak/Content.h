@@ -28,9 +28,11 @@ public:
     /// One that lies somewhere below the folder; empty when there is none.
     [[nodiscard]] QString anyFile(const QString& folder);
 
-    /// Throws Broken for a file that is not whole.
+    /// Throws Broken for a file that is not whole. One that still waits for this name, since a copy
+    /// that was to replace the old one broke off, is as good.
     [[nodiscard]] static quint64 seedOf(const QString& path);
-    /// The same for every file; temporary files go into `parts`, manifests nowhere.
+    /// The same for every file; temporary files and those that wait for their names go into
+    /// `parts`, manifests nowhere.
     [[nodiscard]] static Tree read(const QString& folder, QStringList* parts = nullptr);
     /// The first path that is missing in `other` or has another content there; empty without one.
     [[nodiscard]] static QString firstMissing(const Tree& tree, const Tree& other);
