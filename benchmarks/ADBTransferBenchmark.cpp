@@ -1,7 +1,7 @@
 // Turbo mode next to the bare adb tool, by turns, in one run, with one virtual phone: a file of 1
 // GiB and a folder of 400 files of 20 kB both ways, and a listing of 10,000 entries. Also how long
 // a single step takes, and the same copies by the ways that need no adb, which have nothing to be
-// compared with.
+// compared with. The phone's `ls` is this machine's own: a phone's shell runs a program, too.
 //
 // Each line gives the medians and the shortest times, and both ratios. The exit status is 1 when a
 // ratio of medians is above its limit and that of the shortest times is, too: what else a machine
@@ -18,11 +18,13 @@
 #include "platform/process/QtProcessRunner.h"
 #include "simulator/adbd/ADBDCable.h"
 #include "simulator/adbd/ADBServer.h"
+#include "simulator/faults/FaultyADBD.h"
 #include "support/TemporaryFolder.h"
 #include "transfer/copy/TreeCopy.h"
 #include "transfer/local/LocalFileSystem.h"
 
 #include <QFileInfo>
+#include <QProcess>
 #include <QStorageInfo>
 
 #include <algorithm>
@@ -68,6 +70,9 @@ Times timesOf(std::vector<double> values) {
 class Bench {
 public:
     Bench() : phone_(config()), server_(disk_.makeFolder(u"keys"_s)), cable_(phone_, u"CABLE"_s) {
+        phone_.faults().update([this](ADBDFaults& faults) {
+            faults.rewrite = [this](const QByteArray& line) { return listed(line); };
+        });
         phone_.start();
         server_.start(QString::fromLatin1(adbPath));
         server_.awaitStart();
@@ -136,6 +141,16 @@ private:
         ADBDConfig config;
         config.folder = disk_.makeFolder(u"phone"_s);
         return config;
+    }
+    [[nodiscard]] std::optional<QByteArray> listed(const QByteArray& line) const {
+        const QByteArray ls = "ls -la /sdcard/";
+        if (!line.startsWith(ls))
+            return std::nullopt;
+        const QString folder = disk_.path(u"phone/"_s) + QString::fromUtf8(line.mid(ls.size()));
+        QProcess program;
+        program.start(u"ls"_s, {u"-la"_s, folder});
+        program.waitForFinished();
+        return program.readAllStandardOutput();
     }
     Files open(std::shared_ptr<ADBConnection> connection) {
         PhoneIdentity phone;
@@ -293,7 +308,7 @@ private:
     }
 
     const TemporaryFolder disk_;
-    VirtualADBD phone_;
+    FaultyADBD phone_;
     ADBServer server_;
     QtProcessRunner processes_{server_.environment()};
     VirtualUSBBus bus_;
