@@ -106,6 +106,22 @@ std::vector<std::string> namesIn(FileHandle folder) {
     return names;
 }
 
+/// The name as the folder has it: to an iPhone composed and decomposed letters are the same.
+std::string asStored(const FileHandle& folder, std::string name) {
+    const auto isASCII = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
+    struct stat facts {};
+    if (std::all_of(name.begin(), name.end(), isASCII) ||
+        ::fstatat(folder.get(), name.c_str(), &facts, AT_SYMLINK_NOFOLLOW) == 0)
+        return name;
+    const auto form = [](const std::string& text) {
+        return QString::fromStdString(text).normalized(QString::NormalizationForm_C);
+    };
+    for (std::string& there : namesIn(openFolder(folder, ".")))
+        if (form(there) == form(name))
+            return std::move(there);
+    return name;
+}
+
 } // namespace
 
 PhoneContainer::PhoneContainer(VirtualIPhone& phone, const QString& folder, Access access)
@@ -152,11 +168,13 @@ PhoneContainer::Place PhoneContainer::place(const std::string& path, bool makesF
         return place;
     place.name = std::move(way.back());
     way.pop_back();
-    for (const std::string& part : way) {
+    for (const std::string& wanted : way) {
+        const std::string part = asStored(place.folder, wanted);
         if (makesFolders && ::mkdirat(place.folder.get(), part.c_str(), folderMode) != 0)
             check(errno == EEXIST);
         place.folder = openFolder(place.folder, part);
     }
+    place.name = asStored(place.folder, std::move(place.name));
     return place;
 }
 
@@ -267,13 +285,16 @@ void PhoneContainer::rename(const std::string& from, const std::string& to) {
     checkWritable(from);
     checkWritable(to);
     const Place source = place(from);
-    const Place target = place(to);
+    Place target = place(to);
     if (source.name == "." || target.name == ".")
         refuse(afc::permDenied);
-    (void)factsOf(source.folder, source.name);
+    const struct stat moved = factsOf(source.folder, source.name);
     struct stat replaced {};
-    const bool replaces =
+    const bool isTaken =
         ::fstatat(target.folder.get(), target.name.c_str(), &replaced, AT_SYMLINK_NOFOLLOW) == 0;
+    const bool replaces = isTaken && replaced.st_ino != moved.st_ino;
+    if (isTaken && !replaces)
+        target.name = parts(to).back(); // its own name in another form
     check(::renameat(source.folder.get(), source.name.c_str(), target.folder.get(),
                      target.name.c_str()) == 0);
     if (replaces)

@@ -40,7 +40,7 @@ QString NameRules::key(const QString& name) const {
 }
 
 bool NameRules::accepts(const QString& name) const {
-    if (!isSafeName(name) || !fits(*this, name))
+    if (!isSafeName(name) || !name.isValidUtf16() || !fits(*this, name))
         return false;
     if (!forbidsFATCharacters)
         return true;

@@ -17,8 +17,8 @@ struct NameRules {
 
     /// Names with the same key are one name there.
     [[nodiscard]] QString key(const QString& name) const;
-    /// Whether the folder can hold the name at all. Never for "", ".", "..", or one with "/" or
-    /// NUL.
+    /// Whether the folder can hold the name at all. Never for "", ".", "..", or one with "/",
+    /// NUL or half a character.
     [[nodiscard]] bool accepts(const QString& name) const;
 
     bool operator==(const NameRules&) const = default;

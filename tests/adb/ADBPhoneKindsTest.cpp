@@ -12,25 +12,6 @@ struct CaselessPhoneTest : ADBFilesFixture {
     CaselessPhoneTest() : ADBFilesFixture({.folder = {}, .ignoresCase = true}) {}
 };
 
-TEST_P(CaselessPhoneTest, otherSpellingOfANameIsTheSameName) {
-    write(u"img.jpg"_s, "old");
-    disk_.makeFolder(u"phone/Dir"_s);
-    write(u"Dir/x"_s, "x");
-    const FileItem there = item(u"/img.jpg"_s);
-    EXPECT_TRUE(files_->nameRules(u"/"_s, {}).ignoresCase);
-    EXPECT_TRUE(files_->nameRules(u"/"_s, {}).ignoresUnicodeForm);
-    EXPECT_EQ(codeOf([&] { (void)write(u"/"_s, u"IMG.JPG"_s, "new"); }), "sameName");
-    EXPECT_EQ(codeOf([&] { (void)files_->makeFolder(u"/"_s, u"DIR"_s, {}); }), "sameName");
-    EXPECT_EQ(
-        codeOf([&] { (void)files_->rename(item(u"/Dir/x"_s), u"X"_s, TakenName::refused, {}); }),
-        "nothing");
-    EXPECT_EQ(files_->rename(there, u"Img.jpg"_s, TakenName::refused, {}).name, u"Img.jpg"_s);
-    EXPECT_EQ(files_->rename(item(u"/Dir"_s), u"dir"_s, TakenName::replaced, {}).name, u"dir"_s);
-    EXPECT_EQ(content(u"Img.jpg"_s), "old");
-    EXPECT_EQ(content(u"dir/X"_s), "x");
-    EXPECT_EQ(disk_.names(u"phone"_s).size(), 2);
-}
-
 TEST_P(CaselessPhoneTest, ofNamesThatThePhoneTakesForOneTheFirstIsMade) {
     disk_.makeFolder(u"phone/many"_s);
     const QString composed = u"caf\u00e9"_s;

@@ -52,44 +52,6 @@ protected:
     AFCFileSystem& files_ = iphone_.files;
 };
 
-TEST_F(AFCContentTest, bytesDatesAndProgressAreRightAtEverySize) {
-    for (const qint64 size : {qint64{0}, qint64{1}, mebibyte / 8 - 1, mebibyte / 8,
-                              mebibyte / 8 + 1, 5 * mebibyte / 2, 9 * mebibyte}) {
-        SCOPED_TRACE(size);
-        const QByteArray content = manyBytes(size);
-        iphone_.progress.clear();
-        const FileItem made = iphone_.put({u"/"_s, u"up"_s, size, someDate}, content);
-        EXPECT_EQ(made, FileItem(u"up"_s, u"/up"_s, false, size, someDate));
-        EXPECT_EQ(iphone_.read(u"up"_s), content);
-        EXPECT_TRUE(std::is_sorted(iphone_.progress.begin(), iphone_.progress.end()));
-        EXPECT_EQ(iphone_.progress.empty() ? 0 : iphone_.progress.back(), size);
-        EXPECT_EQ(iphone_.get(u"/up"_s), content);
-        files_.remove(made, {});
-    }
-}
-
-TEST_F(AFCContentTest, rangesAreReadWithoutWhatLiesBesideThem) {
-    const QByteArray content = manyBytes(3 * mebibyte);
-    iphone_.write(u"a"_s, content);
-    const struct {
-        ByteRange range;
-        qint64 begin;
-        qint64 length;
-    } rows[] = {{{0, 5}, 0, 5},
-                {{2 * mebibyte + 7, 10}, 2 * mebibyte + 7, 10},
-                {{3 * mebibyte - 4, -1}, 3 * mebibyte - 4, 4},
-                {{3 * mebibyte - 4, 100}, 3 * mebibyte - 4, 4},
-                {{3 * mebibyte, -1}, 0, 0},
-                {{9 * mebibyte, 5}, 0, 0},
-                {{5, 0}, 0, 0}};
-    for (const auto& row : rows)
-        EXPECT_EQ(iphone_.get(u"/a"_s, row.range), content.mid(row.begin, row.length))
-            << row.range.offset;
-    const auto asked = iphone_.phone.log().requests();
-    for (const VirtualIPhoneRequest& request : asked)
-        EXPECT_TRUE(request.request != u"afc.fileRead"_s || request.number <= mebibyte / 8);
-}
-
 TEST_F(AFCContentTest, aSmallFileTakesThreeRequestsToReadAndSixToWrite) {
     iphone_.write(u"a"_s, manyBytes(1000));
     const FileItem item = iphone_.item(u"/a"_s);
@@ -121,23 +83,6 @@ TEST_F(AFCContentTest, aFileThatGrewOrShrankIsReadAsItIs) {
         EXPECT_EQ(files_.read(seen, {}, sink, {}), size);
         EXPECT_EQ(count, size);
     }
-    const FileItem seen = iphone_.item(u"/a"_s);
-    files_.remove(seen, {});
-    iphone_.disk.makeFolder(iphone_.inDocuments(u"a"_s));
-    EXPECT_EQ(errorOf([&] { files_.read(seen, {}, [](ByteView) {}, {}); }).substr(0, 12),
-              "changed (/a)");
-}
-
-TEST_F(AFCContentTest, aNameThatIsTakenOrForbiddenIsNotWritten) {
-    iphone_.write(u"a"_s, "older");
-    EXPECT_EQ(errorOf([&] { iphone_.put({u"/"_s, u"a"_s, 1, {}}, "n"); }), "taken (a)");
-    for (const QString& name : {u""_s, u".."_s, u"x/y"_s, QString(256, u'n')})
-        EXPECT_THAT(errorOf([&] {
-                        iphone_.put({u"/"_s, name, 1, {}}, "n");
-                    }),
-                    StartsWith("nameNotAllowed ("));
-    EXPECT_EQ(iphone_.read(u"a"_s), "older");
-    EXPECT_EQ(iphone_.names(u"/"_s), QStringList(u"a"_s));
 }
 
 TEST_F(AFCContentTest, whatFailsLeavesNothingOnThePhone) {
@@ -161,16 +106,6 @@ TEST_F(AFCContentTest, whatFailsLeavesNothingOnThePhone) {
                   row.error);
         EXPECT_EQ(iphone_.names(u"/"_s), QStringList());
     }
-    // The caller's own failure passes through.
-    const ByteSource broken = [](std::span<std::byte>) -> std::size_t {
-        throw std::runtime_error("no more");
-    };
-    EXPECT_THROW(files_.write({u"/"_s, u"up"_s, 1, {}}, broken, {}, {}), std::runtime_error);
-    EXPECT_EQ(iphone_.names(u"/"_s), QStringList());
-    iphone_.write(u"a"_s, manyBytes(4 * mebibyte));
-    const ByteSink full = [](ByteView) { throw std::runtime_error("no room"); };
-    EXPECT_THROW(files_.read(iphone_.item(u"/a"_s), {}, full, {}), std::runtime_error);
-    EXPECT_EQ(iphone_.get(u"/a"_s), manyBytes(4 * mebibyte));
 }
 
 TEST_F(AFCContentTest, aCopyThatThePhoneKeptOnlyInPartIsAnError) {
@@ -281,22 +216,6 @@ TEST_F(AFCContentTest, othersUseThePhoneWhileALargeFileCrosses) {
             EXPECT_TRUE(iphone_.read(large) == content);
             EXPECT_TRUE(isUpload || arrived == content);
         }
-}
-
-TEST_F(AFCContentTest, onASlowLinkACancelIsHeardAndNoPartStays) {
-    iphone_.faults([](VirtualIPhoneFaults& faults) { faults.megabytesPerSecond = 0.5; });
-    std::stop_source stop;
-    std::chrono::steady_clock::time_point asked;
-    std::jthread stopper([&] {
-        std::this_thread::sleep_for(1s);
-        asked = std::chrono::steady_clock::now();
-        stop.request_stop();
-    });
-    EXPECT_THROW(iphone_.put({u"/"_s, u"up"_s, 16 * mebibyte, {}}, manyBytes(16 * mebibyte),
-                             stop.get_token()),
-                 CancellationError);
-    EXPECT_LT(std::chrono::steady_clock::now() - asked, soon);
-    EXPECT_EQ(iphone_.names(u"/"_s), QStringList());
 }
 
 TEST(AFCContent, silenceWithoutAnEndIsNoAnswer) {

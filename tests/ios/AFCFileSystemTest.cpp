@@ -148,27 +148,6 @@ TEST_F(AFCFileSystemTest, aLongListingThatIsCutOnEitherConnectionIsAnError) {
     }
 }
 
-TEST_F(AFCFileSystemTest, pathsThatLeadNowhereAreNotFoundWhereverTheyAreUsed) {
-    iphone_.write(u"file"_s, "1");
-    EXPECT_EQ(files_.find(u"/none"_s, {}), std::nullopt);
-    EXPECT_EQ(files_.find(u"/../file"_s, {}), std::nullopt);
-    const FileItem gone(u"gone"_s, u"/gone"_s, false, 1, someDate);
-    const auto lost = testing::StartsWith("notFound (");
-    EXPECT_THAT(errorOf([&] { (void)listAll(files_, u"/none"_s, {}); }), lost);
-    EXPECT_THAT(errorOf([&] { files_.remove(gone, {}); }), lost);
-    EXPECT_THAT(errorOf([&] { files_.removeTree(gone, {}); }), lost);
-    EXPECT_THAT(errorOf([&] { files_.rename(gone, u"b"_s, TakenName::refused, {}); }), lost);
-    EXPECT_THAT(errorOf([&] { files_.read(gone, {}, [](ByteView) {}, {}); }), lost);
-    EXPECT_THAT(errorOf([&] { files_.setModified(gone, someDate, {}); }), lost);
-    EXPECT_THAT(errorOf([&] { files_.makeFolder(u"/none"_s, u"a"_s, {}); }), lost);
-    EXPECT_THAT(errorOf([&] { files_.move(iphone_.item(u"/file"_s), u"/none"_s, {}); }), lost);
-    EXPECT_THAT(errorOf([&] { iphone_.put({u"/none"_s, u"a"_s, 1, {}}, "1"); }), lost);
-    EXPECT_EQ(errorOf([&] { (void)listAll(files_, u"/file"_s, {}); }),
-              "notAFolder (/file), caused by objectNotFound (8)");
-    EXPECT_THAT(errorOf([&] { files_.makeFolder(u"/file"_s, u"a"_s, {}); }),
-                StartsWith("notAFolder (/file)"));
-}
-
 TEST_F(AFCFileSystemTest, aRefusalOfALockedPhoneIsNotTheFilesDoing) {
     (void)iphone_.names(u"/"_s);
     iphone_.phone.setLocked(true);
@@ -184,14 +163,8 @@ TEST_F(AFCFileSystemTest, nothingIsRemovedOrRenamedThatIsNotWhatWasSeen) {
         const char* name;
         std::function<void()> change;
     } rows[] = {
-        {"a folder now",
-         [&] {
-             files_.remove(iphone_.item(u"/a"_s), {});
-             iphone_.write(u"a/precious"_s, "1");
-         }},
         {"another size",
          [&] {
-             files_.removeTree(iphone_.item(u"/a"_s), {});
              iphone_.write(u"a"_s, "123456");
              files_.setModified(iphone_.item(u"/a"_s), *seen.modifiedDate, {});
          }},
@@ -240,27 +213,6 @@ TEST_F(AFCFileSystemTest, removalStaysInItsFolderWhateverNamesAreListed) {
     callListed(u"inner"_s, u"../precious"_s);
     EXPECT_EQ(errorOf([&] { files_.removeTree(tree, {}); }), "nameNotAllowed (../precious)");
     EXPECT_TRUE(iphone_.has(u"precious"_s));
-}
-
-TEST_F(AFCFileSystemTest, renamesAndMovesRefuseWhatIsTaken) {
-    iphone_.write(u"a"_s, "a");
-    iphone_.write(u"b"_s, "b");
-    iphone_.write(u"folder/a"_s, "inner");
-    const auto rename = [&](const QString& to, TakenName taken) {
-        return files_.rename(iphone_.item(u"/a"_s), to, taken, {});
-    };
-    EXPECT_EQ(errorOf([&] { rename(u"b"_s, TakenName::refused); }), "taken (b)");
-    EXPECT_THAT(errorOf([&] { rename(u"folder"_s, TakenName::replaced); }),
-                StartsWith("taken (folder)"));
-    EXPECT_EQ(errorOf([&] { files_.move(iphone_.item(u"/a"_s), u"/folder"_s, {}); }), "taken (a)");
-    EXPECT_EQ(errorOf([&] { files_.move(iphone_.item(u"/folder"_s), u"/folder"_s, {}); }),
-              "insideItself (/folder)");
-    const FileItem renamed = rename(u"c"_s, TakenName::refused);
-    EXPECT_EQ(renamed, iphone_.item(u"/c"_s));
-    const FileItem moved = files_.move(renamed, u"/folder"_s, {});
-    EXPECT_EQ(moved, iphone_.item(u"/folder/c"_s));
-    EXPECT_EQ(iphone_.read(u"folder/c"_s), "a");
-    EXPECT_EQ(iphone_.read(u"folder/a"_s), "inner");
 }
 
 TEST_F(AFCFileSystemTest, aPhoneThatReplacesNothingByARenameIsBelievedFromThenOn) {

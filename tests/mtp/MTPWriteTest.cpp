@@ -32,29 +32,6 @@ TEST_F(MTPWriteTest, fileKeepsItsDateWhereThePhoneSetsIt) {
     EXPECT_GT(other.modifiedDate, date) << "what the phone made of it is what is told";
 }
 
-TEST_F(MTPWriteTest, takenNamesAreRefusedBeforeThePhoneHearsOfThem) {
-    phone().write(u"DCIM/img.jpg"_s, "old");
-    phone().write(u"DCIM/folder/x"_s, "x");
-    const std::pair<QString, const char*> rows[] = {
-        {u"img.jpg"_s, "taken"},
-        {u"IMG.JPG"_s, "sameName"},
-        {u"folder"_s, "taken"},
-        {u".."_s, "nameNotAllowed"},
-        {u"a/b"_s, "nameNotAllowed"},
-        {QString(), "nameNotAllowed"},
-        {QString(255, u'n'), "nameNotAllowed"},
-    };
-    for (const auto& [name, code] : rows) {
-        EXPECT_EQ(codeOf([&] { write("/DCIM", name, "new"); }), code) << name.toStdString();
-        EXPECT_EQ(codeOf([&] { (void)files_.makeFolder(u"/DCIM"_s, name, {}); }), code)
-            << name.toStdString();
-    }
-    EXPECT_EQ(phone().requests(sendObjectInfo), 0U);
-    EXPECT_EQ(phone().content(u"DCIM/img.jpg"_s), "old");
-    (void)write("/DCIM", QString(250, u'n'), "x");
-    EXPECT_TRUE(phone().names(u"DCIM"_s).contains(QString(250, u'n')));
-}
-
 TEST_F(MTPWriteTest, filesThatOthersPutIntoAKnownFolderAreNotWrittenOver) {
     (void)list("/DCIM");
     phone().write(u"DCIM/theirs"_s, "t");

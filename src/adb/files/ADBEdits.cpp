@@ -52,7 +52,7 @@ void ADBEdits::requireFolder(const QString& path, const std::optional<ADBFacts>&
 }
 
 void ADBEdits::requireName(const QString& name) {
-    if (!NameRules().accepts(name) || !name.isValidUtf16())
+    if (!NameRules().accepts(name))
         throw Error(PhoneError::nameNotAllowed, {name});
 }
 

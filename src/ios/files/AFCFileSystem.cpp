@@ -286,12 +286,17 @@ void AFCFileSystem::removeBelow(const QString& path, int depth, const Call& call
 
 FileItem AFCFileSystem::rename(const FileItem& item, const QString& newName, TakenName taken,
                                const Call& call) {
-    return renameTo(item, joinPath(parentPath(canonicalPath(item.path)), newName), taken, call);
+    const QString path = canonicalPath(item.path);
+    requireItem(path);
+    if (!nameRules(path, call).accepts(newName))
+        throw Error(PhoneError::nameNotAllowed, {newName});
+    return renameTo(item, joinPath(parentPath(path), newName), taken, call);
 }
 
 FileItem AFCFileSystem::move(const FileItem& item, const QString& newFolder, const Call& call) {
     const QString folder = canonicalPath(newFolder);
     const QString path = canonicalPath(item.path);
+    requireItem(path);
     if (joinPath(folder, {}).startsWith(joinPath(path, {})))
         throw Error(PhoneError::insideItself, {path});
     return renameTo(item, joinPath(folder, lastComponent(path)), TakenName::refused, call);
@@ -300,11 +305,8 @@ FileItem AFCFileSystem::move(const FileItem& item, const QString& newFolder, con
 FileItem AFCFileSystem::renameTo(const FileItem& item, const QString& target, TakenName taken,
                                  const Call& call) {
     const QString path = canonicalPath(item.path);
-    requireItem(path);
     const QString name = lastComponent(target);
     const NameRules rules = nameRules(path, call);
-    if (!rules.accepts(name) || target == slash)
-        throw Error(PhoneError::nameNotAllowed, {name});
     const bool replaces = taken == TakenName::replaced && !item.isDirectory;
     if (replaces && !renamesOntoTaken_)
         throw Error(PhoneError::notSupported, {path});

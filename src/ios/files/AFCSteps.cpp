@@ -123,7 +123,13 @@ void create(Opened& opened, const QString& path) {
     if (!part || part->kind != PartName::Kind::arriving)
         requireFree(opened, path);
     AFCLink& link = *opened.link;
-    opened.file = link.openFile(link.inContainer(path), AFCFileMode::create);
+    try {
+        opened.file = link.openFile(link.inContainer(path), AFCFileMode::create);
+    } catch (const Error& error) {
+        if (error.is(PhoneError::notFound))
+            requireFolderAt(opened, parentPath(path)); // nothing lies in a file, either
+        throw;
+    }
 }
 
 void goOn(Opened& opened, const QString& path, qint64 offset) {

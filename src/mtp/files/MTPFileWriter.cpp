@@ -10,7 +10,7 @@ namespace tessary {
 
 void requireMTPName(const QString& name) {
     constexpr qsizetype mostUnits = 254;
-    if (!isSafeName(name) || name.size() > mostUnits)
+    if (!isSafeName(name) || !name.isValidUtf16() || name.size() > mostUnits)
         throw Error(PhoneError::nameNotAllowed, {name});
 }
 
