@@ -1,7 +1,4 @@
 #include "adb/ADBFilesFixture.h"
-#include "support/Soon.h"
-
-#include <QCryptographicHash>
 
 namespace tessary {
 
@@ -9,12 +6,8 @@ namespace {
 
 using namespace Qt::StringLiterals;
 using testing::ElementsAre;
-using testing::IsEmpty;
 
-class ADBFileSystemTest : public ADBFilesFixture {
-protected:
-    explicit ADBFileSystemTest(ADBDConfig config = {}) : ADBFilesFixture(std::move(config)) {}
-};
+class ADBFileSystemTest : public ADBFilesFixture {};
 
 TEST_P(ADBFileSystemTest, phoneThatRefusesIsAnErrorAndNothingIsLeft) {
     write(u"stays"_s, "1");

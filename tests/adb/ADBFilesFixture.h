@@ -10,6 +10,7 @@
 #include "simulator/adbd/ADBDCable.h"
 #include "support/ADBFixture.h"
 #include "support/CodeOf.h"
+#include "support/FileBytes.h"
 
 #include <QFileInfo>
 
@@ -95,27 +96,7 @@ protected:
         return require(*files_, path, {});
     }
     [[nodiscard]] QByteArray readAll(const FileItem& file, ByteRange range = {}) {
-        QByteArray bytes;
-        const qint64 count =
-            files_->read(file, range,
-                         [&](ByteView piece) {
-                             bytes.append(reinterpret_cast<const char*>(piece.data()),
-                                          static_cast<qsizetype>(piece.size()));
-                         },
-                         {});
-        EXPECT_EQ(count, bytes.size());
-        return bytes;
-    }
-    /// A source of these bytes.
-    static ByteSource sourceOf(const QByteArray& bytes) {
-        return [bytes, at = qsizetype{0}](std::span<std::byte> to) mutable {
-            const auto count =
-                std::min<qsizetype>(static_cast<qsizetype>(to.size()), bytes.size() - at);
-            std::copy_n(reinterpret_cast<const std::byte*>(bytes.constData()) + at, count,
-                        to.begin());
-            at += count;
-            return static_cast<std::size_t>(count);
-        };
+        return readBytes(*files_, file, range);
     }
     FileItem write(const QString& folder, const QString& name, const QByteArray& bytes,
                    const Call& call = {}, const ByteProgress& progress = {}) {

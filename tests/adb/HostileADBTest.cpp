@@ -7,7 +7,6 @@
 #include "transfer/local/LocalFileSystem.h"
 
 #include <mutex>
-#include <random>
 
 namespace tessary {
 namespace {
@@ -238,30 +237,6 @@ TEST_P(HostileADBTest, whatNeverEndsIsGivenUpThoughNobodyStopsIt) {
         EXPECT_EQ(codeOf(row.work), "nonsense");
         expectUsableAgain();
     }
-}
-
-TEST_P(HostileADBTest, anyByteMayBeAnotherAndTheAnswerMayEndAtIt) {
-    std::mt19937 random(20261122); // NOLINT(cert-msc51-cpp): the same every time
-    for (std::size_t round = 0; round < 30; ++round) {
-        SCOPED_TRACE(round);
-        const std::uint64_t place = random() % 400;
-        const auto value = static_cast<std::byte>(random());
-        const bool ends = round % 3 == 0;
-        expectBoundedUnder(
-            [=](std::uint64_t served, Bytes bytes) -> std::optional<Bytes> {
-                if (ends && place < served)
-                    throw StreamEnd();
-                if (place < served || place >= served + bytes.size())
-                    return bytes;
-                const auto at = static_cast<std::size_t>(place - served);
-                bytes[at] = value;
-                if (ends)
-                    bytes.resize(at);
-                return bytes;
-            },
-            uses_[round % uses_.size()]);
-    }
-    expectUsableAgain();
 }
 
 TEST_P(HostileADBTest, whatIsCutAnywhereIsAnErrorOrWholeAndNeverLess) {

@@ -75,15 +75,12 @@ TEST_F(ErrorTextTest, everyCodeHasWordsInEveryLanguage) {
 }
 
 TEST_F(ErrorTextTest, sentencesNameTheItemAndSayWhatToDo) {
-    const Error status(PhoneError::refused, {8201});
     const struct {
         const char* name;
         Error error;
         const char* english;
         const char* german;
     } rows[] = {
-        {"here by its path", Error(LocalError::cannotWrite, {u"/home/a"_s, u"odd"_s}),
-         "“/home/a” cannot be written: odd", "„/home/a“ kann nicht geschrieben werden: odd"},
         {"numbers", Error(PhoneError::wrongSize, {u"/a"_s, 1'000, qint64(12'345'678'901)}),
          "The phone sent 1,000 of the 12,345,678,901 bytes of “a”. Copy it again.",
          "Das Telefon hat 1.000 der 12.345.678.901 Bytes von „a“ gesendet. Kopieren Sie es noch "
@@ -95,17 +92,6 @@ TEST_F(ErrorTextTest, sentencesNameTheItemAndSayWhatToDo) {
          "eines der beiden um."},
         {"a name that turns the line round", Error(PhoneError::taken, {u"a\u202Egpj\nb"_s}),
          "“a\\u202egpj\\u000ab” is already there.", "„a\\u202egpj\\u000ab“ ist schon vorhanden."},
-        {"the reason alone", Error(ADBError::refused, {u"host:features"_s, u"%1 is offline"_s}),
-         "adb could not reach the phone: %1 is offline. Turn on USB debugging on it, or switch to "
-         "Standard MTP.",
-         "adb konnte das Telefon nicht erreichen: %1 is offline. Schalten Sie darauf das "
-         "USB-Debugging "
-         "ein oder wechseln Sie zu Standard-MTP."},
-        {"a program", Error(PhoneError::held, {u"gvfs"_s}),
-         "gvfs is using the phone. Close it, or unmount the phone in the desktop's file manager, "
-         "and try again.",
-         "gvfs benutzt das Telefon. Beenden Sie es oder hängen Sie das Telefon im Dateimanager des "
-         "Desktops aus, und versuchen Sie es noch einmal."},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);

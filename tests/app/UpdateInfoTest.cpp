@@ -58,14 +58,6 @@ TEST(UpdateManifest, handEditedManifestsStillTellTheVersion) {
     }
 }
 
-TEST(UpdateManifest, withoutAVersionThereIsNothing) {
-    for (const QByteArray& body :
-         {QByteArray(), QByteArray("{}"), QByteArray("[]"), QByteArray("<html>404</html>"),
-          QByteArray(R"({"version": ""})"), QByteArray(R"({"version": 2})"),
-          QByteArray("\xff\xfe\0\0", 4), QByteArray(100'000, '['), QByteArray(50'000, '\n')})
-        EXPECT_EQ(parseUpdateManifest(body), std::nullopt) << body.left(20).toStdString();
-}
-
 TEST(Versions, digitsCompareAsNumbers) {
     const std::pair<const char*, const char*> rows[] = {
         {"1.10", "1.9"},

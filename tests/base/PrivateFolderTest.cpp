@@ -107,20 +107,6 @@ TEST_F(PrivateFolderTest, placesOfOtherUsersArePassedOver) {
     EXPECT_EQ(disk.names(u"theirs"_s), QStringList());
 }
 
-TEST_F(PrivateFolderTest, scratchFoldersGoWithTheirObject) {
-    const PrivateFolder ours(disk.path(), u"ours"_s);
-    {
-        const ScratchFolder one(ours);
-        const ScratchFolder other(ours);
-        EXPECT_NE(one.path(), other.path());
-        EXPECT_EQ(permissions(one.path()), 0700U);
-        const QString name = disk.names(u"ours"_s).constFirst();
-        disk.write(u"ours/"_s + name + u"/deep/file"_s, "content");
-        EXPECT_EQ(disk.names(u"ours"_s).size(), 2);
-    }
-    EXPECT_EQ(disk.names(u"ours"_s), QStringList());
-}
-
 TEST_F(PrivateFolderTest, scratchFoldersOfEndedProgramsAreRemovedOnceTheyAreOld) {
     const PrivateFolder ours(disk.path(), u"ours"_s);
     const ScratchFolder running(ours);

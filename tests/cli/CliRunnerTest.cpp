@@ -275,21 +275,6 @@ TEST_F(CliRunnerTest, whatIsLeftOutOfAFolderIsNamedAndFails) {
     EXPECT_EQ(result.json().object().value(u"skipped"_s).toArray().size(), 1);
 }
 
-TEST_F(CliRunnerTest, putMakeMoveAndRemoveChangeThePhone) {
-    const QString local = folder_.write(u"new.txt"_s, "fresh");
-    EXPECT_EQ(run(Command::makeFolder, {u"/Docs"_s}).status, CliRunner::done);
-    EXPECT_EQ(run(Command::put, {u"/Docs"_s}, local).status, CliRunner::done);
-    EXPECT_EQ(phone_.content(u"Docs/new.txt"_s), "fresh");
-    EXPECT_EQ(run(Command::put, {u"/Nowhere"_s}, local).status, CliRunner::failed);
-
-    EXPECT_EQ(run(Command::move, {u"/Docs/new.txt"_s, u"b.txt"_s}).status, CliRunner::done);
-    EXPECT_EQ(run(Command::move, {u"/Docs/b.txt"_s, u"/DCIM"_s}).status, CliRunner::done);
-    EXPECT_EQ(phone_.content(u"DCIM/b.txt"_s), "fresh");
-
-    EXPECT_EQ(run(Command::remove, {u"/Docs"_s, u"/big.bin"_s}).status, CliRunner::done);
-    EXPECT_EQ(phone_.names(), QStringList(u"DCIM"_s));
-}
-
 TEST_F(CliRunnerTest, unpluggingAtAnyPointIsSaidInOneLineWithTheNextStep) {
     const QString target = folder_.path(u"big.bin"_s);
     unsigned phase = 1;

@@ -58,28 +58,10 @@ TEST(CommandLine, wrongUsageSaysSo) {
 }
 
 TEST(CommandLine, emptyWordOfAScriptIsWrongUsage) {
-    for (const char* line : {"get P '' x",
-                             "get P /DCIM ''",
-                             "put P x ''",
-                             "put P '' /DCIM",
-                             "mv P /a ''",
-                             "mv P '' /b",
-                             "rm P ''",
-                             "rm P /a ''",
-                             "rm '' /a",
-                             "mkdir P ''",
-                             "ls '' /",
-                             "ls P ''",
-                             "find P ''",
-                             "find P a ''",
-                             "mount P ''",
-                             "import P ''",
-                             "import P '' --dry-run",
-                             "sync P '' /Music --mode both --dry-run",
-                             "sync P x '' --mode both",
-                             "ls --app '' P",
-                             "sync P x /Music --mode both --exclude ''",
-                             "--demo-folder '' rm P /a"})
+    for (const char* line :
+         {"get P '' x", "put P '' /DCIM", "mv P /a ''", "rm P /a ''", "rm '' /a", "ls P ''",
+          "find P a ''", "mount P ''", "import P '' --dry-run", "sync P x '' --mode both",
+          "ls --app '' P", "sync P x /Music --mode both --exclude ''", "--demo-folder '' rm P /a"})
         EXPECT_FALSE(request(line)) << line;
 }
 

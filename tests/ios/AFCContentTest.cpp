@@ -1,11 +1,9 @@
 #include "ios/files/AFCFileSystem.h"
 
 #include "base/local/PartFile.h"
-#include "base/threads/CancellationError.h"
 #include "support/IPhoneFiles.h"
 #include "support/ManyBytes.h"
 #include "support/QtPrinters.h"
-#include "support/Soon.h"
 
 #include <QFile>
 #include <QTimeZone>
@@ -195,8 +193,8 @@ TEST_F(AFCContentTest, othersUseThePhoneWhileALargeFileCrosses) {
             QByteArray arrived;
             const std::string error = errorOf([&] {
                 if (isUpload)
-                    files_.write({u"/"_s, large, content.size(), {}},
-                                 IPhoneFiles::sourceOf(content, meet), {}, call);
+                    files_.write({u"/"_s, large, content.size(), {}}, sourceOf(content, meet), {},
+                                 call);
                 else
                     files_.read(
                         seen, {},

@@ -10,14 +10,11 @@
 #include <gmock/gmock.h>
 #include <unistd.h>
 
-#include <thread>
-
 namespace tessary {
 namespace {
 
 using namespace std::chrono_literals;
 using namespace Qt::StringLiterals;
-using testing::HasSubstr;
 using testing::StartsWith;
 
 const QDateTime someDate(QDate(2021, 3, 4), QTime(5, 6, 7, 89), QTimeZone::utc());

@@ -56,7 +56,7 @@ const Operation operations[] = {
      [](auto& phone) {
          phone.files.append(listed(u"a"_s, false), size / 2,
                             {u"/"_s, u"a"_s, size, QDateTime::currentDateTime(), true},
-                            IPhoneFiles::sourceOf(manyBytes(size).mid(size / 2)), {}, {});
+                            sourceOf(manyBytes(size).mid(size / 2)), {}, {});
      }},
     {"read", "fileOpen fileRead fileClose",
      [](auto& phone) { phone.files.read(listed(u"a"_s, false), {}, [](ByteView) {}, {}); }},
@@ -166,7 +166,7 @@ TEST(AFCReplug, whereverAnAppendIsCutThePartIsABeginningOfTheFileAndIsGoneOnWith
     const auto append = [&] {
         return errorOf([&] {
             iphone.files.append(iphone.item(u"/a"_s), kept, {u"/"_s, u"a"_s, size, {}, true},
-                                IPhoneFiles::sourceOf(whole.mid(kept)), {}, {});
+                                sourceOf(whole.mid(kept)), {}, {});
         });
     };
     for (const auto direction : {VirtualDirection::toPhone, VirtualDirection::toHost})

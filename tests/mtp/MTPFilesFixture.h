@@ -1,16 +1,15 @@
 #pragma once
 
-#include "base/threads/CancellationError.h"
 #include "mtp/files/MTPFileReader.h"
 #include "mtp/files/MTPFileSystem.h"
 #include "mtp/files/MTPPieceWriter.h"
+#include "support/CodeOf.h"
+#include "support/FileBytes.h"
 #include "support/ManyBytes.h"
 #include "support/PluggedPhone.h"
 #include "support/QtPrinters.h"
 
 #include <gmock/gmock.h>
-
-#include <algorithm>
 
 namespace tessary {
 
@@ -44,26 +43,7 @@ protected:
         return names;
     }
     QByteArray read(const FileItem& file, ByteRange range = {}, const Call& call = {}) {
-        QByteArray bytes;
-        const qint64 count = files_.read(
-            file, range,
-            [&](ByteView more) {
-                bytes.append(reinterpret_cast<const char*>(more.data()),
-                             static_cast<qsizetype>(more.size()));
-            },
-            call);
-        EXPECT_EQ(count, bytes.size());
-        return bytes;
-    }
-    static ByteSource sourceOf(const QByteArray& content) {
-        return [content, at = qsizetype{0}](std::span<std::byte> buffer) mutable {
-            const auto count =
-                std::min(buffer.size(), static_cast<std::size_t>(content.size() - at));
-            std::copy_n(reinterpret_cast<const std::byte*>(content.constData()) + at, count,
-                        buffer.begin());
-            at += static_cast<qsizetype>(count);
-            return count;
-        };
+        return readBytes(files_, file, range, call);
     }
     FileItem write(const char* folder, const QString& name, const QByteArray& content,
                    const ByteProgress& progress = {}, const Call& call = {}) {
@@ -80,19 +60,6 @@ protected:
     void replug() {
         phone().android.unplug();
         ASSERT_NE(phone().android.plugInto(bus_), 0U);
-    }
-
-    /// The code of the Error that `work` ends with; "" when it ends well.
-    template <typename Work>
-    static std::string codeOf(Work work) {
-        try {
-            work();
-        } catch (const Error& error) {
-            return error.code().name();
-        } catch (const CancellationError&) {
-            return "cancelled";
-        }
-        return {};
     }
 
     VirtualUSBBus bus_;

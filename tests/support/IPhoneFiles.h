@@ -1,11 +1,10 @@
 #pragma once
 
 #include "ios/files/AFCFileSystem.h"
+#include "support/FileBytes.h"
 #include "support/PluggedIPhone.h"
 
 #include <QStringList>
-
-#include <algorithm>
 
 namespace tessary {
 
@@ -44,29 +43,8 @@ public:
         return files.write(
             file, sourceOf(content), [this](qint64 done) { progress.push_back(done); }, call);
     }
-    /// A source of these bytes; `drawn` is told how many of them were.
-    [[nodiscard]] static ByteSource sourceOf(const QByteArray& content,
-                                             std::function<void(qint64)> drawn = {}) {
-        return [content, drawn = std::move(drawn),
-                at = qsizetype{0}](std::span<std::byte> room) mutable {
-            const auto count = std::min(static_cast<qsizetype>(room.size()), content.size() - at);
-            std::copy_n(content.constData() + at, count, reinterpret_cast<char*>(room.data()));
-            at += count;
-            if (drawn)
-                drawn(at);
-            return static_cast<std::size_t>(count);
-        };
-    }
     [[nodiscard]] QByteArray get(const QString& path, ByteRange range = {}, const Call& call = {}) {
-        QByteArray content;
-        const qint64 count = files.read(
-            item(path), range,
-            [&](ByteView bytes) {
-                content.append(reinterpret_cast<const char*>(bytes.data()),
-                               static_cast<qsizetype>(bytes.size()));
-            },
-            call);
-        return count == content.size() ? content : QByteArray("a wrong count");
+        return readBytes(files, item(path), range, call);
     }
 
     std::shared_ptr<PhoneQueue> queue;

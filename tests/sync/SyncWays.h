@@ -74,6 +74,28 @@ protected:
         EXPECT_EQ(hereFiles(), before);
     }
 
+    /// For a run that is to break off somewhere.
+    void prepareManyChanges() {
+        flushes_ = false;
+        clear();
+        here(QStringLiteral("old"), "old");
+        (void)goodRun();
+        here(QStringLiteral("old"), "old, edited", 50);
+        here(QStringLiteral("up"), QByteArray(3000, 'u'));
+        onPhone(QStringLiteral("down"), QByteArray(3000, 'd'));
+        here(QStringLiteral("both"), "one");
+        onPhone(QStringLiteral("both"), "another");
+    }
+    /// A run in peace brings them all across.
+    void expectManyChanges() {
+        (void)goodRun();
+        EXPECT_EQ(hereFiles(), phoneFiles());
+        for (const QByteArray& content :
+             {QByteArray(3000, 'u'), QByteArray(3000, 'd'), QByteArray("one"),
+              QByteArray("another"), QByteArray("old, edited")})
+            EXPECT_TRUE(holds(content)) << content.left(8).constData();
+    }
+
     SyncPair pair_;
     bool confirms_ = true;
     bool flushes_ = true; ///< waits for this computer's disk

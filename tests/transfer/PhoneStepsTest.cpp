@@ -6,6 +6,7 @@
 #include "adb/direct/ADBTCPTransport.h"
 #include "platform/keys/FileKeyStore.h"
 #include "support/CodeOf.h"
+#include "support/FileBytes.h"
 #include "support/Soon.h"
 
 #include <gmock/gmock.h>
@@ -72,23 +73,13 @@ protected:
     [[nodiscard]] FileItem item(const QString& path) {
         return require(files_, end_->at(path), {});
     }
-    static ByteSource sourceOf(const QByteArray& content) {
-        return IPhoneFiles::sourceOf(content);
-    }
     FileItem write(const QString& folder, const QString& name, const QByteArray& content,
                    std::optional<QDateTime> date = {}) {
         return files_.write({end_->at(folder), name, content.size(), std::move(date)},
                             sourceOf(content), {}, {});
     }
     [[nodiscard]] QByteArray read(const FileItem& file, ByteRange range = {}) {
-        QByteArray content;
-        const ByteSink sink = [&](ByteView bytes) {
-            content.append(reinterpret_cast<const char*>(bytes.data()),
-                           static_cast<qsizetype>(bytes.size()));
-        };
-        const qint64 count = files_.read(file, range, sink, {});
-        EXPECT_EQ(count, content.size());
-        return content;
+        return readBytes(files_, file, range);
     }
     /// The code that a step ends with. This computer's disk calls some by other names.
     static std::string endOf(const std::function<void()>& work) {

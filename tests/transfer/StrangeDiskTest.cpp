@@ -1,4 +1,4 @@
-#include "support/StrangeDisk.h"
+#include "support/DiskFaults.h"
 
 #include "platform/settings/JsonUserDefaults.h"
 #include "support/CodeOf.h"
@@ -123,37 +123,6 @@ TEST_F(StrangeDiskTest, aFullDiskEndsTheCopyAndKeepsNoPart) {
         EXPECT_TRUE(outcome.failure->is(LocalError::full)) << outcome.failure->what();
         EXPECT_EQ(disk->names(), QStringList{s("a")});
         disk.reset();
-    }
-}
-
-/// Something that uses the disk, and what has to hold however it went.
-struct DiskUse {
-    std::function<void()> prepare;
-    std::function<void()> run;
-    std::function<void()> check;
-    std::vector<int> errors{EIO, ENOSPC, EDQUOT, EACCES, EROFS, EMFILE, ENOMEM};
-    int leastRequests = 20;
-};
-
-/// Each of its requests to the disk fails once, in each way.
-void expectToStandFaults(StrangeDisk& disk, const DiskUse& use) {
-    for (const int error : use.errors) {
-        int failing = 1;
-        for (bool hasFailed = true; hasFailed; ++failing) {
-            SCOPED_TRACE(QStringLiteral("%1 at request %2")
-                             .arg(QLatin1StringView(::strerrorname_np(error)))
-                             .arg(failing)
-                             .toStdString());
-            use.prepare();
-            disk.failRequest(failing, error);
-            use.run();
-            hasFailed = disk.requests() >= failing;
-            disk.failRequest(0, 0);
-            use.check();
-            if (testing::Test::HasFailure())
-                return;
-        }
-        EXPECT_GT(failing, use.leastRequests);
     }
 }
 
