@@ -2,7 +2,7 @@
 // over MTP, the real adb server and the real library for iPhones: a film is copied and read through
 // a mount by turns, the shortest of some rounds; a folder of ten thousand files is listed, copied
 // and compared; a video is opened in its middle; fifty readers are killed, and fifty lose their
-// phone. The film's size in MiB may be given.
+// phone. The film's size in MiB may be given, and "film" behind it for the film alone.
 
 #include "transfer/PhoneSides.h"
 #include "transfer/copy/FileCopy.h"
@@ -17,6 +17,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <functional>
+#include <string_view>
 #include <thread>
 #include <vector>
 
@@ -151,9 +152,9 @@ bool unplugUnderReaders(PhoneSide& phone, const QString& top) {
     return haveErrors;
 }
 
-int measure(qint64 mebibytes) {
+int measure(qint64 mebibytes, bool filmAlone) {
     constexpr int files = 10'000;
-    const QByteArray video = makeVideo();
+    const QByteArray video = filmAlone ? QByteArray() : makeVideo();
     const std::pair<const char*, std::unique_ptr<PhoneSide> (*)()> ways[] = {
         {"MTP", overMTP}, {"adb", overADB}, {"iPhone", overAFC}};
     for (const auto& [name, make] : ways) {
@@ -164,6 +165,8 @@ int measure(qint64 mebibytes) {
         phone->putSparse(u"film"_s, mebibytes << 20);
         if (!compareReading(*phone, top, mebibytes))
             return EXIT_FAILURE;
+        if (filmAlone)
+            continue;
         for (int n = 0; n < files; ++n)
             phone->put(u"many/%1.jpg"_s.arg(n), "jpeg", noon);
         if (!video.isEmpty())
@@ -184,5 +187,6 @@ int measure(qint64 mebibytes) {
 
 int main(int argc, char* argv[]) {
     constexpr qint64 usual = 1024;
-    return tessary::measure(argc > 1 ? std::strtoll(argv[1], nullptr, 10) : usual);
+    return tessary::measure(argc > 1 ? std::strtoll(argv[1], nullptr, 10) : usual,
+                            argc > 2 && std::string_view(argv[2]) == "film");
 }

@@ -184,36 +184,6 @@ ADBDShellResult findLarge(ADBDState& state, const Words& words) {
     return all;
 }
 
-/// The value of "NAME=value"; no value when the word is another one.
-std::optional<std::string> operand(const std::string& word, std::string_view name) {
-    if (!word.starts_with(std::string(name) + '='))
-        return std::nullopt;
-    return word.substr(name.size() + 1);
-}
-
-/// `dd if=FILE bs=BYTES skip=BLOCKS [count=BLOCKS]`
-ADBDShellResult copyBlocks(ADBDState& state, const Words& words) {
-    const auto path = operand(words[1], "if");
-    const auto size = operand(words[2], "bs");
-    const auto skip = operand(words[3], "skip");
-    const auto count = words.size() > 4 ? operand(words[4], "count") : std::string("1000000");
-    if (!path || !size || !skip || !count)
-        return failed("dd: bad operands");
-    const auto local = ADBDFiles(state.config).resolve(*path);
-    std::ifstream file(local.value_or("/nowhere"), std::ios::binary);
-    if (!file || std::filesystem::is_directory(*local))
-        return failed("dd: " + *path + ": " + reason(ENOENT));
-    const std::int64_t block = std::atoll(size->c_str());
-    file.seekg(block * std::atoll(skip->c_str()));
-    std::string text;
-    std::string piece(static_cast<std::size_t>(block), '\0');
-    for (std::int64_t n = std::atoll(count->c_str()); n > 0 && file; --n) {
-        file.read(piece.data(), block);
-        text.append(piece, 0, static_cast<std::size_t>(file.gcount()));
-    }
-    return {text, "1+0 records in\n1+0 records out\n", 0};
-}
-
 /// `[toybox] sha256sum FILE`
 ADBDShellResult hash(ADBDState& state, const Words& words) {
     const std::string& path = words.back();
@@ -309,8 +279,6 @@ constexpr std::array knownCommands{
     Known{{"mv", "-n", ""}, 4, &move},
     Known{{"mv", "-n", ""}, 0, &moveInto},
     Known{{"find", "", "-maxdepth"}, 9, &findLarge},
-    Known{{"dd", "", ""}, 5, &copyBlocks},
-    Known{{"dd", "", ""}, 4, &copyBlocks},
     Known{{"sha256sum", "", ""}, 2, &hash},
     Known{{"toybox", "sha256sum", ""}, 3, &hash},
     Known{{"TZ=UTC0", "touch", "-m"}, 6, &touch},

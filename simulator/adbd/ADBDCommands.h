@@ -16,9 +16,9 @@ struct ADBDShellResult {
     int status = 0;
 };
 
-/// Runs one command of a virtual phone, by its words: ls, stat, mkdir, rm, rmdir, mv, find, dd,
+/// Runs one command of a virtual phone, by its words: ls, stat, mkdir, rm, rmdir, mv, find,
 /// sha256sum, touch, sm, dumpsys battery, getprop and echo, each exactly in the forms that are
-/// asked of real phones. No value for any other. Starts no program. See ADBDInput, too.
+/// asked of real phones. No value for any other. Starts no program. See ADBDBlocks, too.
 [[nodiscard]] std::optional<ADBDShellResult> runADBDCommand(ADBDState& state,
                                                             const std::vector<std::string>& words);
 

@@ -11,6 +11,9 @@ namespace {
 
 using Words = std::vector<std::string>;
 
+constexpr std::uint8_t standardOutput = 1; ///< a packet's kind
+constexpr std::size_t largestPacket = 32768;
+
 constexpr std::string_view special = "$`*?|<>()#~!{}[]\"\n\r&;";
 
 /// Puts a command's errors among its output.
@@ -129,7 +132,7 @@ ADBDShell::ADBDShell(ADBDState& state, const std::string& line, bool isVersion2)
     if (isInteractive_)
         return;
     const int status = runLine(line);
-    if (isVersion2 && !input_)
+    if (isVersion2 && !blocks_)
         appendStatus(status);
 }
 
@@ -143,10 +146,10 @@ int ADBDShell::runLine(const std::string& line) {
     } else {
         const auto commands = parseADBDCommandLine(line);
         if (commands && commands->size() == 1 && isVersion2_ && !isInteractive_)
-            input_ = ADBDInput::of(state_, commands->front().words);
-        if (input_) {
-            if (input_->hasFailed())
-                endInput();
+            blocks_ = ADBDBlocks::of(state_, commands->front().words);
+        if (blocks_) {
+            if (blocks_->hasFailed())
+                endBlocks();
             return 0;
         }
         result = runADBDCommandLine(state_, line, !isVersion2_);
@@ -162,11 +165,10 @@ void ADBDShell::appendResult(const ADBDShellResult& result) {
         output_.insert(output_.end(), data, data + text.size());
         return;
     }
-    constexpr std::uint8_t standardOutput = 1;
     constexpr std::uint8_t standardError = 2;
-    constexpr std::size_t piece = 32768;
-    for (std::size_t at = 0; at < result.output.size(); at += piece)
-        appendPacket(output_, standardOutput, std::string_view(result.output).substr(at, piece));
+    for (std::size_t at = 0; at < result.output.size(); at += largestPacket)
+        appendPacket(output_, standardOutput,
+                     std::string_view(result.output).substr(at, largestPacket));
     if (!result.errors.empty())
         appendPacket(output_, standardError, result.errors);
 }
@@ -181,7 +183,7 @@ void ADBDShell::appendStatus(int status) {
 void ADBDShell::receive(ByteView bytes) {
     constexpr std::size_t frontSize = 5;
     constexpr std::size_t longestLine = 64 * 1024;
-    if ((!isInteractive_ && !input_) || isOver_)
+    if ((!isInteractive_ && !blocks_) || isPrinting() || isOver_)
         return;
     in_.insert(in_.end(), bytes.begin(), bytes.end());
     std::size_t taken = 0;
@@ -210,11 +212,11 @@ void ADBDShell::takeInput(std::byte kind, ByteView content) {
     if (isOver_ || (kind != standardInput && kind != endOfInput))
         return;
     const bool isEnd = kind == endOfInput;
-    if (input_) {
+    if (blocks_) {
         if (!isEnd)
-            input_->take(content);
-        if (isEnd || input_->hasFailed())
-            endInput();
+            blocks_->take(content);
+        if (isEnd || blocks_->hasFailed())
+            endBlocks();
     } else if (isEnd) {
         isOver_ = true;
     } else {
@@ -222,13 +224,21 @@ void ADBDShell::takeInput(std::byte kind, ByteView content) {
     }
 }
 
-void ADBDShell::endInput() {
-    appendResult(input_->result());
-    appendStatus(input_->result().status);
+void ADBDShell::endBlocks() {
+    appendResult(blocks_->result());
+    appendStatus(blocks_->result().status);
     isOver_ = true;
 }
 
 Bytes ADBDShell::produce(std::size_t most) {
+    while (isPrinting() &&
+           (output_.empty() || (sent_ == 0 && output_.size() + largestPacket <= most))) {
+        const std::string piece = blocks_->next(largestPacket);
+        if (piece.empty())
+            endBlocks();
+        else
+            appendPacket(output_, standardOutput, piece);
+    }
     const std::size_t count = std::min(most, output_.size() - sent_);
     const auto begin = output_.begin() + static_cast<std::ptrdiff_t>(sent_);
     Bytes bytes(begin, begin + static_cast<std::ptrdiff_t>(count));
@@ -241,7 +251,7 @@ Bytes ADBDShell::produce(std::size_t most) {
 }
 
 bool ADBDShell::isOver() const {
-    return output_.empty() && ((!isInteractive_ && !input_) || isOver_);
+    return output_.empty() && ((!isInteractive_ && !blocks_) || isOver_);
 }
 
 } // namespace tessary

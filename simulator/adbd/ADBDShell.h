@@ -1,7 +1,7 @@
 #pragma once
 
+#include "simulator/adbd/ADBDBlocks.h"
 #include "simulator/adbd/ADBDCommands.h"
-#include "simulator/adbd/ADBDInput.h"
 #include "simulator/adbd/ADBDService.h"
 #include "simulator/adbd/VirtualADBD.h"
 
@@ -29,7 +29,7 @@ parseADBDCommandLine(const std::string& line);
 
 /// The shell service: a command line whose output goes to the host, in version 2 as packets (u8
 /// kind, u32 length, bytes) with the exit status at the end. Without a line, version 2 runs those
-/// that the host sends; ADBDInput gets what the host sends.
+/// that the host sends; ADBDBlocks works as it sends or takes.
 class ADBDShell : public ADBDService {
 public:
     ADBDShell(ADBDState& state, const std::string& line, bool isVersion2);
@@ -42,15 +42,18 @@ private:
     [[nodiscard]] int runLine(const std::string& line);
     void appendResult(const ADBDShellResult& result);
     void takeInput(std::byte kind, ByteView content);
-    void endInput();
+    void endBlocks();
+    [[nodiscard]] bool isPrinting() const {
+        return blocks_ && blocks_->isPrinting() && !isOver_;
+    }
     void appendStatus(int status);
 
     ADBDState& state_;
     const bool isVersion2_;
-    const bool isInteractive_;       ///< lines come from the host
-    std::optional<ADBDInput> input_; ///< the command that reads
-    Bytes in_;                       ///< a packet that is not complete
-    std::string line_;               ///< one that is not
+    const bool isInteractive_;         ///< lines come from the host
+    std::optional<ADBDBlocks> blocks_; ///< the command that moves content
+    Bytes in_;                         ///< a packet that is not complete
+    std::string line_;                 ///< one that is not
     int lastStatus_ = 0;
     bool isOver_ = false;
     Bytes output_;

@@ -93,6 +93,9 @@ TEST_P(PhoneMountTest, programsSeeAndCopyWhatIsThere) {
     EXPECT_EQ(phone.memory->count(Operation::list), 0); // nothing before somebody looks
     const QString copy = disk.path(s("copy"));
     ASSERT_TRUE(succeeds(s("cp"), {s("-rp"), top, copy}));
+    // In a few requests: each costs a phone more than its bytes, over adb a process.
+    EXPECT_LE(phone.memory->count(Operation::read), 15);
+    EXPECT_LE(phone.memory->bytes(Operation::read), long_.size() + 2);
     EXPECT_EQ(disk.read(s("copy/film")), long_);
     EXPECT_EQ(disk.read(s("copy/d/a.txt")), "a");
     EXPECT_EQ(disk.read(s("copy/d/e/b")), "b");

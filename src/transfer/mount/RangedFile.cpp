@@ -14,9 +14,10 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr qint64 blockSize = 256 * 1024;
-constexpr qint64 longestRun = 16; // blocks
-constexpr qint64 mostAhead = 32;  // blocks before the one that is read
-constexpr auto glance = 100ms;    // a reader that was killed is let go this soon
+constexpr qint64 longestRun = 16;  // blocks
+constexpr qint64 longestCopy = 48; // blocks, for who reads as fast as they come
+constexpr qint64 mostAhead = 16;   // blocks before the one that is read, when the next run begins
+constexpr auto glance = 100ms;     // a reader that was killed is let go this soon
 
 [[noreturn]] void fail(int error) {
     throw std::system_error(error, std::generic_category());
@@ -35,7 +36,7 @@ void RangedFile::stop() {
     const std::scoped_lock lock(mutex_);
     isStopped_ = true;
     thread_.request_stop();
-    changed_.notify_all();
+    arrived_.notify_all();
 }
 
 qint64 RangedFile::blockCount() const {
@@ -59,11 +60,12 @@ std::size_t RangedFile::read(qint64 offset, std::span<std::byte> into,
                 fail(EIO);
             if (isGivenUp())
                 fail(EINTR);
+            isWaiting_ = true;
             const bool isComing = running_ && running_->has(number);
             if (!isComing && std::find(wanted_.begin(), wanted_.end(), number) == wanted_.end())
                 wanted_.push_back(number);
-            changed_.notify_all();
-            changed_.wait_for(lock, glance);
+            asked_.notify_one();
+            arrived_.wait_for(lock, glance);
             continue;
         }
         block->second.lastUse = ++uses_;
@@ -79,13 +81,25 @@ std::size_t RangedFile::read(qint64 offset, std::span<std::byte> into,
         done += count;
         offset += static_cast<qint64>(count);
     }
-    changed_.notify_all(); // there may be something to fetch ahead
+    if (isDueAhead())
+        asked_.notify_one();
     return done;
+}
+
+/// Whether to fetch what nobody has asked for: only behind who has read on already, and not far
+/// ahead of him.
+bool RangedFile::isDueAhead() const {
+    const qint64 ahead = last_.first + last_.count - lastRead_;
+    return last_.count >= 2 && ahead > 0 && ahead <= mostAhead;
 }
 
 /// What to fetch next: what somebody waits for, else what the one who reads on will want.
 std::optional<RangedFile::Run> RangedFile::nextRun() {
     const qint64 end = last_.first + last_.count;
+    // A request costs a phone more than its bytes, and others wait for their turn meanwhile: only
+    // a copy is worth long ones. What is played is there before it is asked for.
+    const qint64 longest = isWaiting_ && last_.count >= longestRun ? longestCopy : longestRun;
+    const qint64 longer = std::min(last_.count * 2, longest);
     Run next;
     while (!wanted_.empty() && blocks_.contains(wanted_.front()))
         wanted_.pop_front();
@@ -93,13 +107,11 @@ std::optional<RangedFile::Run> RangedFile::nextRun() {
         const qint64 block = wanted_.front();
         wanted_.pop_front();
         const bool readsOn = last_.count > 0 && block >= end && block <= end + 1;
-        next = readsOn ? Run{end, std::min(last_.count * 2, longestRun)} : Run{block, 1};
+        next = readsOn ? Run{end, longer} : Run{block, 1};
     } else {
-        // Only behind who has read on already, and not far ahead of him.
-        const qint64 ahead = end - lastRead_;
-        if (last_.count < 2 || ahead <= 0 || ahead > mostAhead)
+        if (!isDueAhead())
             return std::nullopt;
-        next = {end, std::min(last_.count * 2, longestRun)};
+        next = {end, longer};
     }
     // What is there already is not fetched again.
     while (next.count > 0 && blocks_.contains(next.first)) {
@@ -121,9 +133,10 @@ void RangedFile::work(const std::stop_token& stop) {
     std::unique_lock lock(mutex_);
     while (!stop.stop_requested()) {
         std::optional<Run> next;
-        if (!changed_.wait(lock, stop, [&] { return (next = nextRun()).has_value(); }))
+        if (!asked_.wait(lock, stop, [&] { return (next = nextRun()).has_value(); }))
             return;
         running_ = next;
+        isWaiting_ = false;
         lock.unlock();
         std::optional<Error> failure;
         try {
@@ -140,7 +153,7 @@ void RangedFile::work(const std::stop_token& stop) {
             ++failures_;
             wanted_.clear();
         }
-        changed_.notify_all();
+        arrived_.notify_all();
         if (failure) {
             lock.unlock();
             failed_(item_, *failure);
@@ -172,7 +185,8 @@ void RangedFile::fetch(const Run& run, const std::stop_token& stop) {
             }
         }
     };
-    files_->read(item_, {offset, length}, add, stop);
+    files_->read(item_, {offset, length}, add,
+                 {stop, run.count > longestRun ? Urgency::copy : Urgency::user});
     if (arrived < length)
         throw Error(PhoneError::wrongSize, {item_.path, arrived, length});
 }
@@ -185,7 +199,7 @@ void RangedFile::keep(qint64 number, Bytes bytes) {
                                        [](const auto& one, const auto& other) {
                                            return one.second.lastUse < other.second.lastUse;
                                        }));
-    changed_.notify_all();
+    arrived_.notify_all();
 }
 
 } // namespace tessary

@@ -17,7 +17,7 @@ namespace tessary {
 class RangedFile final : public MountedFile {
 public:
     /// Bytes of a file that are kept at most.
-    static constexpr qint64 mostKept = qint64{16} * 1024 * 1024;
+    static constexpr qint64 mostKept = qint64{20} * 1024 * 1024;
 
     RangedFile(std::shared_ptr<PhoneFileSystem> files, FileItem item, Failed failed);
     /// Ends what is being fetched.
@@ -42,6 +42,7 @@ private:
         }
     };
 
+    [[nodiscard]] bool isDueAhead() const;
     void work(const std::stop_token& stop);
     [[nodiscard]] std::optional<Run> nextRun();
     void fetch(const Run& run, const std::stop_token& stop);
@@ -52,13 +53,15 @@ private:
     const FileItem item_;
     const Failed failed_;
 
-    std::mutex mutex_; ///< guards all below
-    std::condition_variable_any changed_;
+    std::mutex mutex_;                  ///< guards all below
+    std::condition_variable arrived_;   ///< for readers: a block came, or none will
+    std::condition_variable_any asked_; ///< for the thread: there may be something to fetch
     std::map<qint64, Block> blocks_;
     std::deque<qint64> wanted_; ///< blocks, in the order of asking
     std::optional<Run> running_;
-    Run last_{};           ///< the run that was fetched last
-    qint64 lastRead_ = -1; ///< the block that was read last
+    Run last_{};             ///< the run that was fetched last
+    qint64 lastRead_ = -1;   ///< the block that was read last
+    bool isWaiting_ = false; ///< somebody waited for a block since the last run began
     std::uint64_t uses_ = 0;
     std::uint64_t failures_ = 0;
     bool isStopped_ = false;
