@@ -23,7 +23,7 @@ const std::map<std::string, std::vector<std::string>> arrows = {
     {"base/log", {"base/text"}},
     {"base/threads", {}},
     {"base/hash", {"base/values"}},
-    {"base/local", {"base/values"}},
+    {"base/local", {"base/log", "base/values"}},
     {"platform/net", {"base/local", "base/threads"}},
     {"platform/process", {"base/local"}},
     {"platform/sandbox", {"base/local", "base/values"}},
