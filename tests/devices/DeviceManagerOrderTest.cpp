@@ -137,13 +137,11 @@ TEST_F(DeviceManagerOrderTest, slowScanDoesNotBringBackWhatWasUnplugged) {
 
 TEST_F(DeviceManagerOrderTest, withoutAPhoneNothingIsReadOrStartedAgainAndAgain) {
     listen();
-    ASSERT_TRUE(eventually([&] { return inquiry_->conflictQuestions_ > 0; }));
     turnFor(200ms);
     const int scans = scripted_.scanCount_;
-    const int questions = inquiry_->conflictQuestions_;
     turnFor(5500ms); // polls of the list and of the figures
     EXPECT_EQ(scripted_.scanCount_, scans);
-    EXPECT_EQ(inquiry_->conflictQuestions_, questions);
+    EXPECT_EQ(inquiry_->conflictQuestions_, 0) << "about programs that hold a phone";
 }
 
 TEST_F(DeviceManagerOrderTest, lateAnswerIsNotTakenForADeviceThatWasReplugged) {

@@ -56,14 +56,7 @@ DeviceManager::DeviceManager(DeviceSources sources, std::shared_ptr<DeviceProbe>
                 refreshStorageInfo({device});
     });
     connect(&storageTimer_, &QTimer::timeout, this, [this] {
-        // A child process costs more than all else here: not at each poll of the list, and not
-        // without a phone that another program could hold.
-        const bool hasAndroid =
-            std::any_of(devices_.begin(), devices_.end(), [](const DeviceInfo& one) {
-                return one.platform == DevicePlatform::android;
-            });
-        if (hasAndroid || hasUSBConflict_)
-            checkConflict();
+        checkConflict(); // not at each poll of the list
         // An iPhone is asked by a process and a handshake of its own each time, and whoever clicks
         // meanwhile waits for that: once its figures are known they may be a minute old.
         const bool isMinute = ++storageRounds_ % roundsOfIPhones == 0;
@@ -322,7 +315,10 @@ void DeviceManager::carryOverDetails(DeviceInfo& fresh) const {
 void DeviceManager::publish(std::vector<DeviceInfo> devices) {
     if (devices == devices_)
         return;
+    const bool couldBeHeld = hasAndroid();
     devices_ = std::move(devices);
+    if (!couldBeHeld && hasAndroid())
+        checkConflict();
     if (details_.size() >= rememberedDevices)
         details_.clear();
     for (const DeviceInfo& device : devices_)
@@ -340,8 +336,16 @@ void DeviceManager::setTrouble(const QString& id, const std::optional<DeviceTrou
     Q_EMIT troubleChanged(id);
 }
 
+bool DeviceManager::hasAndroid() const {
+    return std::any_of(devices_.begin(), devices_.end(), [](const DeviceInfo& one) {
+        return one.platform == DevicePlatform::android;
+    });
+}
+
+/// By a child process, which costs more than all else here: not without a phone that another
+/// program could hold.
 void DeviceManager::checkConflict() {
-    if (isCheckingConflict_)
+    if (isCheckingConflict_ || (!hasAndroid() && !hasUSBConflict_))
         return;
     isCheckingConflict_ = true;
     runInBackground(

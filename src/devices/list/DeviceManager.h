@@ -119,6 +119,7 @@ private:
     void carryOverDetails(DeviceInfo& fresh) const;
     void publish(std::vector<DeviceInfo> devices);
     void setTrouble(const QString& id, const std::optional<DeviceTrouble>& trouble);
+    [[nodiscard]] bool hasAndroid() const;
     void checkConflict();
     void refreshDetailsForDevices(const std::vector<DeviceInfo>& devices);
     void ask(const DeviceInfo& device);
