@@ -105,6 +105,34 @@ TEST_F(PanesTest, filesOfThisComputerGoToItsTrash) {
     qunsetenv("XDG_DATA_HOME");
 }
 
+TEST_F(PanesTest, aPathThatIsTypedMayLieOutsideOfTheHome) {
+    const QByteArray home = qgetenv("HOME");
+    qputenv("HOME", QFile::encodeName(local_.path(u"here"_s)));
+    local_.write(u"other/deep/far.txt"_s, "far");
+    ASSERT_TRUE(QFile::link(local_.path(u"other"_s), local_.path(u"here/link"_s)));
+    split();
+    const std::tuple<QString, QString, QStringList> rows[] = {
+        // typed, folder, selected
+        {local_.path(u"other"_s), u"other"_s, {}},
+        {local_.path(u"here/link/deep/far.txt"_s), u"other/deep"_s, {u"far.txt"_s}},
+        {local_.path(u"here"_s), u"here"_s, {}},
+        {local_.path(u"none"_s), u"here"_s, {}},
+    };
+    FileBrowserViewModel& browser = pane()->browser();
+    for (const auto& [typed, folder, selected] : rows) {
+        browser.goToTyped(typed, [](bool) {});
+        EXPECT_TRUE(wait([&] {
+            return browser.currentPath() == local_.path(folder) &&
+                   browser.selection().entries().size() ==
+                       static_cast<std::size_t>(selected.size());
+        })) << typed.toStdString();
+    }
+    EXPECT_TRUE(wait([&] {
+        return browser.problem() && browser.problem()->what == BrowserProblem::What::noSuchPath;
+    }));
+    qputenv("HOME", home);
+}
+
 TEST_F(PanesTest, aSecondWindowBeginsWhereTheFirstIsAndGoesAlone) {
     openFolder();
     press(Qt::Key_N, Qt::ControlModifier);

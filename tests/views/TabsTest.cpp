@@ -2,6 +2,7 @@
 #include "WindowFixture.h"
 #include "views/common/WindowStateStore.h"
 #include "views/listing/TranslatedFileModel.h"
+#include "views/window/Panes.h"
 #include "views/window/WindowSession.h"
 
 #include <QDropEvent>
@@ -156,7 +157,11 @@ TEST_F(TabsTest, theyComeBackAsTheyWereMovedAtTheNextStart) {
     ASSERT_TRUE(wait([this] { return titles() == QStringList{u"Trip"_s, u"DCIM"_s}; }));
     press(Qt::Key_PageUp, Qt::ControlModifier);
     EXPECT_TRUE(wait([this] { return isIn(u"/sdcard/DCIM/Trip"_s); })) << "what is shown moved too";
-    window_->openWindow({phone_.info.udid, std::nullopt, u"/sdcard"_s});
+    local_.write(u"beside/a.txt"_s, "a");
+    Panes& other = window_->openWindow({phone_.info.udid, std::nullopt, u"/sdcard"_s}).panes();
+    other.split(local_.path(u"beside"_s));
+    ASSERT_TRUE(wait([&] { return other.localFolder() == local_.path(u"beside"_s); }));
+    defaults_->setValue(LocalPane::folderKey, u"/"_s);
     activate();
     press(Qt::Key_Q, Qt::ControlModifier);
     phone_.android.unplug();
@@ -170,6 +175,10 @@ TEST_F(TabsTest, theyComeBackAsTheyWereMovedAtTheNextStart) {
     EXPECT_TRUE(wait([this] { return path() == u"/sdcard/DCIM/Trip"_s && isShown(u"one.txt"_s); }));
     EXPECT_EQ(tabs()[1]->browser().currentPath(), u"/sdcard/DCIM"_s);
     EXPECT_EQ(window_->allWindows()[1]->browser().currentPath(), u"/sdcard"_s);
+    EXPECT_FALSE(window_->panes().localFolder());
+    EXPECT_TRUE(wait([&] {
+        return window_->allWindows()[1]->panes().localFolder() == local_.path(u"beside"_s);
+    }));
 
     defaults_->setValue(WindowStateStore::openTabsKey,
                         QJsonArray{5, QJsonObject{{u"tabs"_s, QJsonArray{u"x"_s, QJsonObject()}}}});

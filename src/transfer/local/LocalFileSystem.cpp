@@ -87,7 +87,8 @@ QString LocalFileSystem::displayName() const {
 }
 
 FileTreeRoot LocalFileSystem::rootOf(const QString&) const {
-    return {base_.path(), lastComponent(base_.path())};
+    const QString name = lastComponent(base_.path());
+    return {base_.path(), name.isEmpty() ? base_.path() : name};
 }
 
 QString LocalFileSystem::canonicalPath(const QString& path) const {

@@ -1,6 +1,9 @@
 #include "views/window/LocalPane.h"
 
 #include "app/texts/ProblemText.h"
+#include "base/local/LocalError.h"
+#include "base/text/PathNames.h"
+#include "base/threads/Background.h"
 #include "transfer/local/LocalFileSystem.h"
 #include "views/common/Layouts.h"
 #include "views/common/StatusBanner.h"
@@ -8,14 +11,51 @@
 #include "views/common/WindowStateStore.h"
 
 #include <QDir>
+#include <QFileInfo>
+#include <QStorageInfo>
 #include <QVBoxLayout>
 
+#include <optional>
 #include <utility>
 
 namespace tessary {
 
+namespace {
+
+/// A path of this computer as one shows it: a top that one can go up to, a folder, and the file in
+/// it that is meant, if any.
+struct PlaceOnDisk {
+    QString top;
+    QString folder;
+    QString file;
+};
+
+bool isIn(const QString& top, const QString& folder) {
+    return folder == top || (!top.isEmpty() && folder.startsWith(joinPath(top, {})));
+}
+
+/// Links on the way are followed; no value where nothing is. Blocking.
+std::optional<PlaceOnDisk> placeOnDisk(const QString& path) {
+    const QFileInfo found(QFileInfo(path).canonicalFilePath());
+    if (!found.exists())
+        return std::nullopt;
+    PlaceOnDisk place{{}, found.filePath(), {}};
+    if (!found.isDir())
+        place = {{}, found.path(), found.filePath()};
+    const QString home = QFileInfo(QDir::homePath()).canonicalFilePath();
+    // What a disk can hold is asked of its top.
+    const QString disk = QStorageInfo(place.folder).rootPath();
+    place.top = place.folder;
+    for (const QString& top : {disk, home})
+        if (isIn(top, place.folder))
+            place.top = top;
+    return place;
+}
+
+} // namespace
+
 LocalPane::LocalPane(TessaryApp& app, BrowserSetup setup, CopyDialogs dialogs,
-                     OpenLocalFile openLocalFile)
+                     OpenLocalFile openLocalFile, const QString& folder)
     : app_(app),
       browser_(app.copyQueue(), std::move(setup)),
       view_(new BrowserView(browser_, std::move(dialogs), std::move(openLocalFile))),
@@ -31,14 +71,32 @@ LocalPane::LocalPane(TessaryApp& app, BrowserSetup setup, CopyDialogs dialogs,
     connect(&browser_, &FileBrowserViewModel::pathChanged, this,
             [this] { app_.defaults().setValue(folderKey, browser_.currentPath()); });
     keepColumns();
+    const QString begin =
+        QDir::cleanPath(folder.isEmpty() ? app.defaults().value(folderKey).toString() : folder);
     const QString home = QDir::homePath();
-    QString folder = QDir::cleanPath(app.defaults().value(folderKey).toString(home));
-    if (!QDir::isAbsolutePath(folder) || !QDir(folder).exists())
-        folder = home;
-    // Folders outside of the home are their own top.
-    const bool isInHome = folder == home || folder.startsWith(home + QLatin1Char('/'));
-    browser_.open(std::make_shared<LocalFileSystem>(isInHome ? home : folder), std::nullopt,
-                  folder);
+    goElsewhere(QDir::isAbsolutePath(begin) ? begin : home, home);
+}
+
+/// To any path of this computer, links on its way included. `instead` is shown when nothing is
+/// there; without it the user is told so.
+void LocalPane::goElsewhere(const QString& path, const QString& instead) {
+    runInBackground(
+        this, [path] { return placeOnDisk(path); },
+        [this, path, instead](BackgroundResult<std::optional<PlaceOnDisk>> result) {
+            const auto found = result.succeeded() ? result.take() : std::nullopt;
+            if (!found && instead.isEmpty()) {
+                browser_.showProblem({BrowserProblem::What::noSuchPath, path, 1, 1, {}});
+                return;
+            }
+            const PlaceOnDisk place = found.value_or(PlaceOnDisk{instead, instead, {}});
+            if (browser_.files() == nullptr || browser_.files()->rootOf({}).path != place.top)
+                browser_.open(std::make_shared<LocalFileSystem>(place.top), std::nullopt,
+                              place.folder);
+            else
+                browser_.navigateTo(place.folder);
+            if (!place.file.isEmpty())
+                browser_.goToTyped(place.file, [](bool) {});
+        });
 }
 
 /// Its own, and not those of the phone beside it, which has other room.
@@ -65,6 +123,16 @@ void LocalPane::showProblem() {
     if (!problem || browser_.state() != BrowserState::ready) {
         banner_->clear();
         return;
+    }
+    // A path that was typed may lie anywhere.
+    if (problem->what == BrowserProblem::What::load && problem->failures.size() == 1) {
+        const auto& [path, error] = problem->failures.front();
+        if (error.is(LocalError::leavesFolder) || error.is(LocalError::link)) {
+            const QString wanted = path;
+            browser_.dismissProblem();
+            goElsewhere(wanted, {});
+            return;
+        }
     }
     const ErrorText words = problemText(*problem);
     BannerMessage message;

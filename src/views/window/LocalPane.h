@@ -16,13 +16,14 @@ class LocalPane : public QWidget {
     Q_OBJECT
 
 public:
-    /// The folder that is shown at first, in the user's settings; his home where it is gone.
+    /// The folder that is shown where no other is given, in the user's settings.
     static constexpr QLatin1StringView folderKey{"Tessary_LocalFolder"};
     static constexpr QLatin1StringView columnsKey{"Tessary_LocalColumns"};
 
-    /// `app` must outlive it.
-    LocalPane(TessaryApp& app, BrowserSetup setup, CopyDialogs dialogs,
-              OpenLocalFile openLocalFile);
+    /// `app` must outlive it. Begins in `folder`, the last one that was shown where that is empty,
+    /// and the user's home where there is none.
+    LocalPane(TessaryApp& app, BrowserSetup setup, CopyDialogs dialogs, OpenLocalFile openLocalFile,
+              const QString& folder);
     ~LocalPane() override;
 
     [[nodiscard]] FileBrowserViewModel& browser() {
@@ -35,6 +36,7 @@ public:
 private:
     void keepColumns();
     void showProblem();
+    void goElsewhere(const QString& path, const QString& instead);
 
     TessaryApp& app_;
     FileBrowserViewModel browser_;

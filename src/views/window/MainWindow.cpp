@@ -100,11 +100,12 @@ PhoneTab* MainWindow::makeTab() {
 }
 
 QWidget* MainWindow::makeContent() {
-    panes_ = new Panes(tabs_, browserView(), *menuBar(), [this] {
-        auto* local = new LocalPane(app_, browserSetup(app_), dialogs_, openLocalFile_);
+    panes_ = new Panes(tabs_, browserView(), *menuBar(), [this](const QString& folder) {
+        auto* local = new LocalPane(app_, browserSetup(app_), dialogs_, openLocalFile_, folder);
         makePlain(*local);
         return local;
     });
+    connect(panes_, &Panes::localFolderChanged, &firstWindow(), &MainWindow::placesChanged);
     auto* right = new QSplitter(Qt::Vertical);
     right->addWidget(panes_);
     right->addWidget(transferPanel_);

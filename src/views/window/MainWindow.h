@@ -60,6 +60,9 @@ public:
     [[nodiscard]] const Tabs& tabs() const {
         return *tabs_;
     }
+    [[nodiscard]] Panes& panes() const {
+        return *panes_;
+    }
     /// Where a window or tab that is opened from this one begins.
     [[nodiscard]] TabPlace place() const;
     /// The tab that is shown; what follows is its.

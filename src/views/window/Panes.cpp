@@ -35,16 +35,35 @@ Panes::~Panes() {
     qApp->disconnect(this); // the focus moves while what is shown goes
 }
 
+void Panes::makeLocal(const QString& folder) {
+    local_ = makeLocal_(folder);
+    useKeys(local_->view().actions(), false);
+    addWidget(local_);
+    setSizes({width() / 2, width() / 2});
+    connect(&local_->browser(), &FileBrowserViewModel::pathChanged, this,
+            &Panes::localFolderChanged);
+}
+
+void Panes::split(const QString& folder) {
+    if (local_ == nullptr)
+        makeLocal(folder);
+    toggle_->setChecked(true);
+    phoneView_->setFocus();
+}
+
+std::optional<QString> Panes::localFolder() const {
+    if (!toggle_->isChecked())
+        return std::nullopt;
+    return local_->browser().currentPath();
+}
+
 void Panes::show(bool isSplit) {
-    if (isSplit && local_ == nullptr) {
-        local_ = makeLocal_();
-        useKeys(local_->view().actions(), false);
-        addWidget(local_);
-        setSizes({width() / 2, width() / 2});
-    }
+    if (isSplit && local_ == nullptr)
+        makeLocal({});
     if (local_ == nullptr)
         return;
     local_->setVisible(isSplit);
+    Q_EMIT localFolderChanged();
     if (isSplit) {
         local_->view().setFocus();
         return;

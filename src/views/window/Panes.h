@@ -5,7 +5,7 @@
 #include <QSplitter>
 
 #include <functional>
-#include <memory>
+#include <optional>
 
 class QAction;
 class QMenuBar;
@@ -18,7 +18,8 @@ class Panes : public QSplitter {
     Q_OBJECT
 
 public:
-    using MakeLocal = std::function<LocalPane*()>;
+    /// Of what begins in a folder, or where one was last when that is empty.
+    using MakeLocal = std::function<LocalPane*(const QString& folder)>;
 
     /// Takes `phone` over, in which `phoneView` lies. `menus` outlive it.
     Panes(QWidget* phone, BrowserView& phoneView, QMenuBar& menus, MakeLocal makeLocal);
@@ -31,7 +32,17 @@ public:
         return *toggle_;
     }
 
+    /// Shows this folder of this computer, or goes on showing one; the keys stay with the phone.
+    void split(const QString& folder);
+    /// The folder of this computer that is shown; empty while it is looked for, and no value when
+    /// there is none.
+    [[nodiscard]] std::optional<QString> localFolder() const;
+
+Q_SIGNALS:
+    void localFolderChanged();
+
 private:
+    void makeLocal(const QString& folder);
     void show(bool isSplit);
     void follow(const QWidget* focus);
     void use(BrowserView& view);

@@ -3,6 +3,7 @@
 #include "views/common/WindowStateStore.h"
 #include "views/tabs/Tabs.h"
 #include "views/window/MainWindow.h"
+#include "views/window/Panes.h"
 
 #include <QCoreApplication>
 #include <QJsonObject>
@@ -26,7 +27,10 @@ QJsonObject written(MainWindow& window) {
             shown = tabs.size();
         tabs.append(place->toJson());
     }
-    return {{Field("tabs"), tabs}, {Field("shown"), shown}};
+    QJsonObject json{{Field("tabs"), tabs}, {Field("shown"), shown}};
+    if (const auto folder = window.panes().localFolder())
+        json.insert(Field("beside"), *folder);
+    return json;
 }
 
 std::vector<TabPlace> placesOf(const QJsonObject& window) {
@@ -62,15 +66,18 @@ void WindowSession::reopen() {
         for (const QJsonValue& each : defaults_.value(WindowStateStore::openTabsKey).toArray()) {
             const QJsonObject json = each.toObject();
             const std::vector<TabPlace> places = placesOf(json);
-            if (places.empty() || ++count > mostWindows)
+            const QJsonValue beside = json.value(Field("beside"));
+            if ((places.empty() && !beside.isString()) || ++count > mostWindows)
                 continue;
-            if (window == nullptr) {
-                window = &first_;
-                first_.tab().open(places.front());
-            } else {
-                window = &window->openWindow(places.front());
-            }
+            const TabPlace front = places.empty() ? TabPlace() : places.front();
+            if (window != nullptr)
+                window = &window->openWindow(front);
+            else
+                first_.tab().open(front);
+            window = window == nullptr ? &first_ : window;
             openTabs(*window, places, json.value(Field("shown")).toInteger());
+            if (beside.isString())
+                window->panes().split(beside.toString());
         }
     connect(&first_, &MainWindow::placesChanged, this, &WindowSession::keep);
 }
