@@ -2812,6 +2812,21 @@
     </message>
 </context>
 <context>
+    <name>tessary::SortMenu</name>
+    <message>
+        <source>Sort By</source>
+        <translation>Sortieren nach</translation>
+    </message>
+    <message>
+        <source>Ascending</source>
+        <translation>Aufsteigend</translation>
+    </message>
+    <message>
+        <source>Descending</source>
+        <translation>Absteigend</translation>
+    </message>
+</context>
+<context>
     <name>tessary::StatusBanner</name>
     <message>
         <source>Close this message</source>

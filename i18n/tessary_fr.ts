@@ -2812,6 +2812,21 @@
     </message>
 </context>
 <context>
+    <name>tessary::SortMenu</name>
+    <message>
+        <source>Sort By</source>
+        <translation>Trier par</translation>
+    </message>
+    <message>
+        <source>Ascending</source>
+        <translation>Croissant</translation>
+    </message>
+    <message>
+        <source>Descending</source>
+        <translation>Décroissant</translation>
+    </message>
+</context>
+<context>
     <name>tessary::StatusBanner</name>
     <message>
         <source>Close this message</source>

@@ -2781,6 +2781,21 @@
     </message>
 </context>
 <context>
+    <name>tessary::SortMenu</name>
+    <message>
+        <source>Sort By</source>
+        <translation>並べ替え</translation>
+    </message>
+    <message>
+        <source>Ascending</source>
+        <translation>昇順</translation>
+    </message>
+    <message>
+        <source>Descending</source>
+        <translation>降順</translation>
+    </message>
+</context>
+<context>
     <name>tessary::StatusBanner</name>
     <message>
         <source>Close this message</source>

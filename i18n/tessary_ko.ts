@@ -2781,6 +2781,21 @@
     </message>
 </context>
 <context>
+    <name>tessary::SortMenu</name>
+    <message>
+        <source>Sort By</source>
+        <translation>정렬 기준</translation>
+    </message>
+    <message>
+        <source>Ascending</source>
+        <translation>오름차순</translation>
+    </message>
+    <message>
+        <source>Descending</source>
+        <translation>내림차순</translation>
+    </message>
+</context>
+<context>
     <name>tessary::StatusBanner</name>
     <message>
         <source>Close this message</source>

@@ -2812,6 +2812,21 @@
     </message>
 </context>
 <context>
+    <name>tessary::SortMenu</name>
+    <message>
+        <source>Sort By</source>
+        <translation>Ordenar por</translation>
+    </message>
+    <message>
+        <source>Ascending</source>
+        <translation>Crescente</translation>
+    </message>
+    <message>
+        <source>Descending</source>
+        <translation>Decrescente</translation>
+    </message>
+</context>
+<context>
     <name>tessary::StatusBanner</name>
     <message>
         <source>Close this message</source>

@@ -9,9 +9,8 @@
 #include <QAction>
 #include <QApplication>
 #include <QCompleter>
-#include <QKeyEvent>
 #include <QLineEdit>
-#include <QTimer>
+#include <QTest>
 
 namespace tessary {
 
@@ -118,23 +117,15 @@ void tourEdits(TourStage& stage) {
     QObject::disconnect(made);
     stage.shoot(QStringLiteral("new-folder"));
     // The new name is taken as it stands.
-    if (auto* editor = window.browserView().currentListing().findChild<QLineEdit*>()) {
-        QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
-        QApplication::sendEvent(editor, &enter);
-    }
+    if (auto* editor = window.browserView().currentListing().findChild<QLineEdit*>())
+        QTest::keyClick(editor, Qt::Key_Return);
 
-    // The question is a dialog that runs its own loop: the picture is taken from within it.
     for (const QStringList& names :
          {QStringList{QStringLiteral("Household")},
           QStringList{QStringLiteral("Recipes"), QStringLiteral("Travel"),
                       QStringLiteral("Shopping.txt")}}) {
         stage.selectNamed(names);
-        QTimer::singleShot(TourStage::settleTime, &window, [&] {
-            if (QWidget* question = QApplication::activeModalWidget()) {
-                stage.shoot(QStringLiteral("delete-question"));
-                question->close();
-            }
-        });
+        stage.shootWhenOpen(QStringLiteral("delete-question"));
         window.browserView().actions().remove->trigger();
     }
 }

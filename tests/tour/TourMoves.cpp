@@ -1,4 +1,5 @@
 #include "tour/TourMoves.h"
+
 #include "support/ShownItems.h"
 
 #include <QAbstractItemView>
@@ -6,26 +7,8 @@
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QLineEdit>
-#include <QTimer>
 
 namespace tessary {
-
-namespace {
-
-/// Takes a picture of what runs a loop of its own, and closes it.
-void shootWhenOpen(TourStage& stage, const QString& name) {
-    QTimer::singleShot(2 * TourStage::settleTime, &stage.window(), [&stage, name] {
-        QWidget* front = QApplication::activePopupWidget() != nullptr
-                             ? QApplication::activePopupWidget()
-                             : QApplication::activeModalWidget();
-        if (front == nullptr)
-            return;
-        stage.shoot(name);
-        front->close();
-    });
-}
-
-} // namespace
 
 void tourMoves(TourStage& stage) {
     MainWindow& window = stage.window();
@@ -35,7 +18,7 @@ void tourMoves(TourStage& stage) {
     if (rows.empty())
         throw std::runtime_error("there are no documents");
     window.browser().selection().select(rows.back().id());
-    shootWhenOpen(stage, QStringLiteral("entry-menu"));
+    stage.shootWhenOpen(QStringLiteral("entry-menu"));
     QAbstractItemView& view = window.browserView().currentListing();
     const QPoint spot = view.visualRect(view.currentIndex()).center();
     QContextMenuEvent menu(QContextMenuEvent::Mouse, spot, view.viewport()->mapToGlobal(spot));
@@ -43,7 +26,7 @@ void tourMoves(TourStage& stage) {
 
     stage.open(QStringLiteral("/sdcard"));
     stage.selectNamed({QStringLiteral("Documents")});
-    shootWhenOpen(stage, QStringLiteral("move-to"));
+    stage.shootWhenOpen(QStringLiteral("move-to"));
     actions.moveTo->trigger();
 
     stage.open(QStringLiteral("/sdcard/DCIM/Camera"));

@@ -19,7 +19,7 @@ constexpr qint64 sampleSize = 9'000'000; // bytes
 constexpr int stepLimit = 20'000;        // ms that a step may take
 
 /// What stands in front of the window; null when nothing does.
-QWidget* openDialog(MainWindow& window) {
+QWidget* openDialog(const QWidget& window) {
     if (QWidget* modal = QApplication::activeModalWidget())
         return modal;
     for (auto* dialog : window.findChildren<QDialog*>())
@@ -56,24 +56,40 @@ void TourStage::settle() {
     pause.exec();
 }
 
-void TourStage::shoot(const QString& name) {
+void TourStage::shootWhenOpen(const QString& name) {
+    awaited_ = name;
+    QTimer::singleShot(2 * settleTime, &window_, [this, name] {
+        QWidget* front = QApplication::activePopupWidget() != nullptr
+                             ? QApplication::activePopupWidget()
+                             : QApplication::activeModalWidget();
+        if (front == nullptr)
+            return;
+        awaited_.clear();
+        shoot(name);
+        front->close();
+    });
+}
+
+void TourStage::shoot(const QString& name, QWidget& window) {
+    if (!awaited_.isEmpty())
+        throw std::runtime_error("nothing opened for " + awaited_.toStdString());
     settle();
     const QString file = QStringLiteral("%1/%2-%3.png")
                              .arg(folder_)
                              .arg(++number_, 2, 10, QLatin1Char('0'))
                              .arg(name);
     // A dialog stands in front of the window: both are in the picture.
-    QPixmap picture = window_.grab();
+    QPixmap picture = window.grab();
     if (QWidget* popup = QApplication::activePopupWidget()) {
         QPainter painter(&picture);
-        painter.drawPixmap(window_.mapFromGlobal(popup->pos()), popup->grab());
-    } else if (QWidget* dialog = openDialog(window_)) {
+        painter.drawPixmap(window.mapFromGlobal(popup->pos()), popup->grab());
+    } else if (QWidget* dialog = openDialog(window)) {
         QPainter painter(&picture);
         painter.setRenderHint(QPainter::Antialiasing);
         painter.fillRect(picture.rect(), QColor(0, 0, 0, 70));
         const QPixmap front = dialog->grab();
-        painter.drawPixmap((window_.width() - dialog->width()) / 2,
-                           (window_.height() - dialog->height()) / 2, front);
+        painter.drawPixmap((window.width() - dialog->width()) / 2,
+                           (window.height() - dialog->height()) / 2, front);
     }
     if (!picture.save(file))
         throw std::runtime_error("cannot write " + file.toStdString());

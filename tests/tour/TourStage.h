@@ -38,8 +38,13 @@ public:
     void waitFor(const char* what, const std::function<bool()>& condition);
     void open(const QString& path);
     void selectNamed(const QStringList& names);
-    /// Writes a numbered screenshot of what is in front.
-    void shoot(const QString& name);
+    /// Writes a numbered screenshot of the window and what is in front of it.
+    void shoot(const QString& name) {
+        shoot(name, window_);
+    }
+    void shoot(const QString& name, QWidget& window);
+    /// The same of the next menu or question, which runs a loop of its own; it is closed then.
+    void shootWhenOpen(const QString& name);
     /// Makes a local file that takes a while to copy.
     static QString writeSample(const QString& path);
 
@@ -59,6 +64,7 @@ private:
     TourPhones& phones_;
     QString folder_;
     QTemporaryDir local_;
+    QString awaited_; ///< the picture of what is to open
     int number_ = 0;
 };
 

@@ -9,6 +9,7 @@
 #include "tour/TourCopies.h"
 #include "tour/TourDevices.h"
 #include "tour/TourFolders.h"
+#include "tour/TourHands.h"
 #include "tour/TourMoves.h"
 #include "tour/TourPanes.h"
 #include "tour/TourSettings.h"
@@ -31,11 +32,11 @@ int walk(MainWindow& window, TourPhones& phones, const QString& folder) {
     try {
         TourStage stage(window, phones, folder);
         for (const auto step :
-             {tourWelcome,       tourListings,  tourTypedPaths, tourMoves,      tourSearch,
-              tourSmallWindow,   tourPanes,     tourPreviews,   tourProperties, tourSettings,
-              tourWireless,      tourLanguages, tourDark,       tourEdits,      tourTransfers,
-              tourCopyQuestions, tourSync,      tourFailures,   tourBrokenCopy, tourLosses,
-              tourIPhone})
+             {tourWelcome,     tourListings,      tourTypedPaths, tourMoves,      tourSearch,
+              tourSmallWindow, tourPanes,         tourPreviews,   tourProperties, tourSettings,
+              tourWireless,    tourLanguages,     tourDark,       tourEdits,      tourHands,
+              tourTransfers,   tourCopyQuestions, tourSync,       tourFailures,   tourBrokenCopy,
+              tourLosses,      tourIPhone})
             step(stage);
         std::fprintf(stderr,
                      "tessary-tour: %d screenshots are in %s; the window never stalled for over "

@@ -245,6 +245,24 @@ TEST_F(ListingTest, theEntryBehindWhatWasDeletedHasTheKeyboard) {
     }
 }
 
+TEST_F(ListingTest, theMenuSortsWhatHasNoHeader) {
+    showGrid();
+    QMenu& menu = window_->browserView().sortMenu();
+    const std::pair<QString, FileComparator> rows[] = {{u"Descending"_s, {FileField::name, true}},
+                                                       {u"Size"_s, {FileField::size, true}},
+                                                       {u"Ascending"_s, {FileField::size, false}}};
+    for (const auto& [chosen, order] : rows) {
+        for (QAction* action : menu.actions())
+            if (action->text() == chosen)
+                action->trigger();
+        EXPECT_EQ(window_->browser().sortOrder(), FileSortOrder{order}) << chosen.toStdString();
+    }
+    table().header()->setSortIndicator(FileListModel::dateColumn, Qt::DescendingOrder);
+    for (const QAction* action : menu.actions())
+        EXPECT_EQ(action->isChecked(),
+                  action->text() == u"Date Modified" || action->text() == u"Descending");
+}
+
 TEST_F(ListingTest, columnsAreKeptAsTheyWereLeft) {
     QHeaderView* columns = table().header();
     const auto width = [&] { return table().viewport()->width(); };

@@ -50,6 +50,7 @@ BrowserView::BrowserView(FileBrowserViewModel& browser, CopyDialogs dialogs,
     : QWidget(parent),
       browser_(browser),
       model_(browser),
+      sortMenu_(browser, model_),
       copies_(browser, std::move(dialogs), *this),
       entries_(browser,
                {[this]() -> QAbstractItemView& { return currentListing(); },
@@ -371,6 +372,8 @@ void BrowserView::zoom(int steps) {
 void BrowserView::showContextMenu(const QPoint& position) {
     QMenu menu(this);
     entries_.addTo(menu, actions_);
+    if (browser_.selection().ids().isEmpty())
+        menu.addMenu(&sortMenu_);
     const auto* page = static_cast<const QWidget*>(sender());
     if (const auto* view = qobject_cast<const QAbstractScrollArea*>(page))
         page = view->viewport();

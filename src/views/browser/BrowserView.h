@@ -4,6 +4,7 @@
 #include "views/browser/BrowserActions.h"
 #include "views/browser/CopyCommands.h"
 #include "views/browser/EntryCommands.h"
+#include "views/browser/SortMenu.h"
 #include "views/common/EntryDrop.h"
 #include "views/common/FileClick.h"
 #include "views/listing/TranslatedFileModel.h"
@@ -66,6 +67,10 @@ public:
     [[nodiscard]] QAbstractItemView& currentListing() const;
     /// Which of its columns the table shows.
     [[nodiscard]] QMenu& columnMenu() const;
+    /// By what the files are sorted.
+    [[nodiscard]] QMenu& sortMenu() {
+        return sortMenu_;
+    }
     /// The table's columns.
     [[nodiscard]] TableColumns& columns() const;
 
@@ -100,6 +105,7 @@ private:
     std::function<void(const QWidget&)> showSync_;
     std::function<FileClick()> fileClick_;
     TranslatedFileModel model_;
+    SortMenu sortMenu_;
     const BrowserActions actions_{*this};
     CopyCommands copies_;
     EntryCommands entries_;

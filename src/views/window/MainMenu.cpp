@@ -84,9 +84,9 @@ void makeMainMenus(QMenuBar& bar, const BrowserActions& actions,
              a.duplicate, nullptr, a.rename, a.remove, nullptr, a.selectAll, a.selectDay,
              a.invertSelection, a.find, a.search});
     addMenu(bar, QT_TRANSLATE_NOOP("MainMenu", "View"),
-            {a.asList, a.asGrid, nullptr, a.zoomIn, a.zoomOut, a.zoomReset, nullptr, a.groupByDay,
-             a.showHidden, callbacks.columns->menuAction(), callbacks.split, fullScreen, nullptr,
-             a.reload});
+            {a.asList, a.asGrid, nullptr, a.zoomIn, a.zoomOut, a.zoomReset, nullptr,
+             callbacks.sort->menuAction(), a.groupByDay, a.showHidden,
+             callbacks.columns->menuAction(), callbacks.split, fullScreen, nullptr, a.reload});
     addMenu(bar, QT_TRANSLATE_NOOP("MainMenu", "Go"),
             {a.back, a.forward, a.up, a.goTo, a.apps, nullptr, nextTab, previousTab, nullptr,
              a.favorite, nullptr, wireless, history});

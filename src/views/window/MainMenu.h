@@ -19,6 +19,7 @@ struct MainMenuCallbacks {
     std::function<void()> previousTab;
     QAction* split = nullptr; ///< a folder of this computer beside the phone's
     QMenu* columns = nullptr; ///< which columns the list has
+    QMenu* sort = nullptr;    ///< by what the files are sorted
     std::function<void()> showHelp;
     std::function<void()> showSettings;
     std::function<void()> showWireless;

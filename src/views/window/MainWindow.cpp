@@ -132,6 +132,7 @@ void MainWindow::makeMenus() {
     callbacks.previousTab = [this] { tabs_->step(-1); };
     callbacks.split = &panes_->toggle();
     callbacks.columns = &browserView().columnMenu();
+    callbacks.sort = &browserView().sortMenu();
     callbacks.showHelp = [this] { showHelp(); };
     callbacks.showSettings = [this] { showSettings(); };
     callbacks.showWireless = [this] { showWireless(); };

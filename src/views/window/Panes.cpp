@@ -92,6 +92,7 @@ void Panes::use(BrowserView& view) {
     if (before == &view)
         return;
     handOver(before->actions(), view.actions(), menus_);
+    replaceInMenus(*before->sortMenu().menuAction(), *view.sortMenu().menuAction(), menus_);
     replaceInMenus(*before->columnMenu().menuAction(), *view.columnMenu().menuAction(), menus_);
 }
 
