@@ -2,7 +2,7 @@
 
 #include "app/LanguageManager.h"
 #include "views/listing/GridItemDelegate.h"
-#include "views/window/LocalPane.h"
+#include "views/window/Panes.h"
 
 #include <QFontDatabase>
 #include <QHeaderView>
@@ -64,7 +64,8 @@ TEST_F(RoomTest, thePathIsTheLastToGiveWay) {
     press(Qt::Key_Escape);
     EXPECT_TRUE(wait([&] { return !filter->isVisible(); }));
 
-    window_->findChild<QAction*>(u"splitAction"_s)->trigger();
+    window_->panes().toggle().trigger();
+    ASSERT_TRUE(wait([&] { return window_->panes().localFolder() == local_.path(u"Summer"_s); }));
     for (const AppLanguage language : {AppLanguage::de, AppLanguage::en}) {
         LanguageManager::shared().setSelectedLanguage(language);
         for (const QSize size : {QSize(960, 600), QSize(800, 500)})
