@@ -21,11 +21,13 @@ struct FramedPhone : public MTPPhoneFixture {
     explicit FramedPhone(std::uint16_t packetSize) : MTPPhoneFixture(withPackets(packetSize)) {}
     void TestBody() override {}
 
-    /// Objects whose containers end around a packet, around the first read, around a request.
+    /// Objects whose containers end around a packet, around the first read, around a request, or so
+    /// shortly before a packet's end that an answer behind them does not fit into it.
     void transferAllSizes() {
         for (const std::size_t size :
-             {0U, 1U, 51U, 52U, 53U, 499U, 500U, 501U, 1012U, 4083U, 4084U, 4085U, 4596U, 262131U,
-              262132U, 262133U, 266228U, 1'000'000U}) {
+             {0U,     1U,      51U,     52U,     53U,     499U,      500U,   501U,
+              1012U,  4083U,   4084U,   4085U,   4596U,   10216U,    10217U, 10222U,
+              10226U, 262131U, 262132U, 262133U, 266228U, 1'000'000U}) {
             SCOPED_TRACE(size);
             const Bytes content = patternOf(size);
             upload(client_, QStringLiteral("object"), content);

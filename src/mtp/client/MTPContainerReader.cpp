@@ -130,10 +130,14 @@ void MTPContainerReader::receiveData(const MTPContainerHeader& header, const MTP
 
 /// Whether there is more in the transfer than its header announced: some devices cut the length of
 /// a large object to its low 32 bits. What follows data is a response else, or one stray byte.
-bool MTPContainerReader::goesOn() const {
-    const std::size_t beyond = incomingStream_.size();
-    if (!lastReadWasFull_ || beyond < 2)
+bool MTPContainerReader::goesOn() {
+    constexpr std::size_t enoughToTell = 1 + MTPContainerHeader::size;
+    if (!lastReadWasFull_ || incomingStream_.size() < 2)
         return false;
+    // A response in the same transfer may lie on both sides of the read's end.
+    if (incomingStream_.size() < enoughToTell)
+        if (const USBCode code = readOnce(pipes_.timeouts()); code != usb::success)
+            failRead(code);
     const auto header = MTPPacketCodec::decodeHeader(incomingStream_);
     const auto shifted = MTPPacketCodec::decodeHeader(ByteView(incomingStream_).subspan(1));
     return !(header && isResponse(*header)) && !(shifted && isResponse(*shifted));

@@ -42,7 +42,7 @@ private:
     [[nodiscard]] Bytes receiveDataset(const MTPContainerHeader& header);
     void receiveData(const MTPContainerHeader& header, const MTPDataSink& sink,
                      const MTPStreamOptions& options);
-    [[nodiscard]] bool goesOn() const;
+    [[nodiscard]] bool goesOn();
     void receivePayload(std::uint64_t size, const MTPDataSink& sink,
                         const MTPStreamOptions& options);
     void receiveUntilShortPacket(std::uint64_t before, const MTPDataSink& sink,
