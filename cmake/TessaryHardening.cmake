@@ -7,6 +7,11 @@ include(CheckPIESupported)
 # Programs lie anywhere in memory.
 check_pie_supported(LANGUAGES CXX)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+# Else link-time optimisation copies Qt's own data into the program, and Qt goes on with its own.
+check_cxx_compiler_flag(-mno-direct-extern-access TESSARY_HAS_INDIRECT_ACCESS)
+if(TESSARY_HAS_INDIRECT_ACCESS)
+    target_link_options(tessary_flags INTERFACE -mno-direct-extern-access)
+endif()
 
 target_compile_options(tessary_flags INTERFACE -fstack-protector-strong)
 check_cxx_compiler_flag(-fcf-protection=full TESSARY_HAS_CF_PROTECTION) # x86 only
