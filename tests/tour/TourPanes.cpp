@@ -2,7 +2,7 @@
 
 #include "app/LanguageManager.h"
 #include "views/dialogs/HelpDialog.h"
-#include "views/window/LocalPane.h"
+#include "views/window/Panes.h"
 
 #include <QAction>
 #include <QDir>
@@ -15,7 +15,7 @@ namespace tessary {
 namespace {
 
 LocalPane& split(TourStage& stage) {
-    stage.window().findChild<QAction*>(QStringLiteral("splitAction"))->trigger();
+    stage.window().panes().split(stage.local().path());
     return *stage.window().findChild<LocalPane*>(QStringLiteral("localPane"));
 }
 
@@ -33,8 +33,9 @@ void tourPanes(TourStage& stage) {
     }
     stage.open(QStringLiteral("/sdcard/Documents"));
     LocalPane& pane = split(stage);
-    pane.browser().open(std::make_shared<LocalFileSystem>(home.path()), std::nullopt, home.path());
-    stage.waitFor("the folder here", [&] { return !pane.browser().isLoading(); });
+    stage.waitFor("the folder here", [&] {
+        return window.panes().localFolder() == home.path() && !pane.browser().isLoading();
+    });
     pane.browser().selection().select(home.filePath(QStringLiteral("Minutes.pdf")));
     stage.shoot(QStringLiteral("split"));
     const QSize size = window.size();
@@ -45,7 +46,7 @@ void tourPanes(TourStage& stage) {
     pane.browser().selection().selectAll();
     pane.view().actions().cut->trigger();
     stage.shoot(QStringLiteral("cut"));
-    split(stage); // together again
+    window.panes().toggle().trigger(); // together again
 
     PhoneTab& music = window.openTab(QStringLiteral("/sdcard/Music"), true);
     stage.waitFor("the second tab", [&] { return !window.browser().isLoading(); });

@@ -1,5 +1,5 @@
-// tessary-tour FOLDER: walks through the window on virtual phones and writes numbered screenshots
-// into the folder. Exit status 1 when a step does not come about.
+// tessary-tour FOLDER [WIDTH HEIGHT]: walks through the window, of that size, on virtual phones and
+// writes numbered screenshots into the folder. Exit status 1 when a step does not come about.
 
 #include "app/InterfaceTexts.h"
 #include "app/TessaryApp.h"
@@ -55,8 +55,8 @@ int walk(MainWindow& window, TourPhones& phones, const QString& folder) {
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("Tessary"));
-    if (argc != 2) {
-        std::fputs("usage: tessary-tour FOLDER\n", stderr);
+    if (argc != 2 && argc != 4) {
+        std::fputs("usage: tessary-tour FOLDER [WIDTH HEIGHT]\n", stderr);
         return 2;
     }
     setUpStyle();
@@ -76,6 +76,8 @@ int main(int argc, char** argv) {
     TessaryApp app({phones.demo().bus(), &multiplexer, false}, services, setup);
     const InterfaceTexts texts;
     MainWindow window(app);
+    if (const QStringList arguments = QCoreApplication::arguments(); arguments.size() == 4)
+        window.resize(arguments[2].toInt(), arguments[3].toInt());
     window.show();
 
     QMetaObject::invokeMethod(

@@ -4,6 +4,7 @@
 #include "views/listing/GridItemDelegate.h"
 #include "views/window/Panes.h"
 
+#include <QDir>
 #include <QFontDatabase>
 #include <QHeaderView>
 #include <QLineEdit>
@@ -37,7 +38,7 @@ void expectRoom(const QWidget& toolbar, const QString& folder) {
 }
 
 TEST_F(RoomTest, thePathIsTheLastToGiveWay) {
-    local_.write(u"Summer/local.txt"_s, "local");
+    ASSERT_TRUE(QDir(local_.path()).mkdir(u"Summer"_s)); // a page stands in for the list
     defaults_->setValue(LocalPane::folderKey, local_.path(u"Summer"_s));
     window_->browser().navigateTo(u"/sdcard/DCIM/Trip"_s);
     ASSERT_TRUE(wait([this] { return isShown(u"one.txt"_s); }));
@@ -49,8 +50,10 @@ TEST_F(RoomTest, thePathIsTheLastToGiveWay) {
         window_->resize(size);
         QCoreApplication::processEvents();
         expectRoom(*toolbar, u"Trip"_s);
-        if (auto* pane = window_->findChild<LocalPane*>(u"localPane"_s))
+        if (auto* pane = window_->findChild<LocalPane*>(u"localPane"_s)) {
+            EXPECT_LE(pane->mapTo(window_.get(), QPoint(pane->width(), 0)).x(), size.width());
             expectRoom(*pane->findChild<QWidget*>(u"toolbar"_s), u"Summer"_s);
+        }
     };
     for (const AppLanguage language : {AppLanguage::en, AppLanguage::de}) {
         LanguageManager::shared().setSelectedLanguage(language);
@@ -75,6 +78,16 @@ TEST_F(RoomTest, thePathIsTheLastToGiveWay) {
     ASSERT_TRUE(more->isVisible()) << "what has no room is still at hand";
     Q_EMIT more->menu()->aboutToShow();
     EXPECT_TRUE(more->menu()->actions().contains(window_->browserView().actions().newFolder));
+}
+
+TEST_F(RoomTest, whatIsFoundHasItsName) {
+    window_->resize(800, 500);
+    window_->browser().searchBelow(u"one"_s);
+    ASSERT_TRUE(wait([this] { return isShown(u"one.txt"_s); }));
+    const QHeaderView& columns = *table().header();
+    EXPECT_EQ(columns.length(), table().viewport()->width());
+    EXPECT_GE(columns.sectionSize(0), 160);
+    EXPECT_GE(columns.sectionSize(FileListModel::folderColumn), 160);
 }
 
 TEST_F(RoomTest, theEdgeThatIsDraggedMovesAlone) {

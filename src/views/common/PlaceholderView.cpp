@@ -45,7 +45,7 @@ PlaceholderView::PlaceholderView(QWidget* parent)
     });
 
     auto* column = new QWidget;
-    column->setFixedWidth(460);
+    column->setMaximumWidth(460);
     auto* content = new QVBoxLayout(column);
     content->setSpacing(10);
     content->addWidget(picture_);
@@ -58,7 +58,7 @@ PlaceholderView::PlaceholderView(QWidget* parent)
     content->addWidget(details_);
     auto* outer = new QVBoxLayout(this);
     outer->addStretch(2);
-    outer->addWidget(column, 0, Qt::AlignHCenter);
+    outer->addWidget(column);
     outer->addStretch(3);
 }
 

@@ -103,15 +103,26 @@ void TableColumns::resized(int column) {
 
 void TableColumns::fit() {
     const QScopedValueRollback fitting(isFitting_, true);
-    const int room = view_.viewport()->width();
-    for (const Shown& shown : columns_) {
-        const TableColumn& column = shown.column;
-        const bool isShown =
-            shown.isWanted && room >= column.room && (!column.isOffered || column.isOffered());
-        header_.setSectionHidden(column.column, !isShown);
-        if (isShown)
-            header_.resizeSection(column.column, column.width);
-    }
+    int room = view_.viewport()->width();
+    const int half = room / 2;
+    const auto isOffered = [](const Shown& shown) {
+        return shown.isWanted && (!shown.column.isOffered || shown.column.isOffered());
+    };
+    // What cannot be chosen is needed, and takes room from what can.
+    for (const bool isNeeded : {true, false})
+        for (const Shown& shown : columns_) {
+            const TableColumn& column = shown.column;
+            if (column.isChoosable == isNeeded)
+                continue;
+            const bool isShown = isOffered(shown) && room >= column.room;
+            header_.setSectionHidden(column.column, !isShown);
+            if (!isShown)
+                continue;
+            header_.resizeSection(column.column,
+                                  isNeeded ? std::min(column.width, half) : column.width);
+            if (isNeeded)
+                room -= header_.sectionSize(column.column);
+        }
     fitFirst();
 }
 

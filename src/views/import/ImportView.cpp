@@ -107,15 +107,21 @@ ImportView::ImportView(const Setup& setup, Callbacks callbacks, QWidget* parent)
     top->addWidget(title_);
     top->addStretch(1);
     top->addWidget(all_);
-    auto* bottom = new QHBoxLayout;
+    auto* where = new QHBoxLayout;
+    where->addWidget(byDate_);
+    where->addStretch(1);
+    where->addWidget(target_);
+    auto* last = new QHBoxLayout;
+    last->addWidget(count_);
+    last->addWidget(progress_, 1);
+    last->addStretch(0);
+    last->addWidget(leave_);
+    last->addWidget(proceed_);
+    auto* bottom = new QVBoxLayout;
     bottom->setContentsMargins(14, 8, 10, 8);
     bottom->setSpacing(8);
-    bottom->addWidget(count_);
-    bottom->addWidget(progress_, 1);
-    bottom->addStretch(0);
-    for (QWidget* each : {static_cast<QWidget*>(byDate_), static_cast<QWidget*>(target_),
-                          static_cast<QWidget*>(leave_), static_cast<QWidget*>(proceed_)})
-        bottom->addWidget(each);
+    bottom->addLayout(where);
+    bottom->addLayout(last);
     auto* column = makeColumn(*this);
     column->addLayout(top);
     column->addWidget(stack_, 1);

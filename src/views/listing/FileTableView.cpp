@@ -19,6 +19,7 @@ using Name = QLatin1StringView;
 
 constexpr int roomForKinds = 560; // pixels of a list that shows them; icons tell them elsewhere
 constexpr int roomForDates = 420; // the same
+constexpr int roomForSizes = 220; // the same
 
 } // namespace
 
@@ -49,7 +50,7 @@ FileTableView::FileTableView(FileBrowserViewModel& browser, FileListModel& model
     // What a search has found lies in many folders: then their column stands where the kinds do.
     const auto isSearch = [this] { return !browser_.searchedName().isEmpty(); };
     columns_ = new TableColumns(
-        *this, {{FileListModel::sizeColumn, Name("size"), 110},
+        *this, {{FileListModel::sizeColumn, Name("size"), 110, roomForSizes},
                 {FileListModel::dateColumn, Name("date"), 170, roomForDates},
                 {FileListModel::kindColumn, Name("kind"), 130, roomForKinds, true,
                  [isSearch] { return !isSearch(); }},

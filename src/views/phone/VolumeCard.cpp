@@ -45,7 +45,7 @@ VolumeCard::VolumeCard(const Place& place, std::function<void()> open, QWidget* 
     : QWidget(parent), heading_(new QToolButton), free_(new QLabel), bar_(new UseBar) {
     heading_->setText(QString(place.title).replace(QLatin1Char('&'), QStringLiteral("&&")));
     heading_->setAccessibleName(place.title);
-    heading_->setIcon(icon(place.iconName));
+    heading_->setIcon(lineIcon(place.iconName));
     heading_->setIconSize({18, 18});
     heading_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     heading_->setAutoRaise(true);

@@ -46,9 +46,15 @@ QWidget* WindowPages::wanted() {
     return pages_.files;
 }
 
+QSize WindowPages::minimumSizeHint() const {
+    const QWidget& page = *currentWidget();
+    return page.minimumSizeHint().expandedTo(page.minimumSize());
+}
+
 void WindowPages::update(const std::function<bool(const QWidget&)>& keepsKeys) {
     const QWidget* before = currentWidget();
     setCurrentWidget(wanted());
+    updateGeometry();
     if (before == currentWidget())
         return;
     const QWidget* focus = window()->focusWidget();

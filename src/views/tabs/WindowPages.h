@@ -33,6 +33,8 @@ public:
     /// Shows what is meant now. The keys go along, unless they are at work elsewhere (`keepsKeys`
     /// of the widget that has them) and were with the files before.
     void update(const std::function<bool(const QWidget&)>& keepsKeys);
+    /// Of the page that is shown: the others need no room.
+    [[nodiscard]] QSize minimumSizeHint() const override;
 
 private:
     [[nodiscard]] QWidget* wanted();
