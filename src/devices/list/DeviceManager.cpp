@@ -258,7 +258,7 @@ std::vector<DeviceInfo> DeviceManager::attachedDevices(QHash<QString, Attachment
 /// repeated.
 bool DeviceManager::lacksDetails(const DeviceInfo& device) const {
     if (device.platform == DevicePlatform::iOS)
-        return !device.deviceName || trouble(device.id());
+        return !device.deviceName || trouble(device.id()) || !heard_.contains(device.id());
     return device.volumes.empty() || !device.batteryLevel;
 }
 
@@ -277,8 +277,10 @@ void DeviceManager::rebuild(bool forceStorageRefresh) {
     std::swap(attachments_, attachments);
     publish(std::move(fresh));
     for (auto before = attachments.cbegin(); before != attachments.cend(); ++before)
-        if (attachments_.value(before.key()) != before.value())
+        if (attachments_.value(before.key()) != before.value()) {
+            heard_.remove(before.key());
             setTrouble(before.key(), std::nullopt);
+        }
     refreshDetailsForDevices(toAsk);
     tellWhenSettled();
 }
@@ -389,6 +391,8 @@ void DeviceManager::ask(const DeviceInfo& device) {
 
 void DeviceManager::answered(const QString& id, const DeviceAnswer& answer) {
     using Outcome = DeviceAnswer::Outcome;
+    if (answer.outcome != Outcome::busy)
+        heard_.insert(id);
     if (answer.outcome == Outcome::failed)
         setTrouble(id, answer.trouble);
     if (answer.outcome != Outcome::answered)

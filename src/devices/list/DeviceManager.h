@@ -159,6 +159,7 @@ private:
     QHash<QString, DeviceTrouble> troubles_;   ///< of devices_, by id
     QHash<QString, ProtocolMode> chosenModes_; ///< by udid
     QSet<Attachment> asking_;                  ///< questions under way
+    QSet<QString> heard_; ///< phones that have answered since they were plugged in, by id
 
     bool hasUSBConflict_ = false;
     bool isCheckingConflict_ = false;
