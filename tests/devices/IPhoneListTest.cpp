@@ -23,9 +23,6 @@ protected:
     [[nodiscard]] const DeviceInfo* only() const {
         return manager_->devices().size() == 1 ? &manager_->devices().front() : nullptr;
     }
-    [[nodiscard]] std::optional<DeviceTrouble> trouble() const {
-        return only() == nullptr ? std::nullopt : manager_->trouble(only()->id());
-    }
     [[nodiscard]] bool hasDetails() const {
         return only() != nullptr && only()->deviceName && only()->totalStorageBytes;
     }
@@ -86,18 +83,6 @@ TEST_F(IPhoneListTest, withoutAMultiplexerThereIsQuietUntilOneAppears) {
     EXPECT_EQ(changes_, 0);
     PluggedIPhone iphone;
     EXPECT_TRUE(eventually([&] { return hasDetails(); }));
-}
-
-TEST_F(IPhoneListTest, aPhoneThatHasForgottenThisComputerWantsToBePluggedInAgain) {
-    PluggedIPhone iphone;
-    iphone.faults([](VirtualIPhoneFaults& faults) {
-        faults.handshakesToFail = 1000;
-        faults.handshakeError = u"InvalidHostID"_s;
-    });
-    manager_->startListening();
-    ASSERT_TRUE(eventually([&] { return trouble().has_value(); }, 60s));
-    EXPECT_EQ(trouble()->error.code(), ErrorCode(PhoneError::trustForgotten));
-    EXPECT_EQ(iphone.count("lockdown.Pair"), 0U);
 }
 
 } // namespace

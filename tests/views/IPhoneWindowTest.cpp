@@ -3,6 +3,7 @@
 #include "ios/Multiplexer.h"
 #include "support/PluggedIPhone.h"
 
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QToolButton>
@@ -52,6 +53,13 @@ protected:
             if (part->isVisible() && part->text() == name)
                 return part;
         return nullptr;
+    }
+    static void pressInQuestion(const QString& button) {
+        auto* question = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        ASSERT_NE(question, nullptr);
+        for (QAbstractButton* each : question->buttons())
+            if (each->text() == button)
+                each->click();
     }
     [[nodiscard]] bool showsLetter() const {
         const auto& items = window_->browser().items();
@@ -225,20 +233,171 @@ TEST_F(IPhoneWindowTest, aFileThatBecameAFolderIsNotDeletedAsTheFile) {
     window_->browser().selection().selectAll();
     ASSERT_TRUE(QFile::remove(phone_.disk.path(phone_.inDocuments(u"letter.txt"_s))));
     phone_.write(u"letter.txt/precious"_s, "p");
-    QTimer::singleShot(50, window_.get(), [] {
-        auto* question = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        ASSERT_NE(question, nullptr);
-        for (QAbstractButton* each : question->buttons())
-            if (each->text() == u"Delete"_s)
-                each->click();
-    });
+    QTimer::singleShot(50, window_.get(), [] { pressInQuestion(u"Delete"_s); });
     window_->browserView().actions().remove->trigger();
     EXPECT_TRUE(wait([this] { return window_->browser().problem().has_value(); }));
     EXPECT_EQ(phone_.read(u"letter.txt/precious"_s), "p");
 }
 
-/// An iPhone that answers one request with what breaks or holds up whoever listens, and an Android
-/// phone beside it.
+/// An Android phone beside the iPhone, which goes on working whatever that does.
+class TwoPhonesWindowTest : public IPhoneWindowTest {
+protected:
+    TwoPhonesWindowTest() {
+        android_.write(u"DCIM/photo.jpg"_s, "photo");
+        awaitPhones(2);
+    }
+    void awaitPhones(std::size_t count) {
+        ASSERT_TRUE(wait([&] { return app_->deviceManager().devices().size() == count; }));
+    }
+    void unplug() {
+        phone_.phone.unplug();
+        awaitPhones(1);
+    }
+    void plugIn() {
+        phone_.phone.plugInto(phone_.mux);
+        awaitPhones(2);
+    }
+    void choose(DevicePlatform platform) {
+        const auto& devices = app_->deviceManager().devices();
+        for (std::size_t n = 0; n < devices.size(); ++n)
+            if (devices[n].platform == platform)
+                clickRow(list("deviceList"), static_cast<int>(n));
+    }
+    void openNotes() {
+        choose(DevicePlatform::iOS);
+        openApps();
+        clickApp(u"Notes"_s);
+        ASSERT_TRUE(wait([this] { return showsLetter(); }));
+    }
+    void expectAndroidWorks() {
+        choose(DevicePlatform::android);
+        window_->choice().browseFiles();
+        window_->browser().navigateTo(u"/sdcard/DCIM"_s);
+        EXPECT_TRUE(wait([this] {
+            return !window_->browser().isLoading() && window_->browser().items().size() == 1;
+        }));
+        window_->browser().selection().selectAll();
+        window_->browserView().actions().download->trigger();
+        EXPECT_TRUE(wait([this] { return local_.read(u"photo.jpg"_s) == "photo"; }));
+        EXPECT_FALSE(window_->browser().problem());
+    }
+    void askForApps() {
+        QTest::keyClick(window_->findChild<QWidget*>(u"appListView"_s), Qt::Key_F5);
+    }
+    /// Whether it stands in the window.
+    [[nodiscard]] bool says(const QString& text) const {
+        const auto labels = window_->findChildren<QLabel*>();
+        return std::any_of(labels.begin(), labels.end(), [&](const QLabel* label) {
+            return label->isVisible() && label->text().contains(text);
+        });
+    }
+    [[nodiscard]] QPushButton* buttonCalled(const QString& text) const {
+        const auto buttons = window_->findChildren<QPushButton*>();
+        const auto found = std::find_if(buttons.begin(), buttons.end(), [&](QPushButton* one) {
+            return one->isVisible() && one->text() == text;
+        });
+        return found == buttons.end() ? nullptr : *found;
+    }
+    [[nodiscard]] QString rowOf(DevicePlatform platform) const {
+        const auto& devices = app_->deviceManager().devices();
+        for (std::size_t n = 0; n < devices.size(); ++n)
+            if (devices[n].platform == platform)
+                return list("deviceList")
+                    .model()
+                    ->index(static_cast<int>(n), 0)
+                    .data(Qt::AccessibleTextRole)
+                    .toString();
+        return {};
+    }
+
+    PluggedPhone android_{bus_, phoneConfig("ANDROID1")};
+};
+
+TEST_F(TwoPhonesWindowTest, aCancelEndsTheWaitForAMutePhonesApps) {
+    phone_.faults(
+        [](VirtualIPhoneFaults& faults) { faults.hang = {u"installationProxy.Browse"_s}; });
+    choose(DevicePlatform::iOS);
+    window_->choice().showApps();
+    const auto waits = [&] {
+        return buttonCalled(u"Cancel"_s) != nullptr && phone_.count("installationProxy.Browse") > 0;
+    };
+    for (const bool byKey : {false, true}) {
+        SCOPED_TRACE(byKey);
+        phone_.phone.log().clear();
+        askForApps();
+        ASSERT_TRUE(wait(waits));
+        if (byKey)
+            QTest::keyClick(buttonCalled(u"Cancel"_s), Qt::Key_Escape);
+        else
+            QTest::mouseClick(buttonCalled(u"Cancel"_s), Qt::LeftButton);
+        EXPECT_TRUE(says(u"The apps were not read."_s)) << "at once";
+        EXPECT_TRUE(says(u"Refresh the list to try again."_s));
+    }
+    expectAndroidWorks();
+    phone_.faults([](VirtualIPhoneFaults& faults) { faults.hang.clear(); });
+    choose(DevicePlatform::iOS);
+    window_->choice().showApps();
+    if (!showsApps())
+        QTest::mouseClick(buttonCalled(u"Retry"_s), Qt::LeftButton);
+    EXPECT_TRUE(showsAppsSoon()) << "the cancelled question is not in the way";
+}
+
+TEST_F(TwoPhonesWindowTest, aPhoneThatHasForgottenThisComputerIsToBePluggedInAgain) {
+    choose(DevicePlatform::iOS);
+    EXPECT_TRUE(wait([this] { return rowOf(DevicePlatform::iOS).contains(u"Battery 80 %"_s); }))
+        << rowOf(DevicePlatform::iOS).toStdString();
+    unplug();
+    phone_.faults([](VirtualIPhoneFaults& faults) {
+        faults.handshakesToFail = 1000;
+        faults.handshakeError = u"InvalidHostID"_s;
+    });
+    plugIn();
+    choose(DevicePlatform::iOS);
+    EXPECT_TRUE(wait(
+        [this] { return says(u"Unplug the phone, plug it in again and tap “Trust” on it."_s); }));
+    EXPECT_EQ(phone_.count("lockdown.Pair"), 0U) << "it would not ask again";
+    expectAndroidWorks();
+}
+
+TEST_F(TwoPhonesWindowTest, whatALockedPhoneRefusesIsNotTheAppsDoing) {
+    openNotes();
+    phone_.phone.setLocked(true);
+    phone_.faults([](VirtualIPhoneFaults& faults) {
+        faults.statuses[u"afc.removePath"_s] = {10, true};
+    });
+    window_->browser().selection().selectAll();
+    QTimer::singleShot(50, window_.get(), [] { pressInQuestion(u"Delete"_s); });
+    window_->browserView().actions().remove->trigger();
+    EXPECT_TRUE(
+        wait([this] { return says(u"“letter.txt” could not be deleted: The phone is locked"_s); }));
+    EXPECT_TRUE(says(u"Unlock the phone and try again."_s));
+    expectAndroidWorks();
+}
+
+TEST_F(TwoPhonesWindowTest, whatAPulledCableLeavesIsNotInSightAndGoesWhenTheCopyGoesOn) {
+    openNotes();
+    phone_.faults([](VirtualIPhoneFaults& faults) { faults.megabytesPerSecond = 2; });
+    const QByteArray film(6'000'000, 'f');
+    filesToCopy_ = {local_.write(u"film"_s, film)};
+    window_->browserView().actions().uploadFiles->trigger();
+    const auto parts = [this] {
+        return phone_.disk.names(phone_.inDocuments({})).filter(u".tessary-part-"_s);
+    };
+    ASSERT_TRUE(wait([&] { return !parts().isEmpty(); }));
+    unplug();
+    expectAndroidWorks();
+    ASSERT_FALSE(parts().isEmpty());
+    phone_.faults([](VirtualIPhoneFaults& faults) { faults = {}; });
+    plugIn();
+    choose(DevicePlatform::iOS);
+    EXPECT_TRUE(wait([this] { return pathPart(u"Notes"_s) != nullptr && says(u"1 item"_s); }));
+    EXPECT_TRUE(wait([this] { return buttonCalled(u"Continue Copying"_s) != nullptr; }));
+    QTest::mouseClick(buttonCalled(u"Continue Copying"_s), Qt::LeftButton);
+    EXPECT_TRUE(wait([&] { return phone_.read(u"film"_s) == film; }));
+    EXPECT_TRUE(parts().isEmpty());
+}
+
+/// An iPhone that answers one request with what breaks or holds up whoever listens.
 struct Hostility {
     const char* name;
     const char* request;
@@ -249,22 +408,8 @@ void PrintTo(const Hostility& hostility, std::ostream* stream) {
     *stream << hostility.name;
 }
 
-class HostileIPhoneWindowTest : public IPhoneWindowTest,
-                                public testing::WithParamInterface<Hostility> {
-protected:
-    HostileIPhoneWindowTest() {
-        android_.write(u"DCIM/photo.jpg"_s, "photo");
-        EXPECT_TRUE(wait([this] { return app_->deviceManager().devices().size() == 2; }));
-    }
-    void choose(DevicePlatform platform) {
-        const auto& devices = app_->deviceManager().devices();
-        for (std::size_t n = 0; n < devices.size(); ++n)
-            if (devices[n].platform == platform)
-                clickRow(list("deviceList"), static_cast<int>(n));
-    }
-
-    PluggedPhone android_{bus_, phoneConfig("ANDROID1")};
-};
+class HostileIPhoneWindowTest : public TwoPhonesWindowTest,
+                                public testing::WithParamInterface<Hostility> {};
 
 const QByteArray deep = "<plist>" + QByteArray("<array>").repeated(600'000);
 INSTANTIATE_TEST_SUITE_P(
@@ -288,18 +433,9 @@ TEST_P(HostileIPhoneWindowTest, leavesThePhoneBesideItToWork) {
     const std::size_t asked = phone_.count(GetParam().request);
     choose(DevicePlatform::iOS);
     window_->choice().showApps();
-    window_->browserView().actions().reload->trigger();
+    askForApps();
     ASSERT_TRUE(wait([&] { return phone_.count(GetParam().request) > asked; }));
-    choose(DevicePlatform::android);
-    window_->choice().browseFiles();
-    window_->browser().navigateTo(u"/sdcard/DCIM"_s);
-    EXPECT_TRUE(wait([this] {
-        return !window_->browser().isLoading() && window_->browser().items().size() == 1;
-    }));
-    window_->browser().selection().selectAll();
-    window_->browserView().actions().download->trigger();
-    EXPECT_TRUE(wait([this] { return local_.read(u"photo.jpg"_s) == "photo"; }));
-    EXPECT_FALSE(window_->browser().problem());
+    expectAndroidWorks();
 }
 
 } // namespace

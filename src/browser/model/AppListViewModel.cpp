@@ -72,7 +72,10 @@ void AppListViewModel::cancelLoading() {
         return;
     ++number_;
     stop_.request_stop();
-    fail(BrowserProblem{BrowserProblem::What::appsNotRead, {}, 1, 1, {}});
+    if (apps_.empty())
+        fail(BrowserProblem{BrowserProblem::What::appsNotRead, {}, 1, 1, {}});
+    else
+        finish(apps_);
 }
 
 void AppListViewModel::finish(std::vector<AppInfo> apps) {

@@ -43,7 +43,7 @@ public:
     void clear();
     /// Asks the phone again.
     void reload();
-    /// Gives up the question under way.
+    /// Gives up the question under way. Apps of an earlier answer stay.
     void cancelLoading();
 
     [[nodiscard]] const std::optional<DeviceInfo>& device() const {

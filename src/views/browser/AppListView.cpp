@@ -164,8 +164,10 @@ void AppListView::show() {
             stack_->setCurrentWidget(list_);
             return;
         }
-        placeholder_->show(QStringLiteral("iphone.gen3"), tr("Looking for apps…"), {}, {}, {},
-                           true);
+        placeholder_->show(
+            QStringLiteral("iphone.gen3"), tr("Looking for apps…"), {},
+            QCoreApplication::translate("tessary::ImportView", "Cancel"),
+            [this] { apps_.cancelLoading(); }, true);
         break;
     case AppListState::empty:
         placeholder_->show(QStringLiteral("iphone.gen3"), tr("No Apps That Share Files"),
@@ -179,9 +181,13 @@ void AppListView::show() {
                            tr("Clear the Filter"), [this] { search_->clear(); });
         break;
     case AppListState::failed:
-        placeholder_->show(QStringLiteral("dialog-error"), tr("Connection Failed"),
-                           words.advice + QLatin1Char('\n') + words.what, tr("Retry"),
-                           [this] { apps_.reload(); });
+        if (apps_.problem()->what == BrowserProblem::What::appsNotRead)
+            placeholder_->show(QStringLiteral("iphone.gen3"), words.what, words.advice, tr("Retry"),
+                               [this] { apps_.reload(); });
+        else
+            placeholder_->show(QStringLiteral("dialog-error"), tr("Connection Failed"),
+                               words.advice + QLatin1Char('\n') + words.what, tr("Retry"),
+                               [this] { apps_.reload(); });
         placeholder_->setDetails(words.details);
         break;
     }
@@ -226,6 +232,16 @@ void AppListView::showMenu(const QPoint& where) {
                    QCoreApplication::translate("tessary::Sidebar", "Open in File Manager"),
                    [this, &app] { openOutside_(app); });
     menu.exec(list_->viewport()->mapToGlobal(where));
+}
+
+/// Whatever of it has the focus.
+void AppListView::keyPressEvent(QKeyEvent* key) {
+    if (key->key() == Qt::Key_Escape && apps_.isLoading())
+        apps_.cancelLoading();
+    else if (key->matches(QKeySequence::Refresh))
+        apps_.reload();
+    else
+        QWidget::keyPressEvent(key);
 }
 
 bool AppListView::eventFilter(QObject* watched, QEvent* event) {

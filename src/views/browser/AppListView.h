@@ -29,6 +29,7 @@ public:
                 std::function<void()> goUp, QWidget* parent = nullptr);
 
 protected:
+    void keyPressEvent(QKeyEvent* key) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
