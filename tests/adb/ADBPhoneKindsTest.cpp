@@ -53,13 +53,6 @@ TEST_P(OldPhoneTest, everythingGoesByTheOlderRecords) {
     EXPECT_FALSE(files_->capabilities({}).readsRanges);
     EXPECT_TRUE(files_->capabilities({}).hasHashes) << "toybox knows it";
     EXPECT_EQ(readAll(item(u"/a/x"_s), {0, 1}), "x");
-    (void)files_->makeFolder(u"/a"_s, u"it's"_s, {});
-    EXPECT_EQ(codeOf([&] { (void)files_->makeFolder(u"/a"_s, u"it's"_s, {}); }), "taken");
-    EXPECT_EQ(codeOf([&] { files_->remove(item(u"/a"_s), {}); }), "folderNotEmpty");
-    const FileItem moved = files_->move(write(u"/"_s, u"n"_s, "n"), u"/a/it's"_s, {});
-    EXPECT_EQ(content(u"a/it's/n"_s), "n");
-    files_->removeTree(item(u"/a"_s), {});
-    EXPECT_FALSE(disk_.has(u"phone/a"_s));
 }
 
 INSTANTIATE_TEST_SUITE_P(Ways, OldPhoneTest, allADBWays, testing::PrintToStringParamName());
