@@ -5,7 +5,9 @@
 #include "views/dialogs/FolderChooser.h"
 
 #include <QClipboard>
+#include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QPointer>
 #include <QStandardPaths>
@@ -41,9 +43,12 @@ void clearCut() {
 
 CopyDialogs systemCopyDialogs() {
     return {[](QWidget* parent) {
+                // A folder that is missing would be offered, and could not be chosen.
+                const QString downloads =
+                    QStandardPaths::writableLocation(QStandardPaths::DownloadLocation);
                 return QFileDialog::getExistingDirectory(
                     parent, CopyCommands::tr("Copy to"),
-                    QStandardPaths::writableLocation(QStandardPaths::DownloadLocation));
+                    QFileInfo::exists(downloads) ? downloads : QDir::homePath());
             },
             [](QWidget* parent) {
                 return QFileDialog::getOpenFileNames(parent,
