@@ -100,11 +100,13 @@ TEST_F(PrivateFolderTest, placesOfOtherUsersArePassedOver) {
         GTEST_SKIP() << "only root has other users' folders";
     const QString theirs = disk.makeFolder(u"theirs"_s);
     ASSERT_EQ(chown(qUtf8Printable(theirs), somebodyElse, 0), 0);
-    const Variable runtime("XDG_RUNTIME_DIR", theirs);
     const Variable cache("XDG_CACHE_HOME", disk.makeFolder(u"ours"_s));
-    EXPECT_EQ(PrivateFolder(PrivateFolder::Place::runtime, u"mounts"_s).path(),
-              disk.path(u"ours/tessary/mounts"_s));
-    EXPECT_EQ(disk.names(u"theirs"_s), QStringList());
+    for (const QString& place : {theirs, theirs + u"/missing/run"_s}) {
+        const Variable runtime("XDG_RUNTIME_DIR", place);
+        EXPECT_EQ(PrivateFolder(PrivateFolder::Place::runtime, u"mounts"_s).path(),
+                  disk.path(u"ours/tessary/mounts"_s));
+        EXPECT_EQ(disk.names(u"theirs"_s), QStringList());
+    }
 }
 
 TEST_F(PrivateFolderTest, scratchFoldersOfEndedProgramsAreRemovedOnceTheyAreOld) {

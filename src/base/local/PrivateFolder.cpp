@@ -86,17 +86,30 @@ QStringList candidates(PrivateFolder::Place place) {
     return paths;
 }
 
+/// Makes a folder that is missing, with those above it, in one of root's or this user's; nothing
+/// is put into what belongs to somebody else.
+void makeWhereOurs(const QString& path) {
+    QString nearest = path; // that is there
+    while (!QFileInfo::exists(nearest))
+        nearest = QFileInfo(nearest).path();
+    struct stat facts {};
+    if (stat(QFile::encodeName(nearest).constData(), &facts) == 0 &&
+        (facts.st_uid == geteuid() || facts.st_uid == 0))
+        QDir().mkpath(path);
+}
+
 /// The first place that nobody else can tamper with; made when it is missing.
 std::pair<FileHandle, QString> safePlace(PrivateFolder::Place place) {
     QString refused;
-    for (const QString& path : candidates(place)) {
+    for (const QString& candidate : candidates(place)) {
+        const QString path = QDir::cleanPath(candidate);
         if (!QFileInfo(path).isAbsolute())
             continue;
-        QDir().mkpath(path);
+        makeWhereOurs(path);
         FileHandle opened(
             ::open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
         if (opened.isOpen() && isSafeParent(opened.get()))
-            return {std::move(opened), QDir::cleanPath(path)};
+            return {std::move(opened), path};
         refused = path;
     }
     fail(refused, QStringLiteral("it is missing, or others may write there"));
