@@ -3,6 +3,8 @@
 #include "ios/files/AFCFileSystem.h"
 
 #include "base/threads/CancellationError.h"
+#include "platform/process/ChildChannel.h"
+#include "platform/process/SharedMemory.h"
 #include "support/IPhoneFiles.h"
 #include "support/QtPrinters.h"
 #include "support/UnderAttack.h"
@@ -178,6 +180,19 @@ TEST(IPhoneHelper, thatCannotBeUsedIsAnError) {
                     }),
                     StartsWith(row.error));
         EXPECT_LT(std::chrono::steady_clock::now() - begin, soon);
+    }
+}
+
+TEST(IPhoneHelper, refusesWhatIsNoRequest) {
+    PluggedIPhone iphone;
+    const SharedMemory content(contentMemory);
+    const int inherited[] = {content.descriptor()};
+    ChildChannel helper(installedHelper(u"tessary-iphone"_s),
+                        {QString::number(helperVersion), iphone.udid()}, inherited);
+    for (const char* request : {"", "ff", "02", "0d00000000ffffffff", "0dffffffff00000001"}) {
+        const auto answer = helper.ask(QByteArray::fromHex(request), 1000, 10s);
+        ASSERT_EQ(answer.outcome, ChildChannel::Outcome::answered) << request;
+        EXPECT_FALSE(answer.message.at(1)) << request;
     }
 }
 

@@ -121,7 +121,10 @@ int main(int argc, char** argv) {
     const auto parsed = parseCommandLine(QCoreApplication::arguments().mid(1));
     if (const auto* usage = std::get_if<CliUsage>(&parsed)) {
         std::fputs(qUtf8Printable(usage->text), usage->exitStatus == 0 ? out : stderr);
-        return std::fclose(out) == 0 ? usage->exitStatus : CliRunner::failed;
+        if (std::fclose(out) == 0)
+            return usage->exitStatus;
+        std::perror("tessary-cli: The output cannot be written whole");
+        return CliRunner::failed;
     }
     const CliRequest& request = std::get<CliRequest>(parsed);
 

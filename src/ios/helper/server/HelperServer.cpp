@@ -54,13 +54,13 @@ QByteArray HelperServer::answer(const QByteArray& request) {
     QDataStream results(&result, QIODevice::WriteOnly);
     QDataStream arguments(request);
     quint8 operation = 0;
-    arguments >> operation;
     bool wentWell = false;
     try {
         if (refusesAll_)
             throw Error(PhoneError::notReachable, {},
                         Error(IPhoneError::helper, {QStringLiteral("another version")}));
-        wentWell = carryOut(static_cast<HelperOperation>(operation), arguments, results);
+        wentWell = read(arguments, operation) &&
+                   carryOut(static_cast<HelperOperation>(operation), arguments, results);
         if (!wentWell)
             results << Error(PhoneError::notSupported);
     } catch (const Error& error) {
