@@ -16,6 +16,9 @@
 #include <csignal>
 #include <thread>
 
+#include <sys/wait.h>
+#include <unistd.h>
+
 namespace tessary {
 namespace {
 
@@ -181,6 +184,21 @@ TEST(IPhoneHelper, thatCannotBeUsedIsAnError) {
                     StartsWith(row.error));
         EXPECT_LT(std::chrono::steady_clock::now() - begin, soon);
     }
+}
+
+/// The whole session is stopped for longer than an answer may take: nobody was silent.
+TEST(IPhoneHelper, timeInWhichNothingRunsIsNoSilence) {
+    const pid_t asker = fork();
+    if (asker == 0) {
+        ChildChannel late(u"/bin/sh"_s,
+                          {u"-c"_s, u"head -c 5; kill -STOP $PPID; sleep 6; kill -CONT $PPID; "
+                                    "sleep 0.5; printf '\\1\\0\\0\\0x' >&0"_s});
+        _exit(static_cast<int>(late.ask("x", 1, 4s).outcome));
+    }
+    int status = 0;
+    ASSERT_EQ(waitpid(asker, &status, 0), asker);
+    ASSERT_TRUE(WIFEXITED(status));
+    EXPECT_EQ(WEXITSTATUS(status), static_cast<int>(ChildChannel::Outcome::answered));
 }
 
 TEST(IPhoneHelper, refusesWhatIsNoRequest) {

@@ -100,10 +100,10 @@ QByteArray framed(const QByteArray& message) {
 class ChildChannel::Deadline {
 public:
     Deadline(int socket, int wake, std::chrono::milliseconds patience)
-        : socket_(socket), wake_(wake), end_(Clock::now() + patience) {}
+        : socket_(socket), wake_(wake), patience_(patience), end_(Clock::now() + patience) {}
 
     /// No value once there is something to read, or room to write.
-    [[nodiscard]] std::optional<Outcome> waitFor(short events) const {
+    [[nodiscard]] std::optional<Outcome> waitFor(short events) {
         while (true) {
             const auto left =
                 std::chrono::duration_cast<std::chrono::milliseconds>(end_ - Clock::now());
@@ -116,11 +116,11 @@ public:
                 return Outcome::stopped;
             if (count > 0)
                 return std::nullopt;
-            if (count == 0)
+            if (count == 0 && !stoodStill())
                 return Outcome::silent;
         }
     }
-    [[nodiscard]] std::optional<Outcome> sendAll(const QByteArray& bytes) const {
+    [[nodiscard]] std::optional<Outcome> sendAll(const QByteArray& bytes) {
         for (qsizetype sent = 0; sent < bytes.size();) {
             const ssize_t count =
                 ::send(socket_, bytes.constData() + sent,
@@ -136,7 +136,7 @@ public:
         }
         return std::nullopt;
     }
-    [[nodiscard]] std::optional<Outcome> receiveAll(QByteArray& bytes, qint64 wanted) const {
+    [[nodiscard]] std::optional<Outcome> receiveAll(QByteArray& bytes, qint64 wanted) {
         while (bytes.size() < wanted) {
             const qsizetype before = bytes.size();
             const auto room = std::min<qint64>(wanted - before, step);
@@ -157,9 +157,22 @@ public:
     }
 
 private:
+    /// Whoever wakes long after the end did not run meanwhile, and the child hardly did: it gets
+    /// its time anew, once.
+    bool stoodStill() {
+        constexpr std::chrono::seconds longEnough(1);
+        if (wasExtended_ || Clock::now() < end_ + longEnough)
+            return false;
+        wasExtended_ = true;
+        end_ = Clock::now() + patience_;
+        return true;
+    }
+
     const int socket_;
     const int wake_;
-    const Clock::time_point end_;
+    const std::chrono::milliseconds patience_;
+    Clock::time_point end_;
+    bool wasExtended_ = false;
 };
 
 ChildChannel::ChildChannel(const QString& program, const QStringList& arguments,
@@ -209,7 +222,7 @@ ChildChannel::Answer ChildChannel::ask(const QByteArray& message, qint64 longest
         const std::uint64_t one = 1;
         (void)!::write(wake_, &one, sizeof one);
     });
-    const Deadline deadline(socket_, wake_, patience);
+    Deadline deadline(socket_, wake_, patience);
     if (const auto ended = deadline.sendAll(framed(message)))
         return {*ended, {}};
     QByteArray head;
