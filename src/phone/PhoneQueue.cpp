@@ -154,11 +154,30 @@ void PhoneQueue::noteEdit() {
     ++edits_;
 }
 
+QString PhoneQueue::phoneName() const {
+    const std::scoped_lock lock(mutex_);
+    return phoneName_;
+}
+
+void PhoneQueue::setPhoneName(const QString& name) {
+    const std::scoped_lock lock(mutex_);
+    phoneName_ = name;
+}
+
+QString phoneName(const PhoneIdentity& opened, const PhoneQueue& queue) {
+    const QString now = queue.phoneName();
+    if (!now.isEmpty())
+        return now;
+    return opened.name.isEmpty() ? opened.udid : opened.name;
+}
+
 std::shared_ptr<PhoneQueue> PhoneQueues::of(const PhoneIdentity& phone) {
     const std::scoped_lock lock(mutex_);
     std::shared_ptr<PhoneQueue>& queue = queues_[phone.key()];
     if (!queue)
         queue = std::make_shared<PhoneQueue>();
+    if (!phone.name.isEmpty() && phone.name != phone.udid) // which stands in for a name
+        queue->setPhoneName(phone.name);
     return queue;
 }
 

@@ -86,6 +86,11 @@ public:
     [[nodiscard]] std::uint64_t edits() const;
     void noteEdit();
 
+    /// The name of the phone as the user knows it now: it may be known, or become another, after
+    /// the phone was opened. Empty as long as nobody knows one.
+    [[nodiscard]] QString phoneName() const;
+    void setPhoneName(const QString& name);
+
 private:
     struct Waiting {
         Urgency urgency;
@@ -104,16 +109,21 @@ private:
     int jobs_ = 0;
     std::list<Waiting> waiting_; ///< in the order of asking
     std::uint64_t edits_ = 0;
+    QString phoneName_;
     std::chrono::steady_clock::time_point lastUse_;
     bool wasUsed_ = false; ///< since the connections were last closed
     QHash<const void*, std::function<void()>> closers_;
     std::jthread idleThread_; ///< from the first closeWhenIdle() on
 };
 
+/// As the user knows it now, else when it was opened; its number as long as it has no name.
+[[nodiscard]] QString phoneName(const PhoneIdentity& opened, const PhoneQueue& queue);
+
 /// The queue of each phone. Thread-safe.
 class PhoneQueues {
 public:
-    /// The one of a phone, made at the first call.
+    /// The one of a phone, made at the first call. It takes the phone's name over, where there is
+    /// one.
     [[nodiscard]] std::shared_ptr<PhoneQueue> of(const PhoneIdentity& phone);
 
 private:

@@ -193,6 +193,14 @@ TEST_F(UntrustingIPhoneWindowTest, itsAppsAreShownOnceItTrustsThisComputer) {
     window_->choice().showPhone();
     EXPECT_FALSE(trouble->isVisible());
     EXPECT_EQ(phone_.count("lockdown.Pair"), 1U);
+    // A phone may be opened before its name is known.
+    DeviceInfo device = app_->deviceManager().devices().front();
+    const auto files = services_.files().openMedia(device);
+    for (const std::optional<QString>& name : {std::optional(u"Ann's"_s), {}}) {
+        device.deviceName = name;
+        EXPECT_EQ(services_.files().openMedia(device), files) << "with its connection";
+        EXPECT_EQ(files->displayName(), u"Ann's"_s);
+    }
 }
 
 class LockedIPhoneWindowTest : public PhotosIPhoneWindowTest {

@@ -77,7 +77,7 @@ QString ADBFileSystem::identity() const {
 }
 
 QString ADBFileSystem::displayName() const {
-    return phone_.name.isEmpty() ? phone_.udid : phone_.name;
+    return phoneName(phone_, *queue_);
 }
 
 FileTreeRoot ADBFileSystem::rootOf(const QString& path) const {

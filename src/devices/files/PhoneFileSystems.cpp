@@ -14,6 +14,7 @@ std::shared_ptr<PhoneFileSystem> PhoneFileSystems::once(
         make) {
     const QString key = way + QLatin1Char(' ') + phone.key();
     const std::scoped_lock lock(mutex_);
+    const auto queue = queues_.of(phone); // which learns the name, too
     const auto known = opened_.constFind(key);
     // An iPhone that was plugged in anew does not take up its old connection.
     if (known != opened_.cend() && known->phone.attachment == phone.attachment)
@@ -21,7 +22,7 @@ std::shared_ptr<PhoneFileSystem> PhoneFileSystems::once(
     // Its connection may take a while to close.
     if (known != opened_.cend())
         endInBackground(opened_.take(key).files);
-    auto files = make(queues_.of(phone));
+    auto files = make(queue);
     if (!files)
         return files;
     limit();

@@ -79,7 +79,7 @@ QString AFCFileSystem::identity() const {
 }
 
 QString AFCFileSystem::displayName() const {
-    const QString name = phone_.name.isEmpty() ? phone_.udid : phone_.name;
+    const QString name = phoneName(phone_, *queue_);
     return app_ ? QStringLiteral("%1 (%2)").arg(app_->displayName, name) : name;
 }
 

@@ -44,7 +44,7 @@ QString MTPFileSystem::identity() const {
 }
 
 QString MTPFileSystem::displayName() const {
-    return phone_.name;
+    return phoneName(phone_, *queue());
 }
 
 FileTreeRoot MTPFileSystem::rootOf(const QString& path) const {
