@@ -58,7 +58,11 @@ PlaceholderView::PlaceholderView(QWidget* parent)
     content->addWidget(details_);
     auto* outer = new QVBoxLayout(this);
     outer->addStretch(2);
-    outer->addWidget(column);
+    auto* middle = new QHBoxLayout;
+    middle->addStretch(1);
+    middle->addWidget(column, 1000); // all of it, up to its own width
+    middle->addStretch(1);
+    outer->addLayout(middle);
     outer->addStretch(3);
 }
 
