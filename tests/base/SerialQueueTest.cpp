@@ -5,9 +5,13 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <cstdlib>
 #include <future>
 #include <latch>
 #include <thread>
+
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace tessary {
 namespace {
@@ -22,6 +26,24 @@ struct Hang {
     std::shared_future<void> released = release.get_future().share();
     std::latch begun{1};
 };
+
+TEST(SerialQueue, timeInWhichNothingRunsIsNoSilence) {
+    const pid_t waiting = fork();
+    if (waiting == 0) {
+        SerialQueue queue("test", {.afterStop = 20ms, .ofSilence = 3s});
+        try {
+            queue.run([] {
+                return std::system("kill -STOP $PPID; sleep 5; kill -CONT $PPID; sleep 0.5");
+            });
+            _exit(0);
+        } catch (const QueueStalled&) {
+            _exit(1);
+        }
+    }
+    int status = 0;
+    ASSERT_EQ(waitpid(waiting, &status, 0), waiting);
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
+}
 
 TEST(SerialQueue, aCallerThatIsStoppedLeavesWorkThatDoesNotEnd) {
     Hang hang;

@@ -15,6 +15,7 @@ namespace tessary {
 
 namespace {
 
+using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
 } // namespace
@@ -94,8 +95,17 @@ void SerialQueue::waitFor(const std::shared_ptr<Task>& task, const std::stop_tok
     // stuck waits a moment: what it was stuck in may just have been ended.
     const auto atLeast = Clock::now() + state->patience.afterStop;
     const auto end = [&] { return std::max(state->end(), atLeast); };
-    while (!isDone() && !stop.stop_requested() && Clock::now() < end())
-        state->changed.wait_until(lock, stop, end(), isDone);
+    bool stoodStill = false;
+    while (!isDone() && !stop.stop_requested() && Clock::now() < end()) {
+        const auto expected = end();
+        state->changed.wait_until(lock, stop, expected, isDone);
+        // Whoever wakes long after the end did not run meanwhile, and the work neither: it gets its
+        // time anew, once.
+        if (!stoodStill && Clock::now() >= expected + 1s) {
+            stoodStill = true;
+            state->lastBeat = Clock::now();
+        }
+    }
     if (!isDone() && stop.stop_requested() && task->stage == Task::Stage::running)
         state->changed.wait_for(lock, state->patience.afterStop, isDone);
     if (isDone())
