@@ -29,7 +29,7 @@ constexpr std::array statuses{
     Row{LOCKDOWN_E_PLIST_ERROR, PhoneError::nonsense},
     Row{LOCKDOWN_E_DICT_ERROR, PhoneError::nonsense},
     Row{LOCKDOWN_E_INVALID_RESPONSE, PhoneError::nonsense},
-    Row{LOCKDOWN_E_PASSWORD_PROTECTED, PhoneError::locked},
+    Row{LOCKDOWN_E_PASSWORD_PROTECTED, PhoneError::locked, true},
     Row{LOCKDOWN_E_ESCROW_LOCKED, PhoneError::locked},
     Row{LOCKDOWN_E_USER_DENIED_PAIRING, PhoneError::notTrusted, true},
     Row{LOCKDOWN_E_PAIRING_DIALOG_RESPONSE_PENDING, PhoneError::notTrusted, true},

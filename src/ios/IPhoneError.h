@@ -30,7 +30,7 @@ inline constexpr IPhoneError lastIPhoneError = IPhoneError::helper;
 [[nodiscard]] Error lockdownErrorOf(std::int32_t status, const Error& cause);
 
 /// Whether lockdown would answer the same again, and asking again would bother the user: the phone
-/// shows the question of trust, was told no, or has forgotten this computer.
+/// shows the question of trust, was told no, has forgotten this computer, or is locked.
 [[nodiscard]] bool isFinalRefusal(std::int32_t status);
 
 /// What it means that house arrest refused an app with a reason.

@@ -39,10 +39,16 @@ void PairingQuestions::refused(const QString& udid, std::uint32_t attachment, st
     Question& question = questions_[udid];
     const bool isFirst = question.attachment != attachment || question.pause.count() == 0;
     const auto pause = isFirst ? firstPause : std::min(question.pause * 2, longestPause);
-    // Who was told no is asked again only when the cable was pulled.
-    const auto next =
-        status == LOCKDOWN_E_USER_DENIED_PAIRING ? Clock::time_point::max() : now + pause;
-    question = {attachment, status, pause, next};
+    switch (status) {
+    case LOCKDOWN_E_USER_DENIED_PAIRING: // asked again only when the cable was pulled
+        question = {attachment, status, pause, Clock::time_point::max()};
+        break;
+    case LOCKDOWN_E_PASSWORD_PROTECTED: // no question was shown to the user
+        question = {attachment, status, {}, now + lockedPause};
+        break;
+    default:
+        question = {attachment, status, pause, now + pause};
+    }
 }
 
 void PairingQuestions::forget(const QString& udid) {

@@ -20,6 +20,7 @@ public:
     using Clock = std::chrono::steady_clock;
     static constexpr std::chrono::seconds firstPause{10};
     static constexpr std::chrono::seconds longestPause{60};
+    static constexpr std::chrono::seconds lockedPause{2}; ///< nobody tells that it was unlocked
 
     /// The one of this process.
     [[nodiscard]] static PairingQuestions& shared();

@@ -206,6 +206,10 @@ TEST_F(UntrustingIPhoneWindowTest, itsAppsAreShownOnceItTrustsThisComputer) {
 class LockedIPhoneWindowTest : public PhotosIPhoneWindowTest {
 protected:
     LockedIPhoneWindowTest() : PhotosIPhoneWindowTest(wishes()) {}
+    [[nodiscard]] bool knowsTrouble() const {
+        const DeviceManager& manager = app_->deviceManager();
+        return manager.devices().size() == 1 && manager.trouble(manager.devices()[0].id());
+    }
     static VirtualIPhoneConfig wishes() {
         VirtualIPhoneConfig config;
         config.isPaired = false;
@@ -217,6 +221,8 @@ protected:
 TEST_F(LockedIPhoneWindowTest, itsPhotosAreShownOnceItIsUnlocked) {
     window_->choice().openMedia();
     ASSERT_TRUE(wait([this] { return window_->browser().state() == BrowserState::failed; }));
+    EXPECT_TRUE(wait([this] { return knowsTrouble(); })) << "with the page asking all the time";
+    EXPECT_LE(phone_.count("lockdown.Pair"), 3U);
     phone_.phone.setLocked(false);
     EXPECT_TRUE(wait([this] { return shows(u"DCIM"_s); }));
     EXPECT_FALSE(window_->browser().problem());

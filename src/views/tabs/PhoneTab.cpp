@@ -140,13 +140,31 @@ void PhoneTab::connectChoice() {
     connect(&import_, &ImportViewModel::removalEnded, &shared_.notices,
             &GeneralNotices::tellRemoval);
     connect(&app_.deviceManager(), &DeviceManager::troubleChanged, this, &PhoneTab::troubleChanged);
-    connect(&app_.deviceManager(), &DeviceManager::detailsSettled, this, [this] {
-        // Nobody else may have met it while it was locked.
+    connect(&app_.deviceManager(), &DeviceManager::detailsSettled, this, &PhoneTab::awaitUser);
+    retry_.setSingleShot(true);
+    connect(&retry_, &QTimer::timeout, this, [this] {
         const auto& active = browser_.activeDevice();
-        if (active && (waitedForUser(browser_.problem()) || waitedForUser(apps_.problem())) &&
-            !app_.deviceManager().trouble(active->id()))
+        if (active && waitsForUser() && !app_.deviceManager().trouble(active->id()))
             readAgain(active->id());
     });
+}
+
+bool PhoneTab::waitsForUser() const {
+    return waitedForUser(browser_.problem()) || waitedForUser(apps_.problem());
+}
+
+/// Nobody else may have met the phone while it was locked: it is asked again, less and less often.
+/// In between the device manager can ask, which tells when there is no trouble any more.
+void PhoneTab::awaitUser() {
+    constexpr std::chrono::seconds longest(30);
+    if (!waitsForUser()) {
+        const bool isRead =
+            browser_.state() == BrowserState::ready || apps_.state() == AppListState::ready;
+        pause_ = isRead ? firstPause : pause_;
+    } else if (!retry_.isActive()) {
+        retry_.start(pause_);
+        pause_ = std::min<std::chrono::milliseconds>(2 * pause_, longest);
+    }
 }
 
 FavoriteCommands PhoneTab::favoriteCommands() {
@@ -172,6 +190,7 @@ std::optional<DeviceInfo> PhoneTab::device() const {
 
 void PhoneTab::choose(const DeviceInfo* device) {
     udid_ = device == nullptr ? QString() : device->udid;
+    pause_ = firstPause;
     choice_.choose(device);
     if (awaited_ && awaited_->udid == udid_)
         goToAwaited();

@@ -13,8 +13,10 @@
 
 #include <QDeadlineTimer>
 #include <QSet>
+#include <QTimer>
 #include <QWidget>
 
+#include <chrono>
 #include <functional>
 #include <optional>
 
@@ -103,6 +105,9 @@ private:
     [[nodiscard]] WindowPages* makePages();
     [[nodiscard]] FavoriteCommands favoriteCommands();
     void troubleChanged(const QString& deviceId);
+    /// What is shown could not be read before the user has done something on the phone.
+    [[nodiscard]] bool waitsForUser() const;
+    void awaitUser();
     /// Reads what of a phone could not be read before.
     void readAgain(const QString& deviceId);
     void lookForAwaited();
@@ -118,6 +123,9 @@ private:
     AppListViewModel apps_;
     ImportViewModel import_;
     PhoneChoice choice_;
+    static constexpr std::chrono::milliseconds firstPause{1000};
+    QTimer retry_; ///< of what waitsForUser()
+    std::chrono::milliseconds pause_ = firstPause;
     BrowserView* view_;
     ImportView* importView_;
     PhonePage* phonePage_;
