@@ -120,7 +120,8 @@ Tree Content::read(const QString& folder, QStringList* parts) {
             if (parts != nullptr)
                 parts->append(path);
             const auto part = partNameOf(walk.fileName(), {});
-            if (part && part->kind == PartName::Kind::waiting && part->awaited)
+            if (part && part->kind == PartName::Kind::waiting && part->awaited &&
+                *part->awaited != SyncManifest::fileName)
                 tree.emplace(top.relativeFilePath(walk.fileInfo().dir().filePath(*part->awaited)),
                              seedOf(path));
         } else if (walk.fileName() != SyncManifest::fileName) {
