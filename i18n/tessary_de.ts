@@ -1632,6 +1632,10 @@
         <source>What the camera took, and what was saved with it</source>
         <translation>Was die Kamera aufgenommen hat und was dabei gesichert wurde</translation>
     </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
 </context>
 <context>
     <name>tessary::BreadcrumbBar</name>

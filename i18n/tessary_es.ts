@@ -1632,6 +1632,10 @@
         <source>What the camera took, and what was saved with it</source>
         <translation>Lo que captó la cámara y lo que se guardó con ello</translation>
     </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
 </context>
 <context>
     <name>tessary::BreadcrumbBar</name>

@@ -1632,6 +1632,10 @@
         <source>What the camera took, and what was saved with it</source>
         <translation>Ce que l’appareil photo a pris et ce qui a été enregistré avec</translation>
     </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
 </context>
 <context>
     <name>tessary::BreadcrumbBar</name>

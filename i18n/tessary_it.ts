@@ -1632,6 +1632,10 @@
         <source>What the camera took, and what was saved with it</source>
         <translation>Ciò che la fotocamera ha ripreso e ciò che è stato salvato insieme</translation>
     </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annulla</translation>
+    </message>
 </context>
 <context>
     <name>tessary::BreadcrumbBar</name>

@@ -1618,6 +1618,10 @@
         <source>What the camera took, and what was saved with it</source>
         <translation>カメラで撮影したものと、一緒に保存されたもの</translation>
     </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
 </context>
 <context>
     <name>tessary::BreadcrumbBar</name>

@@ -1618,6 +1618,10 @@
         <source>What the camera took, and what was saved with it</source>
         <translation>카메라로 찍은 것과 함께 저장된 것</translation>
     </message>
+    <message>
+        <source>Cancel</source>
+        <translation>취소</translation>
+    </message>
 </context>
 <context>
     <name>tessary::BreadcrumbBar</name>

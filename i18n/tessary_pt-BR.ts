@@ -1632,6 +1632,10 @@
         <source>What the camera took, and what was saved with it</source>
         <translation>O que a câmera captou e o que foi salvo com isso</translation>
     </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
 </context>
 <context>
     <name>tessary::BreadcrumbBar</name>

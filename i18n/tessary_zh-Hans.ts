@@ -1618,6 +1618,10 @@
         <source>What the camera took, and what was saved with it</source>
         <translation>相机拍摄的内容，以及与之一起保存的内容</translation>
     </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
 </context>
 <context>
     <name>tessary::BreadcrumbBar</name>

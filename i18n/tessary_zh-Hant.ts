@@ -1618,6 +1618,10 @@
         <source>What the camera took, and what was saved with it</source>
         <translation>相機拍攝的內容，以及與之一起儲存的內容</translation>
     </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
 </context>
 <context>
     <name>tessary::BreadcrumbBar</name>

@@ -165,8 +165,7 @@ void AppListView::show() {
             return;
         }
         placeholder_->show(
-            QStringLiteral("iphone.gen3"), tr("Looking for apps…"), {},
-            QCoreApplication::translate("tessary::ImportView", "Cancel"),
+            QStringLiteral("iphone.gen3"), tr("Looking for apps…"), {}, tr("Cancel"),
             [this] { apps_.cancelLoading(); }, true);
         break;
     case AppListState::empty:
