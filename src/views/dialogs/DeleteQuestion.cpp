@@ -94,7 +94,7 @@ bool askToDelete(QWidget& parent, const std::shared_ptr<PhoneFileSystem>& files,
         counting = runInBackground(
             &question,
             [files, items](const std::stop_token& stop) {
-                return countContent(*files, items, {}, stop);
+                return countContent(*files, items, {}, {stop, Urgency::copy});
             },
             [&question, &items](BackgroundResult<ContentCount> result) {
                 if (result.succeeded())

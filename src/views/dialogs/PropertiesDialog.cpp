@@ -230,7 +230,7 @@ void PropertiesDialog::startCount() {
     stop_ = runInBackground(
         this,
         [files = files_, items = items_, progress](const std::stop_token& stop) {
-            return countContent(*files, items, progress, stop);
+            return countContent(*files, items, progress, {stop, Urgency::copy});
         },
         [this](BackgroundResult<ContentCount> result) {
             if (!isCounting_)
