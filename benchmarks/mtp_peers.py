@@ -87,8 +87,10 @@ class Comparison(gadget_test.GadgetTest):
         return f"{needed} {command}"
 
     def mounted(self, command, **around):
+        """On its mount. What was written is on the device once the mount's program has ended."""
         around["before"] = "mkdir -p /tmp/mount; " + around.get("before", "true")
-        work = f"{self.theirs('jmtpfs /tmp/mount')} && {command}; status=$?; umount /tmp/mount; [ $status = 0 ]"
+        ending = "umount /tmp/mount; while pidof jmtpfs; do usleep 1000; done"
+        work = f"{self.theirs('jmtpfs /tmp/mount')} && {command}; status=$?; {ending}; [ $status = 0 ]"
         return dict(command=f"({work})", **around)
 
     def list_folder(self, count):
