@@ -216,9 +216,12 @@ TEST_P(TreeCopyOverWays, aLargeFileGoesOnInItsMiddle) {
     copy.verifies = true;
     EXPECT_EQ(copyFile(copy, noteFirst, {}).size, large.size());
     EXPECT_EQ(target->contents(), (Contents{{s("large"), large}}));
-    if (can.appends && can.appendsFrom <= large.size()) {
-        EXPECT_GT(first, 4'000'000);
-    }
+    if (!can.appends || can.appendsFrom > large.size())
+        return;
+    int times = 1; // that it goes across, for comparing
+    for (const auto& files : {source->files(), target->files()})
+        times += files->queue() && !files->capabilities({}).hasHashes ? 1 : 0;
+    EXPECT_GT(first, 4'000'000 / times);
 }
 
 TEST_P(TreeCopyOverWays, whatWasLeftOutIsTriedAgainAlone) {

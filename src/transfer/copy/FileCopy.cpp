@@ -130,15 +130,48 @@ FileItem dated(PhoneFileSystem& to, FileItem item, const FilePut& put,
     return item;
 }
 
-QByteArray hashOf(PhoneFileSystem& files, const FileItem& item, const Call& call) {
+QByteArray hashOf(PhoneFileSystem& files, const FileItem& item, const Call& call,
+                  const ByteProgress& progress = {}) {
     if (files.capabilities(call).hasHashes)
         if (auto known = files.hash(item, call))
             return *std::move(known);
     ContentHash hash;
+    qint64 done = 0;
     files.read(
-        item, {}, [&hash](ByteView bytes) { hash.add(bytes); }, call);
+        item, {},
+        [&](ByteView bytes) {
+            hash.add(bytes);
+            done += static_cast<qint64>(bytes.size());
+            if (progress)
+                progress(done);
+        },
+        call);
     return hash.finish();
 }
+
+/// The progress of a file that goes across more than once, since it is read again for comparing:
+/// each time is its share of the whole.
+class SharedProgress {
+public:
+    SharedProgress(const ByteProgress& progress, qint64 size, int times)
+        : progress_(progress), size_(size), times_(times) {}
+
+    /// For the next time that the file goes across.
+    [[nodiscard]] ByteProgress next() {
+        const int later = times_ - ++begun_;
+        return [this, later](qint64 done) {
+            if (progress_)
+                progress_(size_ - size_ / times_ * later -
+                          std::max<qint64>(size_ - done, 0) / times_);
+        };
+    }
+
+private:
+    const ByteProgress& progress_;
+    const qint64 size_;
+    const int times_;
+    int begun_ = 0;
+};
 
 } // namespace
 
@@ -268,6 +301,12 @@ FileItem copyFile(const FileCopy& copy, const ByteProgress& progress, const Call
     // Bytes may change on their way from a phone, too: it is asked again, by hash where it works
     // that out. Whoever removes the source afterwards has nothing else.
     const bool asksAgain = verifies && copy.from.queue();
+    const auto isReadAgain = [&](PhoneFileSystem& files) {
+        return verifies && files.queue() && !files.capabilities(call).hasHashes;
+    };
+    const bool isSourceReadAgain = isReadAgain(copy.from);
+    const bool isCopyReadAgain = isReadAgain(copy.to);
+    SharedProgress shared(progress, put.size, 1 + isSourceReadAgain + isCopyReadAgain);
     std::optional<ContentHash> hash;
     if (verifies && !asksAgain)
         hash.emplace();
@@ -287,15 +326,17 @@ FileItem copyFile(const FileCopy& copy, const ByteProgress& progress, const Call
         }
         if (!verifies)
             return;
-        const QByteArray wanted = asksAgain ? hashOf(copy.from, copy.file, call) : stream.hash();
-        if (hashOf(copy.to, part, call) != wanted)
+        const auto next = [&](bool isShown) { return isShown ? shared.next() : ByteProgress(); };
+        const QByteArray wanted =
+            asksAgain ? hashOf(copy.from, copy.file, call, next(isSourceReadAgain)) : stream.hash();
+        if (hashOf(copy.to, part, call, next(isCopyReadAgain)) != wanted)
             throw Error(PhoneError::differs, {joinPath(copy.folder, copy.name)});
         if (copy.verified)
             copy.verified(wanted);
     };
     return putFile(
         copy.to, put, [&stream](std::span<std::byte> into) { return stream.read(into); }, check,
-        progress, call);
+        shared.next(), call);
 }
 
 } // namespace tessary
