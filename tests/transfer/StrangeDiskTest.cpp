@@ -6,6 +6,7 @@
 #include "transfer/CopySides.h"
 #include "transfer/ImportFixture.h"
 #include "transfer/copy/Spool.h"
+#include "transfer/mount/PhoneMount.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -180,6 +181,45 @@ TEST_F(StrangeDiskTest, anyRequestOfAnUploadMayFail) {
                 .check = [&] { expectWhole(there->contents(), outcome); },
                 .errors = {EIO, EACCES, EMFILE, ENOMEM},
                 .leastRequests = 8});
+}
+
+/// What a phone sends only whole waits there for whoever reads it through a mount.
+TEST_F(StrangeDiskTest, anyRequestOfAMountsCacheMayFail) {
+    mount({});
+    if (IsSkipped())
+        return;
+    qputenv("XDG_CACHE_HOME", disk->path().toUtf8());
+    MemorySide whole{{.capabilities = {.readsRanges = false}, .pieceSize = 300'000}};
+    whole.fill({{s("film"), film}}, noon);
+    const TemporaryFolder shown;
+    std::unique_ptr<PhoneMount> mounted;
+    const auto read = [&shown] { // nothing when it fails; QFile does not tell of all that does
+        const FileHandle file(::open(shown.path(s("film")).toUtf8(), O_RDONLY | O_CLOEXEC));
+        QByteArray bytes;
+        QByteArray piece(100'000, '\0');
+        ssize_t count = 0;
+        while ((count = ::read(file.get(), piece.data(), 100'000)) > 0)
+            bytes += piece.left(count);
+        return count == 0 ? std::optional(bytes) : std::nullopt;
+    };
+    int failed = 0;
+    expectToStandFaults(*disk, {.prepare =
+                                    [&] {
+                                        mounted.reset();
+                                        mounted = PhoneMount::mount(
+                                            whole.files(), {{whole.root(), s("phone")}},
+                                            shown.path(), [](const FileItem&, const Error&) {});
+                                    },
+                                .run =
+                                    [&] {
+                                        const auto bytes = read();
+                                        failed += bytes ? 0 : 1;
+                                        EXPECT_TRUE(!bytes || *bytes == film) << bytes->size();
+                                    },
+                                .check = [&] { EXPECT_TRUE(read() == film) << "the next time"; },
+                                .errors = {EIO, ENOSPC},
+                                .leastRequests = 10});
+    EXPECT_GT(failed, 5);
 }
 
 /// Its ledger lies on the disk, too. What is deleted from the phone then is here, whole.

@@ -24,6 +24,11 @@ void ArrivingFile::stop() {
     thread_.request_stop();
 }
 
+bool ArrivingFile::isLost() const {
+    const std::scoped_lock lock(mutex_);
+    return hasFailed_;
+}
+
 void ArrivingFile::run(const std::stop_token& stop) {
     nameCurrentThread("tessary-mounted");
     try {

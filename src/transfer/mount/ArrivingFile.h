@@ -20,6 +20,7 @@ public:
 
     std::size_t read(qint64 offset, std::span<std::byte> into,
                      const std::function<bool()>& isGivenUp) override;
+    [[nodiscard]] bool isLost() const override;
     void stop() override;
 
 private:
@@ -31,7 +32,7 @@ private:
     const FileItem item_;
     const Failed failed_;
 
-    std::mutex mutex_; ///< guards all below but the thread
+    mutable std::mutex mutex_; ///< guards all below but the thread
     std::condition_variable changed_;
     std::shared_ptr<const UnnamedFile> file_; ///< null until it is there
     qint64 arrived_ = 0;

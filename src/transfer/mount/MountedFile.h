@@ -24,6 +24,8 @@ public:
     /// Throws std::system_error (EIO) when it cannot be had, EINTR soon after `isGivenUp` says so.
     virtual std::size_t read(qint64 offset, std::span<std::byte> into,
                              const std::function<bool()>& isGivenUp) = 0;
+    /// No read succeeds any more: whoever opens the file from now on wants another one.
+    [[nodiscard]] virtual bool isLost() const = 0;
     /// Lets every reader go with an error, for good.
     virtual void stop() = 0;
 };

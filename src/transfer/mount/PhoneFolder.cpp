@@ -199,12 +199,16 @@ std::shared_ptr<MountedFile> PhoneFolder::open(const QStringList& names) {
         failed_(item, error);
         fail(EIO);
     }
-    std::shared_ptr<MountedFile> before; // ends after the lock, which its end may need
+    // They end after the lock, which their end may need.
+    std::shared_ptr<MountedFile> before;
+    std::shared_ptr<MountedFile> lost;
     const std::scoped_lock lock(mutex_);
     if (stop_.stop_requested())
         fail(EIO);
     std::erase_if(open_, [](const auto& known) { return known.second.expired(); });
     std::shared_ptr<MountedFile> file = open_[key].lock();
+    if (file && file->isLost())
+        lost = std::exchange(file, nullptr);
     if (!file) {
         file = MountedFile::open(files_, item, isByRange, failed_);
         open_[key] = file;

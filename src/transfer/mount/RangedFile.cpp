@@ -39,6 +39,11 @@ void RangedFile::stop() {
     arrived_.notify_all();
 }
 
+bool RangedFile::isLost() const {
+    const std::scoped_lock lock(mutex_);
+    return isStopped_; // what has failed is asked for again by the next read
+}
+
 qint64 RangedFile::blockCount() const {
     return (std::max<qint64>(item_.size, 0) + blockSize - 1) / blockSize;
 }

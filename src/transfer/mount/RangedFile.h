@@ -25,6 +25,7 @@ public:
 
     std::size_t read(qint64 offset, std::span<std::byte> into,
                      const std::function<bool()>& isGivenUp) override;
+    [[nodiscard]] bool isLost() const override;
     void stop() override;
 
 private:
@@ -53,7 +54,7 @@ private:
     const FileItem item_;
     const Failed failed_;
 
-    std::mutex mutex_;                  ///< guards all below
+    mutable std::mutex mutex_;          ///< guards all below
     std::condition_variable arrived_;   ///< for readers: a block came, or none will
     std::condition_variable_any asked_; ///< for the thread: there may be something to fetch
     std::map<qint64, Block> blocks_;
