@@ -116,6 +116,8 @@ CopyHistoryDialog::CopyHistoryDialog(RememberedCopies& copies, ShowInFolder show
     connect(forget_, &QPushButton::clicked, this, &CopyHistoryDialog::askToForget);
     connect(&copies, &RememberedCopies::recordsChanged, this, &CopyHistoryDialog::search);
     connect(&copies, &RememberedCopies::offeredChanged, this, &CopyHistoryDialog::updateButtons);
+    outcome_->hide(); // until it is known what has been copied
+    updateButtons();
     keepTranslated(this, [this] {
         setWindowTitle(tr("Copy History"));
         field_->setPlaceholderText(tr("Search copies"));
@@ -178,6 +180,7 @@ void CopyHistoryDialog::showRecord() {
             rows.append(rowOf(one));
         leftOut_->addTopLevelItems(rows);
     }
+    outcome_->show();
     leftOut_->setVisible(leftOut_->topLevelItemCount() > 0);
     updateButtons();
 }
