@@ -71,7 +71,7 @@ protected:
         return phone;
     }
     [[nodiscard]] std::shared_ptr<ADBConnection>
-    connect(std::chrono::milliseconds trustPatience = 300ms) {
+    connect(std::chrono::milliseconds trustPatience = 2s) {
         if (GetParam() == ADBWay::server) {
             ADBServerAddress address;
             address.port = server_.port();

@@ -1,6 +1,7 @@
 #include "adb/direct/ADBLink.h"
 
 #include "adb/ADBFilesFixture.h"
+#include "support/Soon.h"
 
 #include <condition_variable>
 #include <deque>
@@ -67,7 +68,7 @@ protected:
     /// Waits until the host has said `count` things, and returns the last of them.
     ADBMessage heard(std::size_t count) {
         std::unique_lock lock(phone_->mutex);
-        EXPECT_TRUE(phone_->changed.wait_for(lock, 5s, [&] {
+        EXPECT_TRUE(phone_->changed.wait_for(lock, soon, [&] {
             return phone_->fromHost.size() >= count;
         })) << phone_->fromHost.size();
         return phone_->fromHost.size() < count ? ADBMessage() : phone_->fromHost[count - 1];
@@ -75,17 +76,17 @@ protected:
     /// A stream of local id 1 to the phone's 7, which answers once it has heard of it.
     std::unique_ptr<ADBStream> openStream() {
         greet();
-        link_->awaitReady({{}, 5s}, 100ms);
+        link_->awaitReady({{}, soon}, soon);
         const std::jthread phone([this] {
             (void)heard(2);
             say(ADBCommand::okay, 7, 1);
         });
-        return link_->open("sync:", {{}, 5s});
+        return link_->open("sync:", {{}, soon});
     }
     static std::string codeOfRead(ADBStream& stream) {
         return codeOf([&] {
             Bytes bytes(100);
-            while (stream.read(bytes, {{}, 5s}) > 0) {
+            while (stream.read(bytes, {{}, soon}) > 0) {
             }
         });
     }
@@ -107,7 +108,7 @@ TEST_F(ADBLinkTest, pieceIsAcknowledgedOnceThereIsRoom) {
     Bytes bytes(1'500'000);
     std::size_t got = 0;
     while (got < bytes.size())
-        got += stream->read(std::span(bytes).subspan(got), {{}, 5s});
+        got += stream->read(std::span(bytes).subspan(got), {{}, soon});
     EXPECT_EQ(heard(5), ADBMessage(ADBCommand::okay, 1, 7, {}, true)) << "the third, late";
     say(ADBCommand::clse, 7, 1);
     EXPECT_EQ(codeOfRead(*stream), "nothing") << "what arrived is read to its end";
@@ -137,12 +138,12 @@ TEST_F(ADBLinkTest, phoneThatBreaksTheRulesIsLostAtOnce) {
             phone_->toHost.push_back(message);
         }
         phone_->changed.notify_all();
-        const auto end = std::chrono::steady_clock::now() + 5s;
+        const auto end = std::chrono::steady_clock::now() + soon;
         while (!link_->isLost() && std::chrono::steady_clock::now() < end)
             std::this_thread::sleep_for(1ms);
         EXPECT_TRUE(link_->isLost());
         EXPECT_EQ(codeOf([&] {
-                      (void)link_->open("sync:", {{}, 5s});
+                      (void)link_->open("sync:", {{}, soon});
                   }),
                   std::string(row.what) == "greets again" ? "brokenOff" : "nonsense");
     }
@@ -157,7 +158,7 @@ TEST_F(ADBLinkTest, whatPhonesSayToNobodyIsIgnoredOrRefused) {
     EXPECT_EQ(heard(3), ADBMessage(ADBCommand::clse, 0, 5, {}, true));
     say(ADBCommand::wrte, 7, 1, "hello");
     Bytes bytes(5);
-    EXPECT_EQ(stream->read(bytes, {{}, 5s}), 5U);
+    EXPECT_EQ(stream->read(bytes, {{}, soon}), 5U);
     EXPECT_EQ(bytes, bytesOf("hello"));
 }
 
@@ -175,7 +176,7 @@ TEST_P(TrustTest, phoneIsAskedOnceAndKnowsTheKeyFromThenOn) {
     adbd_->setAllowsUnknownKeys(false);
     files_.reset();
     connection_ = connect();
-    EXPECT_TRUE(connection_->features({{}, 5s}).contains("ls_v2")) << "by its signature alone";
+    EXPECT_TRUE(connection_->features({{}, soon}).contains("ls_v2")) << "by its signature alone";
 }
 
 INSTANTIATE_TEST_SUITE_P(Ways, TrustTest, testing::Values(ADBWay::network, ADBWay::cable),

@@ -18,7 +18,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr SerialQueue::Patience shortPatience{20ms, 100ms};
+constexpr SerialQueue::Patience shortPatience{.afterStop = 20ms, .ofSilence = 10s};
 
 /// Work that hangs until the test lets it go, as a call into a silent device does.
 struct Hang {
@@ -81,9 +81,9 @@ TEST(SerialQueue, workThatHasNotBegunNeverRunsOnceItsCallerIsStopped) {
 
 TEST(SerialQueue, silenceEndsTheWaitAndSignsOfLifeProlongIt) {
     Hang hang; // outlives the queue, whose thread waits for it
-    SerialQueue queue("test", {20ms, 800ms});
+    SerialQueue queue("test", {.afterStop = 20ms, .ofSilence = 1500ms});
     EXPECT_EQ(queue.run([beat = queue.pulse()] {
-        for (int i = 0; i < 10; ++i) {
+        for (int i = 0; i < 20; ++i) {
             std::this_thread::sleep_for(100ms);
             beat();
         }

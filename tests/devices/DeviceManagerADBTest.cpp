@@ -108,9 +108,9 @@ TEST_F(DeviceManagerADBTest, phoneShowsAtOnceWhenADBTellsOfIt) {
     turnFor(1s);
     for (int n = 0; n < 2; ++n) {
         connectPhone();
-        EXPECT_TRUE(eventually([&] { return udids() == QStringList(serial()); }, 3s));
+        EXPECT_TRUE(eventually([&] { return udids() == QStringList(serial()); }));
         server_.disconnect(serial());
-        EXPECT_TRUE(eventually([&] { return udids().isEmpty(); }, 3s));
+        EXPECT_TRUE(eventually([&] { return udids().isEmpty(); }));
     }
 }
 

@@ -217,7 +217,7 @@ TEST_F(AFCContentTest, othersUseThePhoneWhileALargeFileCrosses) {
 }
 
 TEST(AFCContent, silenceWithoutAnEndIsNoAnswer) {
-    IPhoneFiles iphone({}, false, {.afterStop = 100ms, .ofSilence = 2s});
+    IPhoneFiles iphone({}, false, {.afterStop = 100ms, .ofSilence = 4s});
     iphone.faults([](VirtualIPhoneFaults& faults) { faults.hang.insert(u"afc.getFileInfo"_s); });
     EXPECT_EQ(errorOf([&] { (void)iphone.item(u"/a"_s); }), "noAnswer");
     iphone.faults([](VirtualIPhoneFaults& faults) { faults.hang.clear(); });

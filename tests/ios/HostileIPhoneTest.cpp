@@ -175,7 +175,7 @@ TEST(IPhoneHelper, thatCannotBeUsedIsAnError) {
         SCOPED_TRACE(row.program);
         IPhoneHelper::Limits limits;
         limits.program = QString::fromLatin1(row.program);
-        limits.patience = 500ms;
+        limits.patience = 2s;
         const auto begin = std::chrono::steady_clock::now();
         EXPECT_THAT(errorOf([&] {
                         IPhoneHelper helper(u"x"_s, limits);

@@ -18,10 +18,15 @@ protected:
         phone().android.sendEvent(code, parameter);
         waitUntilTold();
     }
+    /// They are read one by one: what was before another that was read is noted.
     void waitUntilTold() {
-        for (int n = 0; n < 2000 && phone().android.unreadEvents() > 0; ++n)
-            std::this_thread::sleep_for(5ms);
-        std::this_thread::sleep_for(50ms); // the reader has them, and notes them
+        for (const bool isAnother : {false, true}) {
+            if (isAnother)
+                phone().android.sendEvent(MTPEventCode::devicePropChanged, 0);
+            for (int n = 0; n < 4000 && phone().android.unreadEvents() > 0; ++n)
+                std::this_thread::sleep_for(5ms);
+        }
+        ASSERT_EQ(phone().android.unreadEvents(), 0U);
     }
 };
 

@@ -107,7 +107,7 @@ class MTPSilenceTest : public MTPFilesFixture {};
 
 TEST_F(MTPSilenceTest, phoneThatDoesNotAnswerIsGivenUpAndFoundAgain) {
     phone().write(u"D/f"_s, "f");
-    constexpr MTPPatience patience{300ms, 300ms};
+    constexpr MTPPatience patience{2s, 2s};
     MTPFileSystem files(bus_, identityOf(phone().info), std::make_shared<PhoneQueue>(), patience);
     (void)listAll(files, u"/D"_s, {});
     phone().fault([](VirtualFaults& faults) {

@@ -1,6 +1,7 @@
 #include "platform/http/QtHttpClient.h"
 #include "support/MainLoop.h"
 #include "support/ScriptedHttpServer.h"
+#include "support/Soon.h"
 
 #include <gmock/gmock.h>
 
@@ -23,7 +24,7 @@ protected:
     static HttpRequest request(const QUrl& url) {
         HttpRequest request;
         request.url = url;
-        request.timeout = 500ms;
+        request.timeout = soon;
         request.maxBodyBytes = 1000;
         return request;
     }

@@ -48,7 +48,7 @@ TEST_F(QtProcessRunnerTest, childDiesWithTheThreadThatStartedIt) {
         _exit(0);
     }
     pid_t child = 0;
-    for (int i = 0; i < 500 && child == 0; ++i) {
+    for (int i = 0; i < 2000 && child == 0; ++i) {
         std::this_thread::sleep_for(10ms);
         child = folder.read(QStringLiteral("pid")).trimmed().toInt();
     }
@@ -56,7 +56,7 @@ TEST_F(QtProcessRunnerTest, childDiesWithTheThreadThatStartedIt) {
     kill(parent, SIGKILL);
     waitpid(parent, nullptr, 0);
     int ended = 0;
-    for (int i = 0; i < 500 && ended == 0; ++i) {
+    for (int i = 0; i < 2000 && ended == 0; ++i) {
         std::this_thread::sleep_for(10ms);
         QFile status(QStringLiteral("/proc/%1/stat").arg(child));
         ended = !status.open(QIODevice::ReadOnly) || status.readAll().contains(") Z ");

@@ -34,6 +34,10 @@ bool isRequestedSoon(const StopSignals& signals) {
 
 /// The processes of these tests are copies of this one: they share its folder.
 struct StopSignalsTest : testing::TestWithParam<int> {
+    StopSignalsTest() {
+        for (const int number : {SIGINT, SIGTERM, SIGHUP}) // who runs the tests may ignore them
+            (void)std::signal(number, SIG_DFL);
+    }
     TemporaryFolder disk;
 };
 

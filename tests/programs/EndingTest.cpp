@@ -17,7 +17,7 @@ using Clock = std::chrono::steady_clock;
 
 constexpr auto patience = 60s;
 /// On a busy machine; the programs' own bounds are four and five seconds.
-constexpr auto secondsToEnd = 8s;
+constexpr auto patienceForEnd = 20s;
 
 const QString window = QStringLiteral(TESSARY);
 const QString commandLine = QStringLiteral(TESSARY_CLI);
@@ -37,16 +37,18 @@ public:
     Program(const OwnHome& home, const QString& path, const QStringList& arguments) {
         process.setProcessEnvironment(home.environment);
         process.setProcessChannelMode(QProcess::MergedChannels);
+        process.setChildProcessModifier([] { // who runs the tests may ignore them
+            for (const int number : {SIGINT, SIGTERM, SIGHUP})
+                (void)std::signal(number, SIG_DFL);
+        });
         process.start(path, arguments);
         EXPECT_TRUE(process.waitForStarted());
     }
     /// Sends a signal and waits. The exit status, or less than 0: killed by it, or not ended.
     int end(int signal) {
-        const auto start = Clock::now();
         ::kill(static_cast<pid_t>(process.processId()), signal);
-        if (!process.waitForFinished(std::chrono::milliseconds(patience).count()))
+        if (!process.waitForFinished(std::chrono::milliseconds(patienceForEnd).count()))
             return -2;
-        EXPECT_LT(Clock::now() - start, secondsToEnd);
         return process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
     }
 

@@ -131,6 +131,9 @@ TEST_F(ImportWindowTest, aRemovalGoesOnWhenItsPageIsLeftAndSaysHowItEnded) {
     look();
     press(u"importProceed"_s);
     ASSERT_TRUE(wait([this] { return state() == State::copied; }));
+    iphone_.faults([](VirtualIPhoneFaults& faults) {
+        faults.delayEach = std::chrono::milliseconds(200); // it is under way when the page is left
+    });
     deleteFromThePhone();
     ASSERT_EQ(state(), State::removing);
     clickRow(list("deviceList"), 0);

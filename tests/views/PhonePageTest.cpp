@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 /// A phone's own page, which the fixture has left for the files.
 class PhonePageTest : public WindowFixture {
 protected:
-    PhonePageTest() : WindowFixture({{u"DCIM/IMG_1.JPG"_s, QByteArray(300'000, 'x')}}) {
+    PhonePageTest() {
         EXPECT_TRUE(wait([this] { return page().findChild<UseBar*>() != nullptr; }));
     }
 
@@ -66,18 +66,25 @@ TEST_F(PhonePageTest, theWaysToThePageAndBackAreThoseOfFolders) {
 
 TEST_F(PhonePageTest, whatFillsThePhoneIsAddedUpWhileSomebodyLooks) {
     const auto& uses = *page().findChild<StorageUses*>();
-    phone_.fault([](VirtualFaults& faults) { faults.delayEach = std::chrono::seconds(1); });
-    window_->browser().showPhone();
+    PluggedPhone other(bus_, phoneConfig("OTHER", "1-2")); // nobody has looked at it yet
+    other.write(u"DCIM/IMG_1.JPG"_s, QByteArray(300'000, 'x'));
+    const auto& devices = app_->deviceManager().devices();
+    ASSERT_TRUE(wait([&] {
+        return devices.size() == 2 && !devices[0].volumes.empty() && !devices[1].volumes.empty();
+    }));
+    other.fault([](VirtualFaults& faults) { faults.delayEach = std::chrono::seconds(1); });
+    clickRow(list("deviceList"), 1 - list("deviceList").currentIndex().row());
     EXPECT_TRUE(uses.isLooking());
-    window_->browser().goBack();
+    window_->choice().browseFiles();
     EXPECT_FALSE(uses.isLooking()) << "nobody looks any more";
-    phone_.fault([](VirtualFaults& faults) { faults.delayEach = {}; });
+    other.fault([](VirtualFaults& faults) { faults.delayEach = {}; });
     window_->browser().showPhone();
     EXPECT_TRUE(wait([&] { return !uses.isLooking(); }));
     EXPECT_THAT(used().toStdString(), testing::HasSubstr("Photos 300 kB"));
-    window_->browser().goBack();
+    window_->choice().browseFiles();
     window_->browser().showPhone();
     EXPECT_FALSE(uses.isLooking()) << "all of it is known, and nothing has changed";
+    close();
 }
 
 TEST_F(PhonePageTest, aLockedPhoneSaysInPlaceWhatToDo) {

@@ -53,6 +53,9 @@ protected:
                 return item.id();
         return {};
     }
+    static bool wait(const std::function<bool()>& condition) {
+        return QTest::qWaitFor(condition, slowPatience);
+    }
     static void pressOn(QWidget* widget, Qt::Key key) {
         QTest::keyClick(widget, key);
     }
@@ -169,19 +172,18 @@ TEST_F(PreviewTest, gridShowsThumbnailsOfWhatIsSeenAndNeverWaitsForThem) {
     QSignalSpy ready(&store, &ThumbnailStore::thumbnailReady);
     EXPECT_TRUE(wait([this] { return !idOf(u"199.png"_s).isEmpty(); }));
     const StallWatch watch;
-    EXPECT_TRUE(QTest::qWaitFor([&] { return ready.count() >= 2; }, slowPatience));
+    EXPECT_TRUE(wait([&] { return ready.count() >= 2; }));
     grid.verticalScrollBar()->setValue(grid.verticalScrollBar()->maximum());
     const QString last = idOf(u"199.png"_s);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !store.find(last, 1).isNull(); }, slowPatience));
+    EXPECT_TRUE(wait([&] { return !store.find(last, 1).isNull(); }));
     // What was scrolled past is left out, what is seen is made.
     EXPECT_TRUE(store.find(idOf(u"100.png"_s), 1).isNull());
     EXPECT_LT(ready.count(), pictures / 2);
     EXPECT_LT(watch.longest(), 1000);
-    RecordProperty("longestStallMs", std::to_string(watch.longest()));
 
     // A second visit finds them on the disk and leaves the phone alone.
     store.setIsVisible([](const QString&) { return false; }); // what waits is not wanted any more
-    EXPECT_TRUE(QTest::qWaitFor([&] { return store.isIdle(); }, slowPatience));
+    EXPECT_TRUE(wait([&] { return store.isIdle(); }));
     const auto requests = [this] {
         return phone_.requests(MTPOperationCode::getObject) +
                phone_.requests(MTPOperationCode::getPartialObject);
@@ -210,7 +212,7 @@ TEST_F(PreviewTest, thumbnailsWaitForTransfers) {
         hadOneTooEarly = hadOneTooEarly || !window_->copyQueue().summary().isIdle();
     });
     QSignalSpy ready(&store, &ThumbnailStore::thumbnailReady);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return ready.count() >= 2; }, slowPatience));
+    EXPECT_TRUE(wait([&] { return ready.count() >= 2; }));
     EXPECT_FALSE(hadOneTooEarly);
     EXPECT_TRUE(target.has(u"Film/film.bin"_s));
 }
