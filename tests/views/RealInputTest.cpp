@@ -60,15 +60,39 @@ protected:
         const QRect cell = table().visualRect(row(name));
         return table().viewport()->mapToGlobal(QPoint(cell.left() + 40, cell.center().y()));
     }
-    /// At a hand's pace: each window on the way is asked what it takes.
+    /// A hand that looks: it goes on once the window has seen what it did.
     static void drag(const QPoint& from, const QPoint& to) {
+        struct Deed {
+            QStringList command;
+            QPoint place;
+            bool isLast = false;
+        };
+        std::vector<Deed> deeds{{moveTo(from), from}, {{u"mousedown"_s, u"1"_s}, from}};
         constexpr int steps = 8;
-        QStringList script = moveTo(from) + QStringList{u"mousedown"_s, u"1"_s};
-        for (int step = 1; step <= steps; ++step)
-            script +=
-                QStringList{u"sleep"_s, u"0.04"_s} + moveTo(from + (to - from) * step / steps);
-        script += {u"sleep"_s, u"0.2"_s, u"mouseup"_s, u"1"_s};
-        EXPECT_TRUE(run(u"xdotool"_s, script));
+        for (int step = 1; step <= steps; ++step) {
+            const QPoint place = from + (to - from) * step / steps;
+            deeds.push_back({moveTo(place), place});
+        }
+        deeds.push_back({{u"mouseup"_s, u"1"_s}, to, true});
+        auto next = deeds.cbegin();
+        int looks = 0;
+        QTimer hand; // a drag has a loop of its own
+        const auto isSeen = [](const Deed& deed) {
+            return QCursor::pos() == deed.place &&
+                   (!deed.isLast || QGuiApplication::mouseButtons() == Qt::NoButton);
+        };
+        QObject::connect(&hand, &QTimer::timeout, [&] {
+            // The pointer is there a little before the window is told.
+            if ((next != deeds.cbegin() && !isSeen(*std::prev(next))) || ++looks < 3)
+                return;
+            looks = 0;
+            if (next == deeds.cend())
+                hand.stop();
+            else
+                QProcess::startDetached(u"xdotool"_s, (next++)->command);
+        });
+        hand.start(15);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !hand.isActive(); }, 4 * windowPatience));
     }
 };
 
@@ -131,7 +155,9 @@ TEST_F(RealInputTest, keysSelectRenameAndWalk) {
     };
     click(u"Trip"_s);
     keys({u"Down"_s, u"shift+Down"_s});
-    EXPECT_EQ(selectedNames(), (QStringList{u"alpha.txt"_s, u"beta.txt"_s}));
+    EXPECT_TRUE(wait([this] {
+        return selectedNames() == QStringList{u"alpha.txt"_s, u"beta.txt"_s};
+    }));
     click(u"beta.txt"_s);
     keys({u"F2"_s, u"ctrl+a"_s, u"g"_s, u"period"_s, u"m"_s, u"Return"_s});
     EXPECT_TRUE(wait([this] { return phone_.content(u"DCIM/g.m"_s) == "bb"; }));
