@@ -41,6 +41,10 @@ Picture readImage(const QByteArray& bytes, int maxSide) {
     picture.image = reader.read();
     if (picture.image.isNull())
         throw PictureError("the picture is damaged");
+    // The first picture of a GIF can be larger than the file says that it is.
+    if (const QSize shown = fitted(picture.image.size(), maxSide); shown != picture.image.size())
+        picture.image =
+            picture.image.scaled(shown, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     const bool isTurned = (reader.transformation() & QImageIOHandler::TransformationRotate90) != 0;
     picture.fullSize = isTurned ? size.transposed() : size;
     return picture;
