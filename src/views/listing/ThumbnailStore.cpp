@@ -123,6 +123,7 @@ void ThumbnailStore::startOver() {
     }
     requested_.clear();
     keys_.clear();
+    Q_EMIT startedOver();
 }
 
 void ThumbnailStore::setSide(int side) {
@@ -281,6 +282,9 @@ void showThumbnails(QAbstractItemView& view, FileListModel& model, FileBrowserVi
     });
     QObject::connect(store, &ThumbnailStore::thumbnailReady, &view,
                      [&view, &model](const QString& id) { view.update(model.indexOf(id)); });
+    // The same files may be shown by a phone that has told more of itself since.
+    QObject::connect(store, &ThumbnailStore::startedOver, &view,
+                     [&view] { view.viewport()->update(); });
     QObject::connect(&view, &QAbstractItemView::iconSizeChanged, store,
                      [store](const QSize& size) { store->setSide(size.width()); });
 }

@@ -74,6 +74,8 @@ public:
 
 Q_SIGNALS:
     void thumbnailReady(const QString& id);
+    /// What was asked for is forgotten: whoever still shows it has to ask again.
+    void startedOver();
 
 private:
     struct Request {
