@@ -180,7 +180,7 @@ TEST_F(SyncManagerTest, failuresAreStatusesAndReports) {
 TEST_F(SyncManagerTest, managerThatGoesInMidRunLeavesNothingWaiting) {
     const SyncPair pair = addPair("one");
     local_.write(u"one/big"_s, QByteArray(3'000'000, 'b'));
-    phone_->fault([](VirtualFaults& faults) { faults.megabytesPerSecond = 5; });
+    phone_->fault([](VirtualFaults& faults) { faults.megabytesPerSecond = 0.5; });
     qint64 seen = 0;
     QObject::connect(sync_.get(), &SyncManager::syncPairChanged, [&] {
         seen = std::max(seen, sync_->pair(pair.id)->progress.currentFileBytes);

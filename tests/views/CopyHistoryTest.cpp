@@ -34,7 +34,7 @@ protected:
     }
     /// The cable goes in the middle of the film.
     void loseFilm() {
-        setSpeed(6);
+        setSpeed(3);
         download(u"film.mp4"_s);
         ASSERT_TRUE(
             wait([this] { return !jobs().empty() && jobs().front().doneBytes() > 8'000'000; }));

@@ -94,10 +94,10 @@ TEST_F(KeysTest, withoutAMountAFileOpensHoweverLongItTakes) {
     app_->promisedFiles().stop();
     openFolder();
     phone_.write(u"DCIM/film.mp4"_s, QByteArray(250'000, 'f'));
-    phone_.write(u"DCIM/long.mp4"_s, QByteArray(250'000, 'l'));
+    phone_.write(u"DCIM/long.mp4"_s, QByteArray(2'000'000, 'l'));
     window_->browser().reload();
     ASSERT_TRUE(wait([this] { return isShown(u"long.mp4"_s); }));
-    phone_.fault([](VirtualFaults& faults) { faults.megabytesPerSecond = 0.1; }); // 2.5 s each
+    phone_.fault([](VirtualFaults& faults) { faults.megabytesPerSecond = 0.1; }); // 2.5 s, and 20
     const auto progress = [this] { return window_->findChild<QProgressDialog*>(); };
     click(u"film.mp4"_s);
     press(Qt::Key_Return);

@@ -190,9 +190,9 @@ TEST_F(TabsTest, theyComeBackAsTheyWereMovedAtTheNextStart) {
 TEST_F(TabsTest, quittingAsksOnceAndClosesAllWindowsOrNone) {
     MainWindow& second = window_->openWindow(window_->place());
     activate();
-    phone_.fault([](VirtualFaults& faults) { faults.delayEach = std::chrono::milliseconds(500); });
     openFolder();
     click(u"alpha.txt"_s);
+    phone_.fault([](VirtualFaults& faults) { faults.delayEach = std::chrono::seconds(5); });
     press(Qt::Key_D, Qt::ControlModifier);
     ASSERT_TRUE(wait([this] { return !window_->copyQueue().summary().isIdle(); }));
     for (const bool agrees : {false, true}) {
