@@ -233,31 +233,6 @@ TEST_F(LockedIPhoneWindowTest, itsPhotosAreShownOnceItIsUnlocked) {
     EXPECT_FALSE(window_->browser().problem());
 }
 
-TEST_F(IPhoneWindowTest, whatIsDoneRightAfterAReplugWorks) {
-    openApps();
-    clickApp(u"Notes"_s);
-    ASSERT_TRUE(wait([this] { return showsLetter(); }));
-    window_->browser().selection().selectAll();
-    phone_.phone.unplug();
-    phone_.phone.plugInto(phone_.mux);
-    window_->browserView().actions().download->trigger();
-    EXPECT_TRUE(wait([this] { return local_.read(u"letter.txt"_s) == "dear"; }));
-    EXPECT_FALSE(window_->browser().problem());
-}
-
-TEST_F(IPhoneWindowTest, aFileThatBecameAFolderIsNotDeletedAsTheFile) {
-    openApps();
-    clickApp(u"Notes"_s);
-    ASSERT_TRUE(wait([this] { return showsLetter(); }));
-    window_->browser().selection().selectAll();
-    ASSERT_TRUE(QFile::remove(phone_.disk.path(phone_.inDocuments(u"letter.txt"_s))));
-    phone_.write(u"letter.txt/precious"_s, "p");
-    QTimer::singleShot(50, window_.get(), [] { pressInQuestion(u"Delete"_s); });
-    window_->browserView().actions().remove->trigger();
-    EXPECT_TRUE(wait([this] { return window_->browser().problem().has_value(); }));
-    EXPECT_EQ(phone_.read(u"letter.txt/precious"_s), "p");
-}
-
 /// An Android phone beside the iPhone, which goes on working whatever that does.
 class TwoPhonesWindowTest : public IPhoneWindowTest {
 protected:
