@@ -94,7 +94,9 @@ TEST_F(WindowTroubleTest, theNumbersBehindAFailureAreFoldedAwayAndCanBeCopied) {
     const auto* text = banner->findChild<QLabel*>(u"errorDetailsText"_s);
     ASSERT_TRUE(fold->isVisible());
     EXPECT_FALSE(text->isVisible());
-    QTest::keyClick(fold, Qt::Key_Space);
+    activate();
+    fold->setFocus();
+    QTest::keyClick(fold, Qt::Key_Space); // which is the listing's where that has the keys
     EXPECT_TRUE(text->isVisible());
     EXPECT_TRUE(text->text().contains(u"0x200f"_s)) << text->text().toStdString();
     QTest::mouseClick(banner->findChild<QToolButton*>(u"errorDetailsCopy"_s), Qt::LeftButton);
