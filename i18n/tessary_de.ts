@@ -313,6 +313,10 @@
         <source>Delete</source>
         <translation>Löschen</translation>
     </message>
+    <message>
+        <source>A copy is still under way: what it has not read yet will be missing there.</source>
+        <translation>Eine Kopie läuft noch: Was sie noch nicht gelesen hat, wird dort fehlen.</translation>
+    </message>
 </context>
 <context>
     <name>DisplayNames</name>
@@ -1373,6 +1377,21 @@
     </message>
 </context>
 <context>
+    <name>SharedWords</name>
+    <message>
+        <source>Apps</source>
+        <translation>Apps</translation>
+    </message>
+    <message>
+        <source>Open in File Manager</source>
+        <translation>Im Dateimanager öffnen</translation>
+    </message>
+    <message>
+        <source>Folder on this computer</source>
+        <translation>Ordner auf diesem Computer</translation>
+    </message>
+</context>
+<context>
     <name>SyncFileList</name>
     <message>
         <source>Name</source>
@@ -1589,10 +1608,6 @@
 <context>
     <name>tessary::AppListView</name>
     <message>
-        <source>Apps</source>
-        <translation>Apps</translation>
-    </message>
-    <message>
         <source>Filter…</source>
         <translation>Filtern …</translation>
     </message>
@@ -1725,10 +1740,6 @@
     <message>
         <source>Into “%1”</source>
         <translation>In „%1“</translation>
-    </message>
-    <message>
-        <source>Apps</source>
-        <translation>Apps</translation>
     </message>
     <message>
         <source>searching…</source>
@@ -1873,6 +1884,10 @@
     <message>
         <source>Undo New Folder</source>
         <translation>Neuen Ordner rückgängig machen</translation>
+    </message>
+    <message>
+        <source>Undo Copy</source>
+        <translation>Kopieren rückgängig machen</translation>
     </message>
 </context>
 <context>
@@ -2220,6 +2235,10 @@
         <source>This computer mounts nothing for its users. FUSE may not be installed.</source>
         <translation>Dieser Computer hängt für seine Benutzer nichts ein. Vielleicht ist FUSE nicht installiert.</translation>
     </message>
+    <message>
+        <source>Retry</source>
+        <translation>Erneut versuchen</translation>
+    </message>
 </context>
 <context>
     <name>tessary::HelpDialog</name>
@@ -2265,10 +2284,6 @@
     <message>
         <source>A Folder for Each Day</source>
         <translation>Ein Ordner für jeden Tag</translation>
-    </message>
-    <message>
-        <source>Folder on this computer</source>
-        <translation>Ordner auf diesem Computer</translation>
     </message>
     <message>
         <source>Photos &amp; Videos</source>
@@ -2411,10 +2426,6 @@
 <context>
     <name>tessary::MainWindow</name>
     <message>
-        <source>Folder on this computer</source>
-        <translation>Ordner auf diesem Computer</translation>
-    </message>
-    <message>
         <source>Tessary: Virtual Phones</source>
         <translation>Tessary: virtuelle Telefone</translation>
     </message>
@@ -2498,10 +2509,6 @@
         <translation>Telefon</translation>
     </message>
     <message>
-        <source>Apps</source>
-        <translation>Apps</translation>
-    </message>
-    <message>
         <source>Import Photos…</source>
         <translation>Fotos importieren …</translation>
     </message>
@@ -2552,9 +2559,32 @@
         <source>Import Photos</source>
         <translation>Fotos importieren</translation>
     </message>
+</context>
+<context>
+    <name>tessary::PlaceListModel</name>
     <message>
-        <source>Apps</source>
-        <translation>Apps</translation>
+        <source>Camera &amp; Photos</source>
+        <translation>Kamera &amp; Fotos</translation>
+    </message>
+    <message>
+        <source>Downloads</source>
+        <translation>Downloads</translation>
+    </message>
+    <message>
+        <source>Pictures</source>
+        <translation>Bilder</translation>
+    </message>
+    <message>
+        <source>Music</source>
+        <translation>Musik</translation>
+    </message>
+    <message>
+        <source>Movies &amp; Videos</source>
+        <translation>Filme &amp; Videos</translation>
+    </message>
+    <message>
+        <source>Documents</source>
+        <translation>Dokumente</translation>
     </message>
 </context>
 <context>
@@ -2743,30 +2773,6 @@
 <context>
     <name>tessary::Sidebar</name>
     <message>
-        <source>Camera &amp; Photos</source>
-        <translation>Kamera &amp; Fotos</translation>
-    </message>
-    <message>
-        <source>Downloads</source>
-        <translation>Downloads</translation>
-    </message>
-    <message>
-        <source>Pictures</source>
-        <translation>Bilder</translation>
-    </message>
-    <message>
-        <source>Music</source>
-        <translation>Musik</translation>
-    </message>
-    <message>
-        <source>Movies &amp; Videos</source>
-        <translation>Filme &amp; Videos</translation>
-    </message>
-    <message>
-        <source>Documents</source>
-        <translation>Dokumente</translation>
-    </message>
-    <message>
         <source>Wireless Devices…</source>
         <translation>Drahtlose Geräte …</translation>
     </message>
@@ -2801,14 +2807,6 @@
     <message>
         <source>Remove from Favorites</source>
         <translation>Aus Favoriten entfernen</translation>
-    </message>
-    <message>
-        <source>Apps</source>
-        <translation>Apps</translation>
-    </message>
-    <message>
-        <source>Open in File Manager</source>
-        <translation>Im Dateimanager öffnen</translation>
     </message>
     <message>
         <source>Remove from File Manager</source>
@@ -2915,10 +2913,6 @@
     <message>
         <source>Sync This Folder</source>
         <translation>Diesen Ordner abgleichen</translation>
-    </message>
-    <message>
-        <source>Folder on this computer</source>
-        <translation>Ordner auf diesem Computer</translation>
     </message>
     <message>
         <source>Direction</source>
@@ -3165,6 +3159,20 @@
     <message>
         <source>Tessary ended while this was being copied.</source>
         <translation>Tessary wurde beendet, während dies kopiert wurde.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 and %Ln more</source>
+        <translation>
+            <numerusform>%1 und %Ln weiteres</numerusform>
+            <numerusform>%1 und %Ln weitere</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1/%Ln files</source>
+        <translation>
+            <numerusform>%1/%Ln Datei</numerusform>
+            <numerusform>%1/%Ln Dateien</numerusform>
+        </translation>
     </message>
 </context>
 <context>

@@ -285,6 +285,23 @@
     </message>
 </context>
 <context>
+    <name>tessary::TransferListModel</name>
+    <message numerus="yes">
+        <source>%1 and %Ln more</source>
+        <translation>
+            <numerusform>%1 and %Ln more</numerusform>
+            <numerusform>%1 and %Ln more</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1/%Ln files</source>
+        <translation>
+            <numerusform>%1/%Ln file</numerusform>
+            <numerusform>%1/%Ln files</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>tessary::TransferNotice</name>
     <message numerus="yes">
         <source>%Ln items are copied.</source>

@@ -313,6 +313,10 @@
         <source>Delete</source>
         <translation>Eliminar</translation>
     </message>
+    <message>
+        <source>A copy is still under way: what it has not read yet will be missing there.</source>
+        <translation>Aún hay una copia en curso: lo que todavía no ha leído faltará en ella.</translation>
+    </message>
 </context>
 <context>
     <name>DisplayNames</name>
@@ -1373,6 +1377,21 @@
     </message>
 </context>
 <context>
+    <name>SharedWords</name>
+    <message>
+        <source>Apps</source>
+        <translation>Aplicaciones</translation>
+    </message>
+    <message>
+        <source>Open in File Manager</source>
+        <translation>Abrir en el gestor de archivos</translation>
+    </message>
+    <message>
+        <source>Folder on this computer</source>
+        <translation>Carpeta en este ordenador</translation>
+    </message>
+</context>
+<context>
     <name>SyncFileList</name>
     <message>
         <source>Name</source>
@@ -1589,10 +1608,6 @@
 <context>
     <name>tessary::AppListView</name>
     <message>
-        <source>Apps</source>
-        <translation>Aplicaciones</translation>
-    </message>
-    <message>
         <source>Filter…</source>
         <translation>Filtrar…</translation>
     </message>
@@ -1725,10 +1740,6 @@
     <message>
         <source>Into “%1”</source>
         <translation>En «%1»</translation>
-    </message>
-    <message>
-        <source>Apps</source>
-        <translation>Aplicaciones</translation>
     </message>
     <message>
         <source>searching…</source>
@@ -1873,6 +1884,10 @@
     <message>
         <source>Undo New Folder</source>
         <translation>Deshacer la nueva carpeta</translation>
+    </message>
+    <message>
+        <source>Undo Copy</source>
+        <translation>Deshacer la copia</translation>
     </message>
 </context>
 <context>
@@ -2220,6 +2235,10 @@
         <source>This computer mounts nothing for its users. FUSE may not be installed.</source>
         <translation>Este ordenador no monta nada para sus usuarios. Puede que FUSE no esté instalado.</translation>
     </message>
+    <message>
+        <source>Retry</source>
+        <translation>Reintentar</translation>
+    </message>
 </context>
 <context>
     <name>tessary::HelpDialog</name>
@@ -2265,10 +2284,6 @@
     <message>
         <source>A Folder for Each Day</source>
         <translation>Una carpeta por día</translation>
-    </message>
-    <message>
-        <source>Folder on this computer</source>
-        <translation>Carpeta en este ordenador</translation>
     </message>
     <message>
         <source>Photos &amp; Videos</source>
@@ -2411,10 +2426,6 @@
 <context>
     <name>tessary::MainWindow</name>
     <message>
-        <source>Folder on this computer</source>
-        <translation>Carpeta en este ordenador</translation>
-    </message>
-    <message>
         <source>Tessary: Virtual Phones</source>
         <translation>Tessary: teléfonos virtuales</translation>
     </message>
@@ -2498,10 +2509,6 @@
         <translation>Teléfono</translation>
     </message>
     <message>
-        <source>Apps</source>
-        <translation>Aplicaciones</translation>
-    </message>
-    <message>
         <source>Import Photos…</source>
         <translation>Importar fotos…</translation>
     </message>
@@ -2552,9 +2559,32 @@
         <source>Import Photos</source>
         <translation>Importar fotos</translation>
     </message>
+</context>
+<context>
+    <name>tessary::PlaceListModel</name>
     <message>
-        <source>Apps</source>
-        <translation>Aplicaciones</translation>
+        <source>Camera &amp; Photos</source>
+        <translation>Cámara y fotos</translation>
+    </message>
+    <message>
+        <source>Downloads</source>
+        <translation>Descargas</translation>
+    </message>
+    <message>
+        <source>Pictures</source>
+        <translation>Imágenes</translation>
+    </message>
+    <message>
+        <source>Music</source>
+        <translation>Música</translation>
+    </message>
+    <message>
+        <source>Movies &amp; Videos</source>
+        <translation>Películas y vídeos</translation>
+    </message>
+    <message>
+        <source>Documents</source>
+        <translation>Documentos</translation>
     </message>
 </context>
 <context>
@@ -2743,30 +2773,6 @@
 <context>
     <name>tessary::Sidebar</name>
     <message>
-        <source>Camera &amp; Photos</source>
-        <translation>Cámara y fotos</translation>
-    </message>
-    <message>
-        <source>Downloads</source>
-        <translation>Descargas</translation>
-    </message>
-    <message>
-        <source>Pictures</source>
-        <translation>Imágenes</translation>
-    </message>
-    <message>
-        <source>Music</source>
-        <translation>Música</translation>
-    </message>
-    <message>
-        <source>Movies &amp; Videos</source>
-        <translation>Películas y vídeos</translation>
-    </message>
-    <message>
-        <source>Documents</source>
-        <translation>Documentos</translation>
-    </message>
-    <message>
         <source>Wireless Devices…</source>
         <translation>Dispositivos inalámbricos…</translation>
     </message>
@@ -2801,14 +2807,6 @@
     <message>
         <source>Remove from Favorites</source>
         <translation>Quitar de favoritos</translation>
-    </message>
-    <message>
-        <source>Apps</source>
-        <translation>Aplicaciones</translation>
-    </message>
-    <message>
-        <source>Open in File Manager</source>
-        <translation>Abrir en el gestor de archivos</translation>
     </message>
     <message>
         <source>Remove from File Manager</source>
@@ -2915,10 +2913,6 @@
     <message>
         <source>Sync This Folder</source>
         <translation>Sincronizar esta carpeta</translation>
-    </message>
-    <message>
-        <source>Folder on this computer</source>
-        <translation>Carpeta en este ordenador</translation>
     </message>
     <message>
         <source>Direction</source>
@@ -3165,6 +3159,20 @@
     <message>
         <source>Tessary ended while this was being copied.</source>
         <translation>Tessary se cerró mientras se copiaba esto.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 and %Ln more</source>
+        <translation>
+            <numerusform>%1 y %Ln más</numerusform>
+            <numerusform>%1 y %Ln más</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1/%Ln files</source>
+        <translation>
+            <numerusform>%1/%Ln archivo</numerusform>
+            <numerusform>%1/%Ln archivos</numerusform>
+        </translation>
     </message>
 </context>
 <context>

@@ -313,6 +313,10 @@
         <source>Delete</source>
         <translation>Supprimer</translation>
     </message>
+    <message>
+        <source>A copy is still under way: what it has not read yet will be missing there.</source>
+        <translation>Une copie est encore en cours&#xa0;: ce qu’elle n’a pas encore lu y manquera.</translation>
+    </message>
 </context>
 <context>
     <name>DisplayNames</name>
@@ -1373,6 +1377,21 @@
     </message>
 </context>
 <context>
+    <name>SharedWords</name>
+    <message>
+        <source>Apps</source>
+        <translation>Apps</translation>
+    </message>
+    <message>
+        <source>Open in File Manager</source>
+        <translation>Ouvrir dans le gestionnaire de fichiers</translation>
+    </message>
+    <message>
+        <source>Folder on this computer</source>
+        <translation>Dossier sur cet ordinateur</translation>
+    </message>
+</context>
+<context>
     <name>SyncFileList</name>
     <message>
         <source>Name</source>
@@ -1589,10 +1608,6 @@
 <context>
     <name>tessary::AppListView</name>
     <message>
-        <source>Apps</source>
-        <translation>Apps</translation>
-    </message>
-    <message>
         <source>Filter…</source>
         <translation>Filtrer…</translation>
     </message>
@@ -1725,10 +1740,6 @@
     <message>
         <source>Into “%1”</source>
         <translation>Dans «&#xa0;%1&#xa0;»</translation>
-    </message>
-    <message>
-        <source>Apps</source>
-        <translation>Apps</translation>
     </message>
     <message>
         <source>searching…</source>
@@ -1873,6 +1884,10 @@
     <message>
         <source>Undo New Folder</source>
         <translation>Annuler le nouveau dossier</translation>
+    </message>
+    <message>
+        <source>Undo Copy</source>
+        <translation>Annuler la copie</translation>
     </message>
 </context>
 <context>
@@ -2220,6 +2235,10 @@
         <source>This computer mounts nothing for its users. FUSE may not be installed.</source>
         <translation>Cet ordinateur ne monte rien pour ses utilisateurs. FUSE n’est peut-être pas installé.</translation>
     </message>
+    <message>
+        <source>Retry</source>
+        <translation>Réessayer</translation>
+    </message>
 </context>
 <context>
     <name>tessary::HelpDialog</name>
@@ -2265,10 +2284,6 @@
     <message>
         <source>A Folder for Each Day</source>
         <translation>Un dossier par jour</translation>
-    </message>
-    <message>
-        <source>Folder on this computer</source>
-        <translation>Dossier sur cet ordinateur</translation>
     </message>
     <message>
         <source>Photos &amp; Videos</source>
@@ -2411,10 +2426,6 @@
 <context>
     <name>tessary::MainWindow</name>
     <message>
-        <source>Folder on this computer</source>
-        <translation>Dossier sur cet ordinateur</translation>
-    </message>
-    <message>
         <source>Tessary: Virtual Phones</source>
         <translation>Tessary&#xa0;: téléphones virtuels</translation>
     </message>
@@ -2498,10 +2509,6 @@
         <translation>Téléphone</translation>
     </message>
     <message>
-        <source>Apps</source>
-        <translation>Apps</translation>
-    </message>
-    <message>
         <source>Import Photos…</source>
         <translation>Importer des photos…</translation>
     </message>
@@ -2552,9 +2559,32 @@
         <source>Import Photos</source>
         <translation>Importer des photos</translation>
     </message>
+</context>
+<context>
+    <name>tessary::PlaceListModel</name>
     <message>
-        <source>Apps</source>
-        <translation>Apps</translation>
+        <source>Camera &amp; Photos</source>
+        <translation>Appareil photo et photos</translation>
+    </message>
+    <message>
+        <source>Downloads</source>
+        <translation>Téléchargements</translation>
+    </message>
+    <message>
+        <source>Pictures</source>
+        <translation>Images</translation>
+    </message>
+    <message>
+        <source>Music</source>
+        <translation>Musique</translation>
+    </message>
+    <message>
+        <source>Movies &amp; Videos</source>
+        <translation>Films et vidéos</translation>
+    </message>
+    <message>
+        <source>Documents</source>
+        <translation>Documents</translation>
     </message>
 </context>
 <context>
@@ -2743,30 +2773,6 @@
 <context>
     <name>tessary::Sidebar</name>
     <message>
-        <source>Camera &amp; Photos</source>
-        <translation>Appareil photo et photos</translation>
-    </message>
-    <message>
-        <source>Downloads</source>
-        <translation>Téléchargements</translation>
-    </message>
-    <message>
-        <source>Pictures</source>
-        <translation>Images</translation>
-    </message>
-    <message>
-        <source>Music</source>
-        <translation>Musique</translation>
-    </message>
-    <message>
-        <source>Movies &amp; Videos</source>
-        <translation>Films et vidéos</translation>
-    </message>
-    <message>
-        <source>Documents</source>
-        <translation>Documents</translation>
-    </message>
-    <message>
         <source>Wireless Devices…</source>
         <translation>Appareils sans fil…</translation>
     </message>
@@ -2801,14 +2807,6 @@
     <message>
         <source>Remove from Favorites</source>
         <translation>Retirer des favoris</translation>
-    </message>
-    <message>
-        <source>Apps</source>
-        <translation>Apps</translation>
-    </message>
-    <message>
-        <source>Open in File Manager</source>
-        <translation>Ouvrir dans le gestionnaire de fichiers</translation>
     </message>
     <message>
         <source>Remove from File Manager</source>
@@ -2915,10 +2913,6 @@
     <message>
         <source>Sync This Folder</source>
         <translation>Synchroniser ce dossier</translation>
-    </message>
-    <message>
-        <source>Folder on this computer</source>
-        <translation>Dossier sur cet ordinateur</translation>
     </message>
     <message>
         <source>Direction</source>
@@ -3165,6 +3159,20 @@
     <message>
         <source>Tessary ended while this was being copied.</source>
         <translation>Tessary s’est arrêté pendant cette copie.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 and %Ln more</source>
+        <translation>
+            <numerusform>%1 et %Ln autre</numerusform>
+            <numerusform>%1 et %Ln autres</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1/%Ln files</source>
+        <translation>
+            <numerusform>%1/%Ln fichier</numerusform>
+            <numerusform>%1/%Ln fichiers</numerusform>
+        </translation>
     </message>
 </context>
 <context>

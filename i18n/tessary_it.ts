@@ -313,6 +313,10 @@
         <source>Delete</source>
         <translation>Elimina</translation>
     </message>
+    <message>
+        <source>A copy is still under way: what it has not read yet will be missing there.</source>
+        <translation>Una copia è ancora in corso: ciò che non ha ancora letto vi mancherà.</translation>
+    </message>
 </context>
 <context>
     <name>DisplayNames</name>
@@ -1373,6 +1377,21 @@
     </message>
 </context>
 <context>
+    <name>SharedWords</name>
+    <message>
+        <source>Apps</source>
+        <translation>App</translation>
+    </message>
+    <message>
+        <source>Open in File Manager</source>
+        <translation>Apri nel gestore file</translation>
+    </message>
+    <message>
+        <source>Folder on this computer</source>
+        <translation>Cartella su questo computer</translation>
+    </message>
+</context>
+<context>
     <name>SyncFileList</name>
     <message>
         <source>Name</source>
@@ -1589,10 +1608,6 @@
 <context>
     <name>tessary::AppListView</name>
     <message>
-        <source>Apps</source>
-        <translation>App</translation>
-    </message>
-    <message>
         <source>Filter…</source>
         <translation>Filtra…</translation>
     </message>
@@ -1725,10 +1740,6 @@
     <message>
         <source>Into “%1”</source>
         <translation>In «%1»</translation>
-    </message>
-    <message>
-        <source>Apps</source>
-        <translation>App</translation>
     </message>
     <message>
         <source>searching…</source>
@@ -1873,6 +1884,10 @@
     <message>
         <source>Undo New Folder</source>
         <translation>Annulla la nuova cartella</translation>
+    </message>
+    <message>
+        <source>Undo Copy</source>
+        <translation>Annulla la copia</translation>
     </message>
 </context>
 <context>
@@ -2220,6 +2235,10 @@
         <source>This computer mounts nothing for its users. FUSE may not be installed.</source>
         <translation>Questo computer non monta nulla per i suoi utenti. Forse FUSE non è installato.</translation>
     </message>
+    <message>
+        <source>Retry</source>
+        <translation>Riprova</translation>
+    </message>
 </context>
 <context>
     <name>tessary::HelpDialog</name>
@@ -2265,10 +2284,6 @@
     <message>
         <source>A Folder for Each Day</source>
         <translation>Una cartella per ogni giorno</translation>
-    </message>
-    <message>
-        <source>Folder on this computer</source>
-        <translation>Cartella su questo computer</translation>
     </message>
     <message>
         <source>Photos &amp; Videos</source>
@@ -2411,10 +2426,6 @@
 <context>
     <name>tessary::MainWindow</name>
     <message>
-        <source>Folder on this computer</source>
-        <translation>Cartella su questo computer</translation>
-    </message>
-    <message>
         <source>Tessary: Virtual Phones</source>
         <translation>Tessary: telefoni virtuali</translation>
     </message>
@@ -2498,10 +2509,6 @@
         <translation>Telefono</translation>
     </message>
     <message>
-        <source>Apps</source>
-        <translation>App</translation>
-    </message>
-    <message>
         <source>Import Photos…</source>
         <translation>Importa foto…</translation>
     </message>
@@ -2552,9 +2559,32 @@
         <source>Import Photos</source>
         <translation>Importa foto</translation>
     </message>
+</context>
+<context>
+    <name>tessary::PlaceListModel</name>
     <message>
-        <source>Apps</source>
-        <translation>App</translation>
+        <source>Camera &amp; Photos</source>
+        <translation>Fotocamera e foto</translation>
+    </message>
+    <message>
+        <source>Downloads</source>
+        <translation>Download</translation>
+    </message>
+    <message>
+        <source>Pictures</source>
+        <translation>Immagini</translation>
+    </message>
+    <message>
+        <source>Music</source>
+        <translation>Musica</translation>
+    </message>
+    <message>
+        <source>Movies &amp; Videos</source>
+        <translation>Film e video</translation>
+    </message>
+    <message>
+        <source>Documents</source>
+        <translation>Documenti</translation>
     </message>
 </context>
 <context>
@@ -2743,30 +2773,6 @@
 <context>
     <name>tessary::Sidebar</name>
     <message>
-        <source>Camera &amp; Photos</source>
-        <translation>Fotocamera e foto</translation>
-    </message>
-    <message>
-        <source>Downloads</source>
-        <translation>Download</translation>
-    </message>
-    <message>
-        <source>Pictures</source>
-        <translation>Immagini</translation>
-    </message>
-    <message>
-        <source>Music</source>
-        <translation>Musica</translation>
-    </message>
-    <message>
-        <source>Movies &amp; Videos</source>
-        <translation>Film e video</translation>
-    </message>
-    <message>
-        <source>Documents</source>
-        <translation>Documenti</translation>
-    </message>
-    <message>
         <source>Wireless Devices…</source>
         <translation>Dispositivi wireless…</translation>
     </message>
@@ -2801,14 +2807,6 @@
     <message>
         <source>Remove from Favorites</source>
         <translation>Rimuovi dai preferiti</translation>
-    </message>
-    <message>
-        <source>Apps</source>
-        <translation>App</translation>
-    </message>
-    <message>
-        <source>Open in File Manager</source>
-        <translation>Apri nel gestore file</translation>
     </message>
     <message>
         <source>Remove from File Manager</source>
@@ -2915,10 +2913,6 @@
     <message>
         <source>Sync This Folder</source>
         <translation>Sincronizza questa cartella</translation>
-    </message>
-    <message>
-        <source>Folder on this computer</source>
-        <translation>Cartella su questo computer</translation>
     </message>
     <message>
         <source>Direction</source>
@@ -3165,6 +3159,20 @@
     <message>
         <source>Tessary ended while this was being copied.</source>
         <translation>Tessary è terminato durante questa copia.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 and %Ln more</source>
+        <translation>
+            <numerusform>%1 e un altro</numerusform>
+            <numerusform>%1 e altri %Ln</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1/%Ln files</source>
+        <translation>
+            <numerusform>%1/%Ln file</numerusform>
+            <numerusform>%1/%Ln file</numerusform>
+        </translation>
     </message>
 </context>
 <context>

@@ -306,6 +306,10 @@
         <source>Delete</source>
         <translation>削除</translation>
     </message>
+    <message>
+        <source>A copy is still under way: what it has not read yet will be missing there.</source>
+        <translation>まだコピー中です。まだ読み取られていないものは、コピー先に残りません。</translation>
+    </message>
 </context>
 <context>
     <name>DisplayNames</name>
@@ -1363,6 +1367,21 @@
     </message>
 </context>
 <context>
+    <name>SharedWords</name>
+    <message>
+        <source>Apps</source>
+        <translation>アプリ</translation>
+    </message>
+    <message>
+        <source>Open in File Manager</source>
+        <translation>ファイルマネージャーで開く</translation>
+    </message>
+    <message>
+        <source>Folder on this computer</source>
+        <translation>このコンピュータのフォルダ</translation>
+    </message>
+</context>
+<context>
     <name>SyncFileList</name>
     <message>
         <source>Name</source>
@@ -1575,10 +1594,6 @@
 <context>
     <name>tessary::AppListView</name>
     <message>
-        <source>Apps</source>
-        <translation>アプリ</translation>
-    </message>
-    <message>
         <source>Filter…</source>
         <translation>絞り込み…</translation>
     </message>
@@ -1708,10 +1723,6 @@
     <message>
         <source>Into “%1”</source>
         <translation>「%1」へ</translation>
-    </message>
-    <message>
-        <source>Apps</source>
-        <translation>アプリ</translation>
     </message>
     <message>
         <source>searching…</source>
@@ -1856,6 +1867,10 @@
     <message>
         <source>Undo New Folder</source>
         <translation>新規フォルダの作成を元に戻す</translation>
+    </message>
+    <message>
+        <source>Undo Copy</source>
+        <translation>コピーを元に戻す</translation>
     </message>
 </context>
 <context>
@@ -2199,6 +2214,10 @@
         <source>This computer mounts nothing for its users. FUSE may not be installed.</source>
         <translation>このコンピュータでは利用者が何もマウントできません。FUSE がインストールされていない可能性があります。</translation>
     </message>
+    <message>
+        <source>Retry</source>
+        <translation>再試行</translation>
+    </message>
 </context>
 <context>
     <name>tessary::HelpDialog</name>
@@ -2244,10 +2263,6 @@
     <message>
         <source>A Folder for Each Day</source>
         <translation>1 日ごとに 1 フォルダ</translation>
-    </message>
-    <message>
-        <source>Folder on this computer</source>
-        <translation>このコンピュータのフォルダ</translation>
     </message>
     <message>
         <source>Photos &amp; Videos</source>
@@ -2383,10 +2398,6 @@
 <context>
     <name>tessary::MainWindow</name>
     <message>
-        <source>Folder on this computer</source>
-        <translation>このコンピュータのフォルダ</translation>
-    </message>
-    <message>
         <source>Tessary: Virtual Phones</source>
         <translation>Tessary: 仮想デバイス</translation>
     </message>
@@ -2469,10 +2480,6 @@
         <translation>デバイス</translation>
     </message>
     <message>
-        <source>Apps</source>
-        <translation>アプリ</translation>
-    </message>
-    <message>
         <source>Import Photos…</source>
         <translation>写真を読み込む…</translation>
     </message>
@@ -2523,9 +2530,32 @@
         <source>Import Photos</source>
         <translation>写真を取り込む</translation>
     </message>
+</context>
+<context>
+    <name>tessary::PlaceListModel</name>
     <message>
-        <source>Apps</source>
-        <translation>アプリ</translation>
+        <source>Camera &amp; Photos</source>
+        <translation>カメラと写真</translation>
+    </message>
+    <message>
+        <source>Downloads</source>
+        <translation>ダウンロード</translation>
+    </message>
+    <message>
+        <source>Pictures</source>
+        <translation>ピクチャ</translation>
+    </message>
+    <message>
+        <source>Music</source>
+        <translation>ミュージック</translation>
+    </message>
+    <message>
+        <source>Movies &amp; Videos</source>
+        <translation>ムービーとビデオ</translation>
+    </message>
+    <message>
+        <source>Documents</source>
+        <translation>書類</translation>
     </message>
 </context>
 <context>
@@ -2712,30 +2742,6 @@
 <context>
     <name>tessary::Sidebar</name>
     <message>
-        <source>Camera &amp; Photos</source>
-        <translation>カメラと写真</translation>
-    </message>
-    <message>
-        <source>Downloads</source>
-        <translation>ダウンロード</translation>
-    </message>
-    <message>
-        <source>Pictures</source>
-        <translation>ピクチャ</translation>
-    </message>
-    <message>
-        <source>Music</source>
-        <translation>ミュージック</translation>
-    </message>
-    <message>
-        <source>Movies &amp; Videos</source>
-        <translation>ムービーとビデオ</translation>
-    </message>
-    <message>
-        <source>Documents</source>
-        <translation>書類</translation>
-    </message>
-    <message>
         <source>Wireless Devices…</source>
         <translation>ワイヤレスデバイス…</translation>
     </message>
@@ -2770,14 +2776,6 @@
     <message>
         <source>Remove from Favorites</source>
         <translation>よく使う項目から削除</translation>
-    </message>
-    <message>
-        <source>Apps</source>
-        <translation>アプリ</translation>
-    </message>
-    <message>
-        <source>Open in File Manager</source>
-        <translation>ファイルマネージャーで開く</translation>
     </message>
     <message>
         <source>Remove from File Manager</source>
@@ -2884,10 +2882,6 @@
     <message>
         <source>Sync This Folder</source>
         <translation>このフォルダを同期</translation>
-    </message>
-    <message>
-        <source>Folder on this computer</source>
-        <translation>このコンピュータのフォルダ</translation>
     </message>
     <message>
         <source>Direction</source>
@@ -3131,6 +3125,18 @@
     <message>
         <source>Tessary ended while this was being copied.</source>
         <translation>このコピーの途中で Tessary が終了しました。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 and %Ln more</source>
+        <translation>
+            <numerusform>%1、ほか %Ln 項目</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1/%Ln files</source>
+        <translation>
+            <numerusform>%1/%Ln ファイル</numerusform>
+        </translation>
     </message>
 </context>
 <context>

@@ -306,6 +306,10 @@
         <source>Delete</source>
         <translation>삭제</translation>
     </message>
+    <message>
+        <source>A copy is still under way: what it has not read yet will be missing there.</source>
+        <translation>아직 복사 중입니다. 아직 읽지 않은 항목은 복사본에 남지 않습니다.</translation>
+    </message>
 </context>
 <context>
     <name>DisplayNames</name>
@@ -1363,6 +1367,21 @@
     </message>
 </context>
 <context>
+    <name>SharedWords</name>
+    <message>
+        <source>Apps</source>
+        <translation>앱</translation>
+    </message>
+    <message>
+        <source>Open in File Manager</source>
+        <translation>파일 관리자에서 열기</translation>
+    </message>
+    <message>
+        <source>Folder on this computer</source>
+        <translation>이 컴퓨터의 폴더</translation>
+    </message>
+</context>
+<context>
     <name>SyncFileList</name>
     <message>
         <source>Name</source>
@@ -1575,10 +1594,6 @@
 <context>
     <name>tessary::AppListView</name>
     <message>
-        <source>Apps</source>
-        <translation>앱</translation>
-    </message>
-    <message>
         <source>Filter…</source>
         <translation>필터…</translation>
     </message>
@@ -1708,10 +1723,6 @@
     <message>
         <source>Into “%1”</source>
         <translation>“%1”(으)로</translation>
-    </message>
-    <message>
-        <source>Apps</source>
-        <translation>앱</translation>
     </message>
     <message>
         <source>searching…</source>
@@ -1856,6 +1867,10 @@
     <message>
         <source>Undo New Folder</source>
         <translation>새 폴더 취소</translation>
+    </message>
+    <message>
+        <source>Undo Copy</source>
+        <translation>복사 취소</translation>
     </message>
 </context>
 <context>
@@ -2199,6 +2214,10 @@
         <source>This computer mounts nothing for its users. FUSE may not be installed.</source>
         <translation>이 컴퓨터에서는 사용자가 아무것도 마운트할 수 없습니다. FUSE가 설치되지 않았을 수 있습니다.</translation>
     </message>
+    <message>
+        <source>Retry</source>
+        <translation>다시 시도</translation>
+    </message>
 </context>
 <context>
     <name>tessary::HelpDialog</name>
@@ -2244,10 +2263,6 @@
     <message>
         <source>A Folder for Each Day</source>
         <translation>날짜별 폴더</translation>
-    </message>
-    <message>
-        <source>Folder on this computer</source>
-        <translation>이 컴퓨터의 폴더</translation>
     </message>
     <message>
         <source>Photos &amp; Videos</source>
@@ -2383,10 +2398,6 @@
 <context>
     <name>tessary::MainWindow</name>
     <message>
-        <source>Folder on this computer</source>
-        <translation>이 컴퓨터의 폴더</translation>
-    </message>
-    <message>
         <source>Tessary: Virtual Phones</source>
         <translation>Tessary: 가상 휴대폰</translation>
     </message>
@@ -2469,10 +2480,6 @@
         <translation>휴대폰</translation>
     </message>
     <message>
-        <source>Apps</source>
-        <translation>앱</translation>
-    </message>
-    <message>
         <source>Import Photos…</source>
         <translation>사진 가져오기…</translation>
     </message>
@@ -2523,9 +2530,32 @@
         <source>Import Photos</source>
         <translation>사진 가져오기</translation>
     </message>
+</context>
+<context>
+    <name>tessary::PlaceListModel</name>
     <message>
-        <source>Apps</source>
-        <translation>앱</translation>
+        <source>Camera &amp; Photos</source>
+        <translation>카메라 및 사진</translation>
+    </message>
+    <message>
+        <source>Downloads</source>
+        <translation>다운로드</translation>
+    </message>
+    <message>
+        <source>Pictures</source>
+        <translation>사진</translation>
+    </message>
+    <message>
+        <source>Music</source>
+        <translation>음악</translation>
+    </message>
+    <message>
+        <source>Movies &amp; Videos</source>
+        <translation>영화 및 동영상</translation>
+    </message>
+    <message>
+        <source>Documents</source>
+        <translation>문서</translation>
     </message>
 </context>
 <context>
@@ -2712,30 +2742,6 @@
 <context>
     <name>tessary::Sidebar</name>
     <message>
-        <source>Camera &amp; Photos</source>
-        <translation>카메라 및 사진</translation>
-    </message>
-    <message>
-        <source>Downloads</source>
-        <translation>다운로드</translation>
-    </message>
-    <message>
-        <source>Pictures</source>
-        <translation>사진</translation>
-    </message>
-    <message>
-        <source>Music</source>
-        <translation>음악</translation>
-    </message>
-    <message>
-        <source>Movies &amp; Videos</source>
-        <translation>영화 및 동영상</translation>
-    </message>
-    <message>
-        <source>Documents</source>
-        <translation>문서</translation>
-    </message>
-    <message>
         <source>Wireless Devices…</source>
         <translation>무선 기기…</translation>
     </message>
@@ -2770,14 +2776,6 @@
     <message>
         <source>Remove from Favorites</source>
         <translation>즐겨찾기에서 제거</translation>
-    </message>
-    <message>
-        <source>Apps</source>
-        <translation>앱</translation>
-    </message>
-    <message>
-        <source>Open in File Manager</source>
-        <translation>파일 관리자에서 열기</translation>
     </message>
     <message>
         <source>Remove from File Manager</source>
@@ -2884,10 +2882,6 @@
     <message>
         <source>Sync This Folder</source>
         <translation>이 폴더 동기화</translation>
-    </message>
-    <message>
-        <source>Folder on this computer</source>
-        <translation>이 컴퓨터의 폴더</translation>
     </message>
     <message>
         <source>Direction</source>
@@ -3131,6 +3125,18 @@
     <message>
         <source>Tessary ended while this was being copied.</source>
         <translation>복사하는 중에 Tessary가 종료되었습니다.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 and %Ln more</source>
+        <translation>
+            <numerusform>%1 외 %Ln개</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1/%Ln files</source>
+        <translation>
+            <numerusform>파일 %1/%Ln개</numerusform>
+        </translation>
     </message>
 </context>
 <context>

@@ -313,6 +313,10 @@
         <source>Delete</source>
         <translation>Apagar</translation>
     </message>
+    <message>
+        <source>A copy is still under way: what it has not read yet will be missing there.</source>
+        <translation>Uma cópia ainda está em andamento: o que ela ainda não leu vai faltar nela.</translation>
+    </message>
 </context>
 <context>
     <name>DisplayNames</name>
@@ -1373,6 +1377,21 @@
     </message>
 </context>
 <context>
+    <name>SharedWords</name>
+    <message>
+        <source>Apps</source>
+        <translation>Apps</translation>
+    </message>
+    <message>
+        <source>Open in File Manager</source>
+        <translation>Abrir no gerenciador de arquivos</translation>
+    </message>
+    <message>
+        <source>Folder on this computer</source>
+        <translation>Pasta neste computador</translation>
+    </message>
+</context>
+<context>
     <name>SyncFileList</name>
     <message>
         <source>Name</source>
@@ -1589,10 +1608,6 @@
 <context>
     <name>tessary::AppListView</name>
     <message>
-        <source>Apps</source>
-        <translation>Apps</translation>
-    </message>
-    <message>
         <source>Filter…</source>
         <translation>Filtrar…</translation>
     </message>
@@ -1725,10 +1740,6 @@
     <message>
         <source>Into “%1”</source>
         <translation>Para “%1”</translation>
-    </message>
-    <message>
-        <source>Apps</source>
-        <translation>Apps</translation>
     </message>
     <message>
         <source>searching…</source>
@@ -1873,6 +1884,10 @@
     <message>
         <source>Undo New Folder</source>
         <translation>Desfazer nova pasta</translation>
+    </message>
+    <message>
+        <source>Undo Copy</source>
+        <translation>Desfazer copiar</translation>
     </message>
 </context>
 <context>
@@ -2220,6 +2235,10 @@
         <source>This computer mounts nothing for its users. FUSE may not be installed.</source>
         <translation>Este computador não monta nada para seus usuários. Talvez o FUSE não esteja instalado.</translation>
     </message>
+    <message>
+        <source>Retry</source>
+        <translation>Tentar novamente</translation>
+    </message>
 </context>
 <context>
     <name>tessary::HelpDialog</name>
@@ -2265,10 +2284,6 @@
     <message>
         <source>A Folder for Each Day</source>
         <translation>Uma pasta por dia</translation>
-    </message>
-    <message>
-        <source>Folder on this computer</source>
-        <translation>Pasta neste computador</translation>
     </message>
     <message>
         <source>Photos &amp; Videos</source>
@@ -2411,10 +2426,6 @@
 <context>
     <name>tessary::MainWindow</name>
     <message>
-        <source>Folder on this computer</source>
-        <translation>Pasta neste computador</translation>
-    </message>
-    <message>
         <source>Tessary: Virtual Phones</source>
         <translation>Tessary: telefones virtuais</translation>
     </message>
@@ -2498,10 +2509,6 @@
         <translation>Telefone</translation>
     </message>
     <message>
-        <source>Apps</source>
-        <translation>Apps</translation>
-    </message>
-    <message>
         <source>Import Photos…</source>
         <translation>Importar fotos…</translation>
     </message>
@@ -2552,9 +2559,32 @@
         <source>Import Photos</source>
         <translation>Importar fotos</translation>
     </message>
+</context>
+<context>
+    <name>tessary::PlaceListModel</name>
     <message>
-        <source>Apps</source>
-        <translation>Apps</translation>
+        <source>Camera &amp; Photos</source>
+        <translation>Câmera e fotos</translation>
+    </message>
+    <message>
+        <source>Downloads</source>
+        <translation>Downloads</translation>
+    </message>
+    <message>
+        <source>Pictures</source>
+        <translation>Imagens</translation>
+    </message>
+    <message>
+        <source>Music</source>
+        <translation>Música</translation>
+    </message>
+    <message>
+        <source>Movies &amp; Videos</source>
+        <translation>Filmes e vídeos</translation>
+    </message>
+    <message>
+        <source>Documents</source>
+        <translation>Documentos</translation>
     </message>
 </context>
 <context>
@@ -2743,30 +2773,6 @@
 <context>
     <name>tessary::Sidebar</name>
     <message>
-        <source>Camera &amp; Photos</source>
-        <translation>Câmera e fotos</translation>
-    </message>
-    <message>
-        <source>Downloads</source>
-        <translation>Downloads</translation>
-    </message>
-    <message>
-        <source>Pictures</source>
-        <translation>Imagens</translation>
-    </message>
-    <message>
-        <source>Music</source>
-        <translation>Música</translation>
-    </message>
-    <message>
-        <source>Movies &amp; Videos</source>
-        <translation>Filmes e vídeos</translation>
-    </message>
-    <message>
-        <source>Documents</source>
-        <translation>Documentos</translation>
-    </message>
-    <message>
         <source>Wireless Devices…</source>
         <translation>Dispositivos sem fio…</translation>
     </message>
@@ -2801,14 +2807,6 @@
     <message>
         <source>Remove from Favorites</source>
         <translation>Remover dos favoritos</translation>
-    </message>
-    <message>
-        <source>Apps</source>
-        <translation>Apps</translation>
-    </message>
-    <message>
-        <source>Open in File Manager</source>
-        <translation>Abrir no gerenciador de arquivos</translation>
     </message>
     <message>
         <source>Remove from File Manager</source>
@@ -2915,10 +2913,6 @@
     <message>
         <source>Sync This Folder</source>
         <translation>Sincronizar esta pasta</translation>
-    </message>
-    <message>
-        <source>Folder on this computer</source>
-        <translation>Pasta neste computador</translation>
     </message>
     <message>
         <source>Direction</source>
@@ -3165,6 +3159,20 @@
     <message>
         <source>Tessary ended while this was being copied.</source>
         <translation>O Tessary foi encerrado durante esta cópia.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 and %Ln more</source>
+        <translation>
+            <numerusform>%1 e mais %Ln</numerusform>
+            <numerusform>%1 e mais %Ln</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1/%Ln files</source>
+        <translation>
+            <numerusform>%1/%Ln arquivo</numerusform>
+            <numerusform>%1/%Ln arquivos</numerusform>
+        </translation>
     </message>
 </context>
 <context>

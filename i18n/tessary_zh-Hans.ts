@@ -306,6 +306,10 @@
         <source>Delete</source>
         <translation>删除</translation>
     </message>
+    <message>
+        <source>A copy is still under way: what it has not read yet will be missing there.</source>
+        <translation>仍有复制正在进行：尚未读取的内容将不会出现在副本中。</translation>
+    </message>
 </context>
 <context>
     <name>DisplayNames</name>
@@ -1363,6 +1367,21 @@
     </message>
 </context>
 <context>
+    <name>SharedWords</name>
+    <message>
+        <source>Apps</source>
+        <translation>应用</translation>
+    </message>
+    <message>
+        <source>Open in File Manager</source>
+        <translation>在文件管理器中打开</translation>
+    </message>
+    <message>
+        <source>Folder on this computer</source>
+        <translation>此电脑上的文件夹</translation>
+    </message>
+</context>
+<context>
     <name>SyncFileList</name>
     <message>
         <source>Name</source>
@@ -1575,10 +1594,6 @@
 <context>
     <name>tessary::AppListView</name>
     <message>
-        <source>Apps</source>
-        <translation>应用</translation>
-    </message>
-    <message>
         <source>Filter…</source>
         <translation>筛选…</translation>
     </message>
@@ -1708,10 +1723,6 @@
     <message>
         <source>Into “%1”</source>
         <translation>到“%1”</translation>
-    </message>
-    <message>
-        <source>Apps</source>
-        <translation>应用</translation>
     </message>
     <message>
         <source>searching…</source>
@@ -1856,6 +1867,10 @@
     <message>
         <source>Undo New Folder</source>
         <translation>撤销新建文件夹</translation>
+    </message>
+    <message>
+        <source>Undo Copy</source>
+        <translation>撤销复制</translation>
     </message>
 </context>
 <context>
@@ -2199,6 +2214,10 @@
         <source>This computer mounts nothing for its users. FUSE may not be installed.</source>
         <translation>此电脑不允许用户挂载。可能未安装 FUSE。</translation>
     </message>
+    <message>
+        <source>Retry</source>
+        <translation>重试</translation>
+    </message>
 </context>
 <context>
     <name>tessary::HelpDialog</name>
@@ -2244,10 +2263,6 @@
     <message>
         <source>A Folder for Each Day</source>
         <translation>每天一个文件夹</translation>
-    </message>
-    <message>
-        <source>Folder on this computer</source>
-        <translation>此电脑上的文件夹</translation>
     </message>
     <message>
         <source>Photos &amp; Videos</source>
@@ -2383,10 +2398,6 @@
 <context>
     <name>tessary::MainWindow</name>
     <message>
-        <source>Folder on this computer</source>
-        <translation>此电脑上的文件夹</translation>
-    </message>
-    <message>
         <source>Tessary: Virtual Phones</source>
         <translation>Tessary：虚拟手机</translation>
     </message>
@@ -2469,10 +2480,6 @@
         <translation>手机</translation>
     </message>
     <message>
-        <source>Apps</source>
-        <translation>应用</translation>
-    </message>
-    <message>
         <source>Import Photos…</source>
         <translation>导入照片…</translation>
     </message>
@@ -2523,9 +2530,32 @@
         <source>Import Photos</source>
         <translation>导入照片</translation>
     </message>
+</context>
+<context>
+    <name>tessary::PlaceListModel</name>
     <message>
-        <source>Apps</source>
-        <translation>应用</translation>
+        <source>Camera &amp; Photos</source>
+        <translation>相机和照片</translation>
+    </message>
+    <message>
+        <source>Downloads</source>
+        <translation>下载</translation>
+    </message>
+    <message>
+        <source>Pictures</source>
+        <translation>图片</translation>
+    </message>
+    <message>
+        <source>Music</source>
+        <translation>音乐</translation>
+    </message>
+    <message>
+        <source>Movies &amp; Videos</source>
+        <translation>电影和视频</translation>
+    </message>
+    <message>
+        <source>Documents</source>
+        <translation>文稿</translation>
     </message>
 </context>
 <context>
@@ -2712,30 +2742,6 @@
 <context>
     <name>tessary::Sidebar</name>
     <message>
-        <source>Camera &amp; Photos</source>
-        <translation>相机和照片</translation>
-    </message>
-    <message>
-        <source>Downloads</source>
-        <translation>下载</translation>
-    </message>
-    <message>
-        <source>Pictures</source>
-        <translation>图片</translation>
-    </message>
-    <message>
-        <source>Music</source>
-        <translation>音乐</translation>
-    </message>
-    <message>
-        <source>Movies &amp; Videos</source>
-        <translation>电影和视频</translation>
-    </message>
-    <message>
-        <source>Documents</source>
-        <translation>文档</translation>
-    </message>
-    <message>
         <source>Wireless Devices…</source>
         <translation>无线设备…</translation>
     </message>
@@ -2770,14 +2776,6 @@
     <message>
         <source>Remove from Favorites</source>
         <translation>从收藏夹移除</translation>
-    </message>
-    <message>
-        <source>Apps</source>
-        <translation>应用</translation>
-    </message>
-    <message>
-        <source>Open in File Manager</source>
-        <translation>在文件管理器中打开</translation>
     </message>
     <message>
         <source>Remove from File Manager</source>
@@ -2884,10 +2882,6 @@
     <message>
         <source>Sync This Folder</source>
         <translation>同步此文件夹</translation>
-    </message>
-    <message>
-        <source>Folder on this computer</source>
-        <translation>此电脑上的文件夹</translation>
     </message>
     <message>
         <source>Direction</source>
@@ -3131,6 +3125,18 @@
     <message>
         <source>Tessary ended while this was being copied.</source>
         <translation>复制进行时 Tessary 已退出。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 and %Ln more</source>
+        <translation>
+            <numerusform>%1 以及另外 %Ln 项</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1/%Ln files</source>
+        <translation>
+            <numerusform>%1/%Ln 个文件</numerusform>
+        </translation>
     </message>
 </context>
 <context>

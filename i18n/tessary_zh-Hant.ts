@@ -306,6 +306,10 @@
         <source>Delete</source>
         <translation>刪除</translation>
     </message>
+    <message>
+        <source>A copy is still under way: what it has not read yet will be missing there.</source>
+        <translation>仍有複製正在進行：尚未讀取的內容將不會出現在副本中。</translation>
+    </message>
 </context>
 <context>
     <name>DisplayNames</name>
@@ -1363,6 +1367,21 @@
     </message>
 </context>
 <context>
+    <name>SharedWords</name>
+    <message>
+        <source>Apps</source>
+        <translation>App</translation>
+    </message>
+    <message>
+        <source>Open in File Manager</source>
+        <translation>在檔案管理員中打開</translation>
+    </message>
+    <message>
+        <source>Folder on this computer</source>
+        <translation>此電腦上的資料夾</translation>
+    </message>
+</context>
+<context>
     <name>SyncFileList</name>
     <message>
         <source>Name</source>
@@ -1575,10 +1594,6 @@
 <context>
     <name>tessary::AppListView</name>
     <message>
-        <source>Apps</source>
-        <translation>App</translation>
-    </message>
-    <message>
         <source>Filter…</source>
         <translation>篩選…</translation>
     </message>
@@ -1708,10 +1723,6 @@
     <message>
         <source>Into “%1”</source>
         <translation>到「%1」</translation>
-    </message>
-    <message>
-        <source>Apps</source>
-        <translation>App</translation>
     </message>
     <message>
         <source>searching…</source>
@@ -1856,6 +1867,10 @@
     <message>
         <source>Undo New Folder</source>
         <translation>復原新增資料夾</translation>
+    </message>
+    <message>
+        <source>Undo Copy</source>
+        <translation>復原複製</translation>
     </message>
 </context>
 <context>
@@ -2199,6 +2214,10 @@
         <source>This computer mounts nothing for its users. FUSE may not be installed.</source>
         <translation>此電腦不允許使用者掛載。可能未安裝 FUSE。</translation>
     </message>
+    <message>
+        <source>Retry</source>
+        <translation>重試</translation>
+    </message>
 </context>
 <context>
     <name>tessary::HelpDialog</name>
@@ -2244,10 +2263,6 @@
     <message>
         <source>A Folder for Each Day</source>
         <translation>每天一個資料夾</translation>
-    </message>
-    <message>
-        <source>Folder on this computer</source>
-        <translation>此電腦上的資料夾</translation>
     </message>
     <message>
         <source>Photos &amp; Videos</source>
@@ -2383,10 +2398,6 @@
 <context>
     <name>tessary::MainWindow</name>
     <message>
-        <source>Folder on this computer</source>
-        <translation>此電腦上的資料夾</translation>
-    </message>
-    <message>
         <source>Tessary: Virtual Phones</source>
         <translation>Tessary：虛擬手機</translation>
     </message>
@@ -2469,10 +2480,6 @@
         <translation>手機</translation>
     </message>
     <message>
-        <source>Apps</source>
-        <translation>App</translation>
-    </message>
-    <message>
         <source>Import Photos…</source>
         <translation>輸入照片…</translation>
     </message>
@@ -2523,9 +2530,32 @@
         <source>Import Photos</source>
         <translation>匯入照片</translation>
     </message>
+</context>
+<context>
+    <name>tessary::PlaceListModel</name>
     <message>
-        <source>Apps</source>
-        <translation>App</translation>
+        <source>Camera &amp; Photos</source>
+        <translation>相機與照片</translation>
+    </message>
+    <message>
+        <source>Downloads</source>
+        <translation>下載項目</translation>
+    </message>
+    <message>
+        <source>Pictures</source>
+        <translation>圖片</translation>
+    </message>
+    <message>
+        <source>Music</source>
+        <translation>音樂</translation>
+    </message>
+    <message>
+        <source>Movies &amp; Videos</source>
+        <translation>影片與視訊</translation>
+    </message>
+    <message>
+        <source>Documents</source>
+        <translation>文件</translation>
     </message>
 </context>
 <context>
@@ -2712,30 +2742,6 @@
 <context>
     <name>tessary::Sidebar</name>
     <message>
-        <source>Camera &amp; Photos</source>
-        <translation>相機與照片</translation>
-    </message>
-    <message>
-        <source>Downloads</source>
-        <translation>下載項目</translation>
-    </message>
-    <message>
-        <source>Pictures</source>
-        <translation>圖片</translation>
-    </message>
-    <message>
-        <source>Music</source>
-        <translation>音樂</translation>
-    </message>
-    <message>
-        <source>Movies &amp; Videos</source>
-        <translation>影片與視訊</translation>
-    </message>
-    <message>
-        <source>Documents</source>
-        <translation>文件</translation>
-    </message>
-    <message>
         <source>Wireless Devices…</source>
         <translation>無線裝置…</translation>
     </message>
@@ -2770,14 +2776,6 @@
     <message>
         <source>Remove from Favorites</source>
         <translation>從我的最愛移除</translation>
-    </message>
-    <message>
-        <source>Apps</source>
-        <translation>App</translation>
-    </message>
-    <message>
-        <source>Open in File Manager</source>
-        <translation>在檔案管理員中打開</translation>
     </message>
     <message>
         <source>Remove from File Manager</source>
@@ -2884,10 +2882,6 @@
     <message>
         <source>Sync This Folder</source>
         <translation>同步此資料夾</translation>
-    </message>
-    <message>
-        <source>Folder on this computer</source>
-        <translation>此電腦上的資料夾</translation>
     </message>
     <message>
         <source>Direction</source>
@@ -3131,6 +3125,18 @@
     <message>
         <source>Tessary ended while this was being copied.</source>
         <translation>複製進行時 Tessary 已結束。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 and %Ln more</source>
+        <translation>
+            <numerusform>%1 以及另外 %Ln 項</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1/%Ln files</source>
+        <translation>
+            <numerusform>%1/%Ln 個檔案</numerusform>
+        </translation>
     </message>
 </context>
 <context>

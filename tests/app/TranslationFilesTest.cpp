@@ -77,7 +77,7 @@ TEST(TranslationFiles, contextsAreClassesOrNamedByTheSources) {
                               u"ClashQuestion"_s,   u"DisplayNames"_s,   u"CopyText"_s,
                               u"ErrorText"_s,       u"ProblemText"_s,    u"MainMenu"_s,
                               u"ReleaseQuestion"_s, u"QPlatformTheme"_s, u"SyncFileList"_s,
-                              u"SyncTexts"_s,       u"DeleteQuestion"_s};
+                              u"SyncTexts"_s,       u"DeleteQuestion"_s, u"SharedWords"_s};
     for (const TranslatedText& text : translationsOf(AppLanguage::de))
         EXPECT_TRUE(text.context.startsWith(u"tessary::"_s) || named.contains(text.context))
             << at(AppLanguage::de, text);

@@ -3,6 +3,7 @@
 #include "app/LanguageManager.h"
 #include "app/texts/DisplayNames.h"
 #include "app/texts/ProblemText.h"
+#include "app/texts/SharedWords.h"
 #include "base/text/Printable.h"
 #include "views/common/Icons.h"
 #include "views/common/Layouts.h"
@@ -123,10 +124,10 @@ AppListView::AppListView(AppListViewModel& apps, Choose choose, Choose openOutsi
     auto* title = new QLabel;
     title->setFont(demiBold(title->font()));
     keepTranslated(this, [this, title] {
-        title->setText(tr("Apps"));
+        title->setText(words::apps());
         search_->setPlaceholderText(tr("Filter…"));
         search_->setAccessibleName(tr("Filter…"));
-        list_->setAccessibleName(tr("Apps"));
+        list_->setAccessibleName(words::apps());
         show();
     });
 
@@ -227,8 +228,7 @@ void AppListView::showMenu(const QPoint& where) {
         return;
     const AppInfo app = shown_[static_cast<std::size_t>(index.row())]; // the list may change
     QMenu menu(this);
-    menu.addAction(icon("document-open-folder"),
-                   QCoreApplication::translate("tessary::Sidebar", "Open in File Manager"),
+    menu.addAction(icon("document-open-folder"), words::openInFileManager(),
                    [this, &app] { openOutside_(app); });
     menu.exec(list_->viewport()->mapToGlobal(where));
 }

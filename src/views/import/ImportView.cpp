@@ -1,6 +1,7 @@
 #include "views/import/ImportView.h"
 
 #include "app/LanguageManager.h"
+#include "app/texts/SharedWords.h"
 #include "base/text/ByteFormat.h"
 #include "base/text/Printable.h"
 #include "views/common/Icons.h"
@@ -155,7 +156,7 @@ ImportView::ImportView(const Setup& setup, Callbacks callbacks, QWidget* parent)
 void ImportView::showTexts() {
     all_->setText(tr("Also What Was Imported Before"));
     byDate_->setText(tr("A Folder for Each Day"));
-    target_->setToolTip(tr("Folder on this computer"));
+    target_->setToolTip(words::folderOnThisComputer());
     list_->setAccessibleName(tr("Photos & Videos"));
     show();
 }

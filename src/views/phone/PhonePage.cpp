@@ -3,6 +3,7 @@
 #include "app/LanguageManager.h"
 #include "app/texts/DisplayNames.h"
 #include "app/texts/ErrorText.h"
+#include "app/texts/SharedWords.h"
 #include "base/text/ByteCount.h"
 #include "base/text/Printable.h"
 #include "views/common/Icons.h"
@@ -171,7 +172,7 @@ QWidget* PhonePage::makeCommands() {
 
 void PhonePage::showTexts() {
     setAccessibleName(tr("Phone"));
-    apps_->setText(tr("Apps"));
+    apps_->setText(words::apps());
     import_->setText(tr("Import Photos…"));
     sync_->setText(tr("Sync Now"));
     storageHeading_->setText(tr("Storage"));

@@ -6,7 +6,6 @@
 #include "views/common/RowGround.h"
 #include "views/sidebar/PlaceListModel.h"
 
-#include <QCoreApplication>
 #include <QDropEvent>
 #include <QLabel>
 #include <QPainter>
@@ -56,11 +55,9 @@ public:
 
 } // namespace
 
-QWidget* makeSectionHeading(const char* text) {
+QWidget* makeSectionHeading(Words text) {
     auto* heading = new QLabel;
-    keepTranslated(heading, [heading, text] {
-        heading->setText(QCoreApplication::translate("tessary::Sidebar", text));
-    });
+    keepTranslated(heading, [heading, text] { heading->setText(text()); });
     QFont font = heading->font();
     font.setPointSizeF(font.pointSizeF() * 0.88);
     font.setWeight(QFont::DemiBold);
@@ -70,15 +67,13 @@ QWidget* makeSectionHeading(const char* text) {
     return heading;
 }
 
-PlaceList::PlaceList(const char* heading, PlaceListModel& model, QWidget* parent)
+PlaceList::PlaceList(Words heading, PlaceListModel& model, QWidget* parent)
     : QWidget(parent),
       model_(model),
       view_(new QListView),
       hint_(new QLabel),
       dropMark_(new QRubberBand(QRubberBand::Rectangle, view_->viewport())) {
-    keepTranslated(view_, [this, heading] {
-        view_->setAccessibleName(QCoreApplication::translate("tessary::Sidebar", heading));
-    });
+    keepTranslated(view_, [this, heading] { view_->setAccessibleName(heading()); });
     view_->setModel(&model);
     view_->setFrameShape(QFrame::NoFrame);
     view_->setIconSize({18, 18});
@@ -103,11 +98,9 @@ PlaceList::PlaceList(const char* heading, PlaceListModel& model, QWidget* parent
     fit();
 }
 
-void PlaceList::setHint(const char* text) {
+void PlaceList::setHint(Words text) {
     hasHint_ = true;
-    keepTranslated(hint_, [this, text] {
-        hint_->setText(QCoreApplication::translate("tessary::Sidebar", text));
-    });
+    keepTranslated(hint_, [this, text] { hint_->setText(text()); });
     fit();
 }
 

@@ -10,20 +10,23 @@ namespace tessary {
 class EntryDrop;
 class PlaceListModel;
 
+/// Says a text in the language of the interface.
+using Words = QString (*)();
+
 /// One section of the sidebar: a heading, and rows that take no more room than they need. Without
 /// rows it is gone, unless it has words for that.
 class PlaceList : public QWidget {
     Q_OBJECT
 
 public:
-    /// `model` must outlive it. `heading` is for tr().
-    PlaceList(const char* heading, PlaceListModel& model, QWidget* parent = nullptr);
+    /// `model` must outlive it.
+    PlaceList(Words heading, PlaceListModel& model, QWidget* parent = nullptr);
 
     [[nodiscard]] QListView& view() const {
         return *view_;
     }
-    /// A key for tr(): shown in place of rows.
-    void setHint(const char* text);
+    /// Shown in place of rows.
+    void setHint(Words text);
     /// What makes the rows targets of drops. It must outlive this.
     void setDrops(const EntryDrop& drops);
     /// Marks a row, or none.
@@ -46,6 +49,6 @@ private:
 };
 
 /// The small heading above a section.
-[[nodiscard]] QWidget* makeSectionHeading(const char* text);
+[[nodiscard]] QWidget* makeSectionHeading(Words text);
 
 } // namespace tessary

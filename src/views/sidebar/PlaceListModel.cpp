@@ -1,13 +1,12 @@
 #include "views/sidebar/PlaceListModel.h"
 
 #include "app/texts/DisplayNames.h"
+#include "app/texts/SharedWords.h"
 #include "base/text/Printable.h"
 #include "browser/listing/EntryMimeData.h"
 #include "phone/records/AppInfo.h"
 #include "views/common/Icons.h"
 #include "views/common/PlainText.h"
-
-#include <QCoreApplication>
 
 #include <algorithm>
 #include <array>
@@ -26,12 +25,17 @@ struct Shortcut {
 };
 
 constexpr std::array shortcuts{
-    Shortcut{QT_TRANSLATE_NOOP("tessary::Sidebar", "Camera & Photos"), "camera-photo", "DCIM"},
-    Shortcut{QT_TRANSLATE_NOOP("tessary::Sidebar", "Downloads"), "folder-download", "Download"},
-    Shortcut{QT_TRANSLATE_NOOP("tessary::Sidebar", "Pictures"), "folder-pictures", "Pictures"},
-    Shortcut{QT_TRANSLATE_NOOP("tessary::Sidebar", "Music"), "folder-music", "Music"},
-    Shortcut{QT_TRANSLATE_NOOP("tessary::Sidebar", "Movies & Videos"), "folder-videos", "Movies"},
-    Shortcut{QT_TRANSLATE_NOOP("tessary::Sidebar", "Documents"), "folder-documents", "Documents"},
+    Shortcut{QT_TRANSLATE_NOOP("tessary::PlaceListModel", "Camera & Photos"), "camera-photo",
+             "DCIM"},
+    Shortcut{QT_TRANSLATE_NOOP("tessary::PlaceListModel", "Downloads"), "folder-download",
+             "Download"},
+    Shortcut{QT_TRANSLATE_NOOP("tessary::PlaceListModel", "Pictures"), "folder-pictures",
+             "Pictures"},
+    Shortcut{QT_TRANSLATE_NOOP("tessary::PlaceListModel", "Music"), "folder-music", "Music"},
+    Shortcut{QT_TRANSLATE_NOOP("tessary::PlaceListModel", "Movies & Videos"), "folder-videos",
+             "Movies"},
+    Shortcut{QT_TRANSLATE_NOOP("tessary::PlaceListModel", "Documents"), "folder-documents",
+             "Documents"},
 };
 
 const QString& mainStorage() {
@@ -182,7 +186,7 @@ std::vector<Place> shortcutsOf(const DeviceInfo& device) {
     std::vector<Place> places;
     for (const Shortcut& shortcut : shortcuts)
         places.push_back({QString::fromLatin1(shortcut.iconName),
-                          QCoreApplication::translate("tessary::Sidebar", shortcut.title),
+                          PlaceListModel::tr(shortcut.title),
                           mainStorage() + QLatin1Char('/') + QString::fromLatin1(shortcut.folder),
                           {}});
     return places;
@@ -196,9 +200,9 @@ std::vector<Place> volumesOf(const DeviceInfo& device) {
                  placeDisplayName(mediaFolder().displayName),
                  Place::Target::media},
                 {QStringLiteral("view-list-icons"),
-                 QCoreApplication::translate("tessary::Sidebar", "Apps"),
+                 words::apps(),
                  {},
-                 QCoreApplication::translate("tessary::Sidebar", "Apps"),
+                 words::apps(),
                  Place::Target::apps}};
     std::vector<Place> places;
     for (std::size_t i = 0; i < device.volumes.size(); ++i) {

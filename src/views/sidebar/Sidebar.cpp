@@ -1,6 +1,7 @@
 #include "views/sidebar/Sidebar.h"
 
 #include "app/LanguageManager.h"
+#include "app/texts/SharedWords.h"
 #include "base/text/PathNames.h"
 #include "phone/records/AppInfo.h"
 #include "views/common/Icons.h"
@@ -64,12 +65,9 @@ Sidebar::Sidebar(DeviceListModel& devices, FavoritesManager& favorites, PhoneMou
       noDevices_(new QLabel),
       mode_(new ModeSwitch(callbacks_.useMode)),
       favoriteModel_(favorites),
-      favoriteList_(
-          new PlaceList(QT_TRANSLATE_NOOP("tessary::Sidebar", "Favorites"), favoriteModel_)),
-      shortcutList_(
-          new PlaceList(QT_TRANSLATE_NOOP("tessary::Sidebar", "Quick Shortcuts"), shortcutModel_)),
-      volumeList_(
-          new PlaceList(QT_TRANSLATE_NOOP("tessary::Sidebar", "Storage Volumes"), volumeModel_)) {
+      favoriteList_(new PlaceList([] { return tr("Favorites"); }, favoriteModel_)),
+      shortcutList_(new PlaceList([] { return tr("Quick Shortcuts"); }, shortcutModel_)),
+      volumeList_(new PlaceList([] { return tr("Storage Volumes"); }, volumeModel_)) {
     deviceList_->setObjectName(QStringLiteral("deviceList"));
     keepTranslated(this, [this] { deviceList_->setAccessibleName(tr("Connected Devices")); });
     deviceList_->setModel(&devices);
@@ -92,8 +90,7 @@ Sidebar::Sidebar(DeviceListModel& devices, FavoritesManager& favorites, PhoneMou
     });
 
     favoriteList_->view().setObjectName(QStringLiteral("favoriteList"));
-    favoriteList_->setHint(
-        QT_TRANSLATE_NOOP("tessary::Sidebar", "Drop a folder here to keep it at hand."));
+    favoriteList_->setHint([] { return tr("Drop a folder here to keep it at hand."); });
     QListView& favoriteView = favoriteList_->view();
     favoriteView.setDragDropMode(QAbstractItemView::DragDrop);
     favoriteView.setDefaultDropAction(Qt::MoveAction);
@@ -119,8 +116,7 @@ Sidebar::Sidebar(DeviceListModel& devices, FavoritesManager& favorites, PhoneMou
     auto* column = new QVBoxLayout(content);
     column->setContentsMargins(0, 0, 0, 8);
     column->setSpacing(0);
-    column->addWidget(
-        makeSectionHeading(QT_TRANSLATE_NOOP("tessary::Sidebar", "Connected Devices")));
+    column->addWidget(makeSectionHeading([] { return tr("Connected Devices"); }));
     column->addWidget(deviceList_);
     column->addWidget(noDevices_);
     column->addWidget(mode_);
@@ -171,7 +167,7 @@ void Sidebar::showDeviceMenu(const QPoint& where) {
         return;
     const DeviceInfo device = *chosen; // it may go while the menu is open
     QMenu menu(this);
-    QAction* open = menu.addAction(icon("document-open-folder"), tr("Open in File Manager"),
+    QAction* open = menu.addAction(icon("document-open-folder"), words::openInFileManager(),
                                    [this, &device] { mounts_.open(device, {}, {}); });
     open->setEnabled(device.isDataAccessible());
     if (mounts_.isOpen(device.udid))
@@ -186,7 +182,7 @@ void Sidebar::showFavoriteMenu(const QPoint& where) {
     if (!favorite || !device_)
         return;
     QMenu menu(this);
-    menu.addAction(icon("document-open-folder"), tr("Open in File Manager"),
+    menu.addAction(icon("document-open-folder"), words::openInFileManager(),
                    [this, device = *device_, favorite = *favorite] {
                        std::optional<AppInfo> app;
                        if (favorite.appBundleId)
@@ -205,7 +201,7 @@ void Sidebar::showPlaceMenu(PlaceList& list, const PlaceListModel& model, const 
         return;
     QMenu menu(this);
     menu.addAction(
-        icon("document-open-folder"), tr("Open in File Manager"),
+        icon("document-open-folder"), words::openInFileManager(),
         [this, device = *device_, path = place->path] { mounts_.open(device, {}, path); });
     menu.exec(list.view().viewport()->mapToGlobal(where));
 }

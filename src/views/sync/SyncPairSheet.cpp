@@ -1,6 +1,7 @@
 #include "views/sync/SyncPairSheet.h"
 
 #include "app/texts/DisplayNames.h"
+#include "app/texts/SharedWords.h"
 #include "base/text/Printable.h"
 #include "views/common/PlainText.h"
 #include "views/sync/SyncTexts.h"
@@ -36,7 +37,7 @@ SyncPairSheet::SyncPairSheet(SyncPair pair, Purpose purpose, ChooseFolder choose
     setWindowTitle(purpose == Purpose::makes ? tr("Sync This Folder") : tr("Edit This Pair"));
     setMinimumWidth(520);
     folder_->setObjectName(QStringLiteral("syncLocalFolder"));
-    folder_->setAccessibleName(tr("Folder on this computer"));
+    folder_->setAccessibleName(words::folderOnThisComputer());
     mode_->setAccessibleName(tr("Direction"));
     mode_->addItem(tr("Both ways"), static_cast<int>(SyncMode::biDirectional));
     mode_->addItem(tr("Only to the phone"), static_cast<int>(SyncMode::toiPhone));
@@ -70,7 +71,7 @@ SyncPairSheet::SyncPairSheet(SyncPair pair, Purpose purpose, ChooseFolder choose
                                                            printable(remoteDisplayPath(pair_))));
     auto* form = new QFormLayout;
     form->addRow(tr("Folder on the phone"), remote);
-    form->addRow(tr("Folder on this computer"), folderRow);
+    form->addRow(words::folderOnThisComputer(), folderRow);
     form->addRow(tr("Direction"), mode_);
     form->addRow(QString(), deletes_);
     form->addRow(QString(), moves_);

@@ -1,8 +1,8 @@
 #include "views/tabs/BrowserSetups.h"
 
+#include "app/texts/SharedWords.h"
 #include "views/settings/FileSettings.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFileDialog>
 
@@ -35,9 +35,7 @@ CopyDialogs withDownloadFolder(CopyDialogs dialogs, UserDefaults& defaults) {
 }
 
 QString chooseLocalFolder(QWidget* asker, const QString& startAt) {
-    return QFileDialog::getExistingDirectory(
-        asker, QCoreApplication::translate("tessary::MainWindow", "Folder on this computer"),
-        startAt);
+    return QFileDialog::getExistingDirectory(asker, words::folderOnThisComputer(), startAt);
 }
 
 } // namespace tessary

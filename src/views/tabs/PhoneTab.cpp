@@ -2,6 +2,7 @@
 
 #include "app/LanguageManager.h"
 #include "app/texts/DisplayNames.h"
+#include "app/texts/SharedWords.h"
 #include "base/text/Printable.h"
 #include "views/browser/AppListView.h"
 #include "views/common/Layouts.h"
@@ -270,7 +271,7 @@ QString PhoneTab::title() const {
     if (choice_.isImporting())
         return tr("Import Photos");
     if (choice_.isChoosingApp())
-        return tr("Apps");
+        return words::apps();
     const auto& path = browser_.breadcrumbs();
     if (choice_.isAtPhone() || path.empty())
         return deviceTitle(*shown);
