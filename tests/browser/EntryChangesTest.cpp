@@ -99,6 +99,33 @@ TEST_F(EntryChangesTest, changesOfAnotherPhoneStayWithIt) {
     EXPECT_EQ(undoable(), UndoStep::Kind::rename);
 }
 
+TEST_F(EntryChangesTest, ofACopyThatGoesAgainWhichIsThereAnew) {
+    browser_.renameItem(u"/root/b.txt"_s, u"x"_s);
+    settle();
+    const QStringList before = files_->tree();
+    const auto start = [this](const PreparedCopy& copy) { browser_.copies().start(copy, {}); };
+    Gate gate;
+    holdAt(gate, Operation::write, "");
+    browser_.copies().prepareTransfer(files_, {*browser_.itemWithId(u"/root/c.txt"_s)}, {}, start);
+    EXPECT_TRUE(browser_.copies().isPreparing());
+    ASSERT_TRUE(eventually([&] { return gate.waiting() == 1; }));
+    EXPECT_EQ(undoable(), UndoStep::Kind::copy);
+    browser_.changes().undo();
+    EXPECT_FALSE(browser_.isEditing()) << "of nothing that was before it";
+    EXPECT_TRUE(browser_.copies().areBeingRead(*files_, {*browser_.itemWithId(u"/root/c.txt"_s)}));
+    gate.open();
+    settleCopies();
+    EXPECT_TRUE(files_->has(u"/root/c (2).txt"_s));
+    undo();
+    EXPECT_EQ(files_->tree(), before);
+    EXPECT_EQ(undoable(), UndoStep::Kind::rename);
+
+    uploadNow(browser_, {local_.write(u"c.txt"_s, "instead")});
+    ASSERT_TRUE(eventually([this] { return queue_.jobs().size() == 2; }));
+    settleCopies();
+    EXPECT_EQ(undoable(), std::nullopt) << "what was replaced is not there any more";
+}
+
 /// As between a phone's own storage and its card.
 TEST_F(EntryChangesTest, whatThePhoneCannotMoveIsCopiedAndRemoved) {
     for (const char* path : {"/root/a", "/root/b.txt"})

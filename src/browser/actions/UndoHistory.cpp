@@ -6,11 +6,26 @@
 namespace tessary {
 
 void UndoHistory::record(UndoStep step) {
-    if (step.changes.empty())
+    if (step.changes.empty() && step.kind != UndoStep::Kind::copy)
         return;
     if (steps_.size() == mostSteps)
         steps_.erase(steps_.begin());
     steps_.push_back(std::move(step));
+}
+
+void UndoHistory::endCopy(const QUuid& copy, const QStringList& made) {
+    const auto step = std::ranges::find(steps_, copy, &UndoStep::copy);
+    if (step == steps_.end())
+        return;
+    step->changes.clear();
+    for (const QString& path : made)
+        step->changes.push_back({{}, path});
+    if (made.isEmpty())
+        steps_.erase(step);
+}
+
+void UndoHistory::forget(const QString& identity) {
+    std::erase_if(steps_, [&](const UndoStep& step) { return step.identity == identity; });
 }
 
 std::optional<UndoStep> UndoHistory::newestOf(const QString& identity) const {

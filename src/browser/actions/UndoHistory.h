@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
+#include <QUuid>
 
 #include <optional>
 #include <vector>
@@ -13,18 +15,20 @@ struct UndoStep {
         rename,
         move,
         create, ///< of a folder, which goes again as long as it is empty
+        copy,   ///< to the phone; what came is deleted, which is to be asked about
     };
     /// One entry.
     struct Change {
-        QString before; ///< its path; empty for what was created
+        QString before; ///< its path; empty for what was created or copied
         QString now;    ///< the same
 
         bool operator==(const Change&) const = default;
     };
 
     Kind kind = Kind::rename;
-    QString identity; ///< PhoneFileSystem::identity()
-    std::vector<Change> changes;
+    QString identity;            ///< PhoneFileSystem::identity()
+    std::vector<Change> changes; ///< none while a copy has not ended
+    QUuid copy{};                ///< CopyJob::id
 
     bool operator==(const UndoStep&) const = default;
 };
@@ -35,7 +39,12 @@ class UndoHistory {
 public:
     static constexpr std::size_t mostSteps = 100;
 
+    /// One without changes is left out, unless it is a copy.
     void record(UndoStep step);
+    /// What a copy has made by its end. No effect once its step is gone.
+    void endCopy(const QUuid& copy, const QStringList& made);
+    /// Something was done on a connection that cannot be taken back: nor can what was before it.
+    void forget(const QString& identity);
     /// The newest step of a connection; no value when there is none.
     [[nodiscard]] std::optional<UndoStep> newestOf(const QString& identity) const;
     /// Takes that step out.

@@ -166,6 +166,45 @@ void BrowserCopies::moveByCopy(const std::shared_ptr<PhoneFileSystem>& files,
     TreeCopyRequest request = requestOf(files, files, items, folder);
     request.removesSource = true;
     queue_.enqueue(std::move(request));
+    browser_.changes().noteLastingChange(files->identity());
+}
+
+bool BrowserCopies::areBeingRead(const PhoneFileSystem& files,
+                                 const std::vector<FileItem>& items) const {
+    const auto isWithin = [](const QString& path, const QString& folder) {
+        return path == folder || path.startsWith(folder + QLatin1Char('/'));
+    };
+    const auto touches = [&](const CopyItem& copied) {
+        return std::ranges::any_of(items, [&](const FileItem& item) {
+            return isWithin(copied.item.path, item.path) || isWithin(item.path, copied.item.path);
+        });
+    };
+    return std::ranges::any_of(queue_.jobs(), [&](const CopyJob& job) {
+        return !job.isFinished() && job.source == files.identity() &&
+               std::ranges::any_of(queue_.recordOf(job.id).rest, touches);
+    });
+}
+
+bool BrowserCopies::cancel(const QUuid& id) {
+    const int index = queue_.indexOf(id);
+    if (index < 0 || queue_.jobs()[static_cast<std::size_t>(index)].isFinished())
+        return false;
+    queue_.cancel(id);
+    return true;
+}
+
+/// Only what is there anew, and elsewhere too, can go again.
+void BrowserCopies::noteForUndo(const QUuid& id, const PreparedCopy::Part& part,
+                                const CopyAnswers& answers, bool makesAll) {
+    const auto staysAlone = [&](const CheckedItem& item) {
+        const ClashAnswer answer = answers.value(item.item.item.id(), ClashAnswer::keepBoth);
+        return !item.existing || answer == ClashAnswer::keepBoth || answer == ClashAnswer::skip;
+    };
+    const QString identity = part.request.to->identity();
+    if (makesAll && std::ranges::all_of(part.check.items, staysAlone))
+        browser_.changes().noteCopy(id, identity);
+    else
+        browser_.changes().noteLastingChange(identity);
 }
 
 /// `open` is called in the background.
@@ -175,6 +214,7 @@ void BrowserCopies::prepare(std::function<PreparedCopy()> open, std::optional<qi
     for (const CopyJob& job : queue_.jobs())
         if (!onTheWay.contains(job.target))
             onTheWay.insert(job.target, queue_.bytesOnTheWayTo(job.target));
+    ++preparing_;
     runInBackground(
         &browser_,
         [open = std::move(open), mostBytes, onTheWay,
@@ -190,7 +230,8 @@ void BrowserCopies::prepare(std::function<PreparedCopy()> open, std::optional<qi
             }
             return copy;
         },
-        [whenReady = std::move(whenReady)](BackgroundResult<PreparedCopy> result) {
+        [this, whenReady = std::move(whenReady)](BackgroundResult<PreparedCopy> result) {
+            --preparing_;
             if (result.succeeded())
                 whenReady(result.take());
         });
@@ -211,7 +252,10 @@ void BrowserCopies::start(const PreparedCopy& copy, const CopyAnswers& given, bo
         request.policy = policyFor(answers, ClashAnswer::replace);
         request.skipsSame = onlyNew;
         request.verifies = compares_ && compares_();
-        queue_.enqueue(std::move(request));
+        const bool makesAll = !onlyNew && !request.removesSource;
+        const QUuid id = queue_.enqueue(std::move(request));
+        if (part.request.to == browser_.files())
+            noteForUndo(id, part, answers, makesAll);
     }
 }
 

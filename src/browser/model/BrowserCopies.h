@@ -67,15 +67,27 @@ public:
     /// number.
     void moveByCopy(const std::shared_ptr<PhoneFileSystem>& files,
                     const std::vector<FileItem>& items, const QString& folder);
+    /// A copy is looked into that is not queued yet.
+    [[nodiscard]] bool isPreparing() const {
+        return preparing_ > 0;
+    }
+    /// Whether a copy that has not ended still reads one of these, or something in it.
+    [[nodiscard]] bool areBeingRead(const PhoneFileSystem& files,
+                                    const std::vector<FileItem>& items) const;
+    /// False for a copy that has ended: it stays as it is.
+    bool cancel(const QUuid& id);
 
 private:
     [[nodiscard]] QString targetOf(const QString& folder) const;
+    void noteForUndo(const QUuid& id, const PreparedCopy::Part& part, const CopyAnswers& answers,
+                     bool makesAll);
     void prepare(std::function<PreparedCopy()> open, std::optional<qint64> mostBytes,
                  Prepared whenReady);
 
     FileBrowserViewModel& browser_;
     CopyQueue& queue_;
     const Compares compares_;
+    int preparing_ = 0;
 };
 
 } // namespace tessary

@@ -35,9 +35,18 @@ What problemOf(UndoStep::Kind kind) {
     case UndoStep::Kind::move:
         return What::move;
     case UndoStep::Kind::create:
+    case UndoStep::Kind::copy:
         break;
     }
     return What::remove;
+}
+
+/// For good on a phone; to the trash of this computer.
+void removeWhole(PhoneFileSystem& files, const FileItem& item, const std::stop_token& stop) {
+    if (dynamic_cast<LocalFileSystem*>(&files) == nullptr)
+        files.removeTree(item, stop);
+    else if (!QFile::moveToTrash(item.path))
+        throw Error(LocalError::cannotWrite, {item.path, QString()});
 }
 
 void takeBack(PhoneFileSystem& files, UndoStep::Kind kind, const UndoStep::Change& change,
@@ -55,6 +64,9 @@ void takeBack(PhoneFileSystem& files, UndoStep::Kind kind, const UndoStep::Chang
             throw Error(PhoneError::changed, {item.path});
         files.remove(item, stop);
         break;
+    case UndoStep::Kind::copy:
+        removeWhole(files, item, stop);
+        break;
     }
 }
 
@@ -62,6 +74,17 @@ void takeBack(PhoneFileSystem& files, UndoStep::Kind kind, const UndoStep::Chang
 
 EntryChanges::EntryChanges(FileBrowserViewModel& browser) : browser_(browser) {
     connect(&edits_, &BrowserEdits::changed, this, &EntryChanges::runningChanged);
+    connect(&browser.queue(), &CopyQueue::recordChanged, this, [this](const QUuid& id) {
+        const CopyQueue& queue = browser_.queue();
+        const int index = queue.indexOf(id);
+        if (index < 0)
+            return;
+        const CopyJob& job = queue.jobs()[static_cast<std::size_t>(index)];
+        if (!job.isFinished())
+            return;
+        history_.endCopy(id, job.made);
+        Q_EMIT undoableChanged();
+    });
 }
 
 void EntryChanges::run(std::vector<FileItem> items, What what, EditAction action, Done whenDone,
@@ -109,14 +132,7 @@ void EntryChanges::createFolder(const QString& name) {
 }
 
 void EntryChanges::remove(std::vector<FileItem> items) {
-    run(
-        std::move(items), What::remove,
-        [](PhoneFileSystem& files, const FileItem& item, const std::stop_token& stop) {
-            if (dynamic_cast<LocalFileSystem*>(&files) == nullptr)
-                files.removeTree(item, stop);
-            else if (!QFile::moveToTrash(item.path))
-                throw Error(LocalError::cannotWrite, {item.path, QString()});
-        },
+    run(std::move(items), What::remove, removeWhole,
         [this](const BrowserEditReport& report) { tellRemoved(report.donePaths); });
 }
 
@@ -191,16 +207,24 @@ void EntryChanges::move(std::vector<FileItem> items, const QString& folder) {
         newPaths);
 }
 
+void EntryChanges::noteCopy(const QUuid& copy, const QString& identity) {
+    record({UndoStep::Kind::copy, identity, {}, copy});
+}
+
+void EntryChanges::noteLastingChange(const QString& identity) {
+    history_.forget(identity);
+    Q_EMIT undoableChanged();
+}
+
 std::optional<UndoStep> EntryChanges::undoable() const {
     return browser_.files() ? history_.newestOf(browser_.files()->identity()) : std::nullopt;
 }
 
 void EntryChanges::undo() {
-    if (!browser_.files() || isRunning())
+    const auto newest = undoable();
+    if (!newest || newest->changes.empty() || isRunning())
         return;
-    const auto step = history_.take(browser_.files()->identity());
-    if (!step)
-        return;
+    const auto step = history_.take(newest->identity);
     Q_EMIT undoableChanged();
     std::vector<FileItem> items;
     QStringList oldPaths;
@@ -224,10 +248,11 @@ void EntryChanges::takenBack(const UndoStep& step, const BrowserEditReport& repo
     std::erase_if(left.changes, [&](const UndoStep::Change& change) {
         return report.donePaths.contains(change.now) || report.gonePaths.contains(change.now);
     });
-    record(std::move(left));
+    if (!left.changes.empty())
+        record(std::move(left));
     if (report.donePaths.isEmpty())
         return;
-    if (step.kind == UndoStep::Kind::create) {
+    if (step.kind == UndoStep::Kind::create || step.kind == UndoStep::Kind::copy) {
         Q_EMIT removed(report.donePaths);
         return;
     }

@@ -46,7 +46,13 @@ public:
 
     /// The change that undo() would take back; no value when there is none on this connection.
     [[nodiscard]] std::optional<UndoStep> undoable() const;
+    /// Of a copy it deletes what came: that is to be asked about before. No effect on one that is
+    /// under way.
     void undo();
+    /// A copy to a phone was queued, by CopyJob::id, which undo() leads to once it has ended.
+    void noteCopy(const QUuid& copy, const QString& identity);
+    /// One that cannot be taken back, nor what was done before it.
+    void noteLastingChange(const QString& identity);
 
 Q_SIGNALS:
     void runningChanged();  ///< isRunning, progress

@@ -2,6 +2,7 @@
 
 #include "app/LanguageManager.h"
 #include "app/texts/DisplayNames.h"
+#include "app/texts/SharedWords.h"
 #include "base/text/ByteCount.h"
 #include "base/text/ByteFormat.h"
 #include "base/text/Printable.h"
@@ -120,7 +121,7 @@ void BrowserView::connectActions() {
     on(actions_.download, [this] { copies_.downloadSelected(); });
     on(actions_.uploadFiles, [this] { copies_.chooseAndUploadFiles(); });
     on(actions_.uploadFolder, [this] { copies_.chooseAndUploadFolder(); });
-    on(actions_.undo, [this] { browser_.changes().undo(); });
+    on(actions_.undo, [this] { entries_.undo(); });
     on(actions_.cut, [this] { entries_.cut(); });
     on(actions_.copy, [this] { entries_.copy(); });
     on(actions_.copyPath, [this] { entries_.copyPath(); });
@@ -210,7 +211,7 @@ TableColumns& BrowserView::columns() const {
 void BrowserView::showPath() {
     std::vector<Breadcrumb> path;
     if (isInApp()) {
-        path.push_back({tr("Apps"), {}});
+        path.push_back({words::apps(), {}});
         if (!browser_.isMedia())
             path.push_back({printable(browser_.appName()), browser_.rootPath()});
     }

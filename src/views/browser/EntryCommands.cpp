@@ -183,26 +183,61 @@ void EntryCommands::rename() {
 
 void EntryCommands::remove() {
     const auto selected = browser_.selection().entries();
-    if (selected.empty())
-        return;
-    DeletedGo where = browser_.isMedia() ? DeletedGo::pastTheBin : DeletedGo::away;
-    if (browser_.isLocal())
-        where = DeletedGo::intoTheTrash;
     QStringList ids;
     for (const FileItem& item : selected)
         ids.append(item.id());
-    const ShownFolder asked(browser_);
-    if (askToDelete(parent_, browser_.files(), selected, where) && asked.isStillShown())
+    if (!selected.empty() && askToDelete(selected))
         browser_.deleteItems(ids);
+}
+
+/// True when the user agrees, and what he was asked about is still in front of him.
+bool EntryCommands::askToDelete(const std::vector<FileItem>& items) {
+    DeletedGo where = browser_.isMedia() ? DeletedGo::pastTheBin : DeletedGo::away;
+    if (browser_.isLocal())
+        where = DeletedGo::intoTheTrash;
+    const ShownFolder asked(browser_);
+    const bool areRead =
+        browser_.files() && browser_.copies().areBeingRead(*browser_.files(), items);
+    return tessary::askToDelete(parent_, browser_.files(), items, where, areRead) &&
+           asked.isStillShown();
+}
+
+void EntryCommands::undo() {
+    if (browser_.copies().isPreparing())
+        return; // what was pasted is about to be what this takes back
+    const auto step = browser_.changes().undoable();
+    if (step && step->kind == UndoStep::Kind::copy) {
+        if (browser_.copies().cancel(step->copy))
+            return;
+        std::vector<FileItem> items;
+        for (const UndoStep::Change& change : step->changes) {
+            const auto shown = std::ranges::find(browser_.items(), change.now, &FileItem::path);
+            items.push_back(
+                shown != browser_.items().end()
+                    ? *shown
+                    : FileItem(lastComponent(change.now), change.now, false, 0, std::nullopt));
+        }
+        if (items.empty() || !askToDelete(items) || browser_.changes().undoable() != step)
+            return;
+    }
+    browser_.changes().undo();
 }
 
 QString EntryCommands::undoText() const {
     const auto step = browser_.changes().undoable();
     if (!step)
         return tr("Undo");
-    if (step->kind == UndoStep::Kind::rename)
+    switch (step->kind) {
+    case UndoStep::Kind::rename:
         return tr("Undo Rename");
-    return step->kind == UndoStep::Kind::move ? tr("Undo Move") : tr("Undo New Folder");
+    case UndoStep::Kind::move:
+        return tr("Undo Move");
+    case UndoStep::Kind::create:
+        return tr("Undo New Folder");
+    case UndoStep::Kind::copy:
+        break;
+    }
+    return tr("Undo Copy");
 }
 
 void EntryCommands::addTo(QMenu& menu, const BrowserActions& actions) {

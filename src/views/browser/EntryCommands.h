@@ -84,6 +84,9 @@ public:
     void remove();
     void showProperties();
 
+    /// Takes the last change back. A copy under way is cancelled; of one that has ended it asks
+    /// before what came is deleted.
+    void undo();
     /// What the command says that it would take back.
     [[nodiscard]] QString undoText() const;
 
@@ -93,6 +96,7 @@ public:
 private:
     void putOnClipboard(EntryMimeData::Use use);
     void fetchSelected(WhenHere whenHere);
+    [[nodiscard]] bool askToDelete(const std::vector<FileItem>& items);
     void tellNotOpened(const QString& path);
     void addOpenWith(QMenu& menu);
     void fillOpenWith(QMenu& menu, const std::vector<DesktopProgram>& programs);

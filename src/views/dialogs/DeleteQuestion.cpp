@@ -75,7 +75,7 @@ void sayWhatIsInside(QMessageBox& question, const FileItem& folder, const Conten
 } // namespace
 
 bool askToDelete(QWidget& parent, const std::shared_ptr<PhoneFileSystem>& files,
-                 const std::vector<FileItem>& items, DeletedGo where) {
+                 const std::vector<FileItem>& items, DeletedGo where, bool readsThem) {
     QMessageBox question(&parent);
     question.setIcon(QMessageBox::Warning);
     question.setWindowTitle(DeleteQuestion::tr("Delete"));
@@ -83,6 +83,9 @@ bool askToDelete(QWidget& parent, const std::shared_ptr<PhoneFileSystem>& files,
     QStringList body;
     if (items.size() > 1)
         body << names(items, question) << QString();
+    if (readsThem)
+        body << DeleteQuestion::tr("A copy is still under way: what it has not read yet will be "
+                                   "missing there.");
     body << whatFollows(where, static_cast<int>(items.size()));
     question.setInformativeText(body.join(QLatin1Char('\n')));
     const QAbstractButton* remove =

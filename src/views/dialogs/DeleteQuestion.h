@@ -18,8 +18,9 @@ enum class DeletedGo {
 
 /// Asks whether these entries, one at least, are to be deleted, and names them. True when the user
 /// agrees. What lies in a folder is counted meanwhile, in the background, and said once it is
-/// known.
+/// known; so is that a copy `readsThem` still.
 [[nodiscard]] bool askToDelete(QWidget& parent, const std::shared_ptr<PhoneFileSystem>& files,
-                               const std::vector<FileItem>& items, DeletedGo where);
+                               const std::vector<FileItem>& items, DeletedGo where,
+                               bool readsThem = false);
 
 } // namespace tessary
