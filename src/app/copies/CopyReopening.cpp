@@ -40,14 +40,15 @@ std::shared_ptr<PhoneFileSystem> openPhone(const QString& identity, const QStrin
 
 std::optional<CopyEnds> reopen(const CopyJob& job, const std::vector<DeviceInfo>& attached,
                                PhoneFileSystems& phones) {
-    const auto open = [&](const QString& identity,
+    const auto open = [&](const QString& identity, const QString& shown,
                           LocalLinks links) -> std::shared_ptr<PhoneFileSystem> {
         if (identity.startsWith(local))
             return std::make_shared<LocalFileSystem>(identity.mid(local.size()), links);
-        return openPhone(identity, job.phone, attached, phones);
+        return openPhone(identity, shown, attached, phones);
     };
-    CopyEnds ends{open(job.source, LocalLinks::filesFollowed),
-                  open(job.target, LocalLinks::reported)};
+    const QString& from = job.sourcePhone.isEmpty() ? job.phone : job.sourcePhone;
+    CopyEnds ends{open(job.source, from, LocalLinks::filesFollowed),
+                  open(job.target, job.phone, LocalLinks::reported)};
     return ends.from && ends.to ? std::optional(std::move(ends)) : std::nullopt;
 }
 

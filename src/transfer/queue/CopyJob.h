@@ -36,6 +36,7 @@ struct CopyJob {
     QString sourcePath;   ///< of the first thing
     QString targetFolder; ///< at the target
     QString phone;        ///< the phone's name, the target's when there are two
+    QString sourcePhone;  ///< the other one's name then; else empty
     QString source;       ///< PhoneFileSystem::identity()
     QString target;       ///< the same
 

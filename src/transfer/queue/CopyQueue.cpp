@@ -136,6 +136,8 @@ QUuid CopyQueue::enqueue(TreeCopyRequest request, Finished onFinished, const QUu
     job.sourcePath = first.item.path;
     job.targetFolder = request.folder;
     job.phone = request.to->queue() ? request.to->displayName() : request.from->displayName();
+    if (job.direction == CopyJob::Direction::betweenPhones)
+        job.sourcePhone = request.from->displayName();
     job.source = request.from->identity();
     job.target = request.to->identity();
     for (const CopyItem& item : request.items) {

@@ -82,7 +82,7 @@ TreeCopyRequest CopyRecord::requestForRest(std::shared_ptr<PhoneFileSystem> from
 }
 
 bool CopyRecord::matches(const QString& search) const {
-    QStringList names{job.name, job.phone, job.sourcePath, job.targetFolder};
+    QStringList names{job.name, job.phone, job.sourcePhone, job.sourcePath, job.targetFolder};
     names += job.made;
     for (const LeftOut& one : job.leftOut)
         names << one.item.item.path;
@@ -115,6 +115,7 @@ QJsonObject toJson(const CopyRecord& record) {
                      {u"sourcePath"_s, job.sourcePath},
                      {u"targetFolder"_s, job.targetFolder},
                      {u"phone"_s, job.phone},
+                     {u"sourcePhone"_s, job.sourcePhone},
                      {u"source"_s, job.source},
                      {u"target"_s, job.target},
                      {u"files"_s, job.progress.completedFiles},
@@ -154,6 +155,7 @@ std::optional<CopyRecord> copyRecordFromJson(const QJsonObject& json) {
     job.sourcePath = json[u"sourcePath"_s].toString();
     job.targetFolder = json[u"targetFolder"_s].toString();
     job.phone = json[u"phone"_s].toString();
+    job.sourcePhone = json[u"sourcePhone"_s].toString();
     job.source = json[u"source"_s].toString();
     job.target = json[u"target"_s].toString();
     job.progress.completedFiles = json[u"files"_s].toInteger();

@@ -9,7 +9,6 @@
 #include "base/text/Printable.h"
 #include "views/common/PlainText.h"
 
-#include <QCoreApplication>
 #include <algorithm>
 
 namespace tessary {
@@ -79,21 +78,23 @@ QVariant TransferListModel::data(const QModelIndex& index, int role) const {
 
 QString transferTitle(const CopyJob& job) {
     const QString name = printable(job.name);
-    return job.things == 1 ? name
-                           : QCoreApplication::translate("tessary::TransferListModel",
-                                                         "%1 and %Ln more", nullptr, job.things - 1)
-                                 .arg(name);
+    return job.things == 1
+               ? name
+               : TransferListModel::tr("%1 and %Ln more", nullptr, job.things - 1).arg(name);
 }
 
 QString transferRoute(const CopyJob& job) {
     using Direction = CopyJob::Direction;
     const QString phone = printable(job.phone);
+    const QString fromPhone = job.sourcePhone.isEmpty() ? phone : printable(job.sourcePhone);
     const QString from = lastComponent(parentPath(job.sourcePath));
     const QString to = lastComponent(job.targetFolder);
-    const bool comesFromPhone = job.direction == Direction::toComputer;
+    const bool comesFromPhone =
+        job.direction == Direction::toComputer || job.direction == Direction::betweenPhones;
     const bool goesToPhone =
         job.direction == Direction::toPhone || job.direction == Direction::betweenPhones;
-    return QStringLiteral("%1 → %2").arg(comesFromPhone || from.isEmpty() ? phone : printable(from),
+    return QStringLiteral("%1 → %2").arg(comesFromPhone || from.isEmpty() ? fromPhone
+                                                                          : printable(from),
                                          goesToPhone || to.isEmpty() ? phone : printable(to));
 }
 
@@ -102,8 +103,7 @@ QString transferDetail(const CopyJob& job) {
     if (job.status == Status::failed && job.error)
         return errorText(*job.error).text();
     if (job.status == Status::failed)
-        return QCoreApplication::translate("tessary::TransferListModel",
-                                           "Tessary ended while this was being copied.");
+        return TransferListModel::tr("Tessary ended while this was being copied.");
     if (job.status == Status::incomplete)
         return leftOutText(job.leftOut, job.progress.completedFiles);
     if (job.status == Status::done)
@@ -112,13 +112,12 @@ QString transferDetail(const CopyJob& job) {
     if (job.status != Status::running)
         return displayName(job.status);
     if (job.isFinishing)
-        return QCoreApplication::translate("tessary::TransferListModel",
-                                           "Finishing: the phone is still storing the file");
+        return TransferListModel::tr("Finishing: the phone is still storing the file");
     QString text = job.progress.bytesDescription();
     if (job.progress.totalFiles > 1)
         text += QStringLiteral("  ·  ") +
-                QCoreApplication::translate("tessary::TransferListModel", "%1/%Ln files", nullptr,
-                                            static_cast<int>(job.progress.totalFiles))
+                TransferListModel::tr("%1/%Ln files", nullptr,
+                                      static_cast<int>(job.progress.totalFiles))
                     .arg(QLocale().toString(
                         std::min(job.progress.completedFiles, job.progress.totalFiles)));
     if (job.bytesPerSecond >= 1)
@@ -126,8 +125,7 @@ QString transferDetail(const CopyJob& job) {
             QStringLiteral("  ·  %1/s").arg(formatBytes(static_cast<qint64>(job.bytesPerSecond)));
     if (job.timeLeft)
         text += QStringLiteral("  ·  ") +
-                QCoreApplication::translate("tessary::TransferListModel", "%1 left")
-                    .arg(formatDuration(*job.timeLeft));
+                TransferListModel::tr("%1 left").arg(formatDuration(*job.timeLeft));
     return text;
 }
 
