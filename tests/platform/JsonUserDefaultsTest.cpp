@@ -135,6 +135,14 @@ TEST_F(JsonUserDefaultsTest, fileThatCannotBeReadIsLeftAlone) {
     EXPECT_TRUE(defaults.store(patience));
     EXPECT_EQ(defaults.trouble(), std::nullopt);
     EXPECT_EQ(JsonUserDefaults(file_).value(QStringLiteral("pairs")), 1);
+
+    auto next = std::make_unique<JsonUserDefaults>(file_);
+    ASSERT_EQ(chmod(qUtf8Printable(file_), 0), 0);
+    next->setValue(key, 2);
+    EXPECT_FALSE(next->store(patience));
+    ASSERT_EQ(chmod(qUtf8Printable(file_), 0600), 0);
+    next.reset();
+    EXPECT_EQ(JsonUserDefaults(file_).value(key), 2) << "tried once more at the end";
 }
 
 } // namespace

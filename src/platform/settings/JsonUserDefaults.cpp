@@ -203,6 +203,7 @@ JsonUserDefaults::JsonUserDefaults(QString file)
     : store_(std::make_shared<Store>(std::move(file))), writer_("tessary-settings") {}
 
 JsonUserDefaults::~JsonUserDefaults() {
+    writer_.post([store = store_] { store->write(); }); // what could not be written before
     (void)writer_.finish(patienceAtEnd);
 }
 

@@ -12,7 +12,7 @@ namespace tessary {
 /// a lock file. What another program changes is seen with the next change of one's own.
 ///
 /// A change holds at once and is written in the background, those that come together in one go. One
-/// that cannot be written is logged, is trouble(), and goes with the next.
+/// that cannot be written is logged, is trouble(), and goes with the next, or at the end.
 ///
 /// A file that is no JSON object is set aside before the first change as "<file>.damaged", or with
 /// a number behind when there is one from an earlier time. One that cannot be read is left alone,

@@ -25,8 +25,11 @@ GeneralNotices::GeneralNotices(TessaryApp& app, SyncViewModel& sync) : app_(app)
             &GeneralNotices::changed);
     app.defaults().whenTroubleChanges([self = QPointer(this)] {
         MainThread::post([self] {
-            if (self)
-                Q_EMIT self->changed();
+            if (!self)
+                return;
+            if (!self->app_.defaults().trouble())
+                self->closedTrouble_.reset(); // the next one is another
+            Q_EMIT self->changed();
         });
     });
 }
@@ -87,9 +90,18 @@ BannerMessage GeneralNotices::ofSettings(const SettingsTrouble& trouble) {
     } else {
         message.text = tr("Your settings could not be stored: %1").arg(printable(trouble.reason));
         message.advice = tr("They hold until Tessary ends, and are tried again with each change.");
+        message.actions.push_back({tr("Retry"), [this] { storeSettings(); }});
     }
     message.closed = closing([this, trouble] { closedTrouble_ = trouble; });
     return message;
+}
+
+/// Whether that was of use is told as any other change of the trouble.
+void GeneralNotices::storeSettings() {
+    constexpr std::chrono::seconds limit(10);
+    runInBackground(
+        this, [&defaults = app_.defaults(), limit] { (void)defaults.store(limit); },
+        [this](BackgroundResult<void>) { Q_EMIT changed(); });
 }
 
 std::optional<BannerMessage> GeneralNotices::ofSync() {

@@ -41,6 +41,7 @@ private:
     /// For a notice's end by the user: forgets what it was about, and shows what comes next.
     [[nodiscard]] std::function<void()> closing(std::function<void()> forget);
     [[nodiscard]] BannerMessage ofSettings(const SettingsTrouble& trouble);
+    void storeSettings();
     [[nodiscard]] std::optional<BannerMessage> ofSync();
     [[nodiscard]] std::optional<BannerMessage> ofCopies();
     [[nodiscard]] BannerMessage ofRemoval(const ImportRemoval& removal);
