@@ -31,6 +31,7 @@ constexpr int sideMargin = 8;
 constexpr int pathBesideField = 300;
 constexpr int pathBesideWords = 260;
 constexpr int leastPath = 150;
+constexpr int leastPathBesideField = 100;
 
 int widthWith(QToolButton& button, Qt::ToolButtonStyle style) {
     button.setToolButtonStyle(style);
@@ -179,10 +180,10 @@ void BrowserToolbar::showField(bool isForSearch) {
         isForSearch_ = isForSearch;
         showFieldTexts();
     }
-    filterButton_->hide();
     filter_->show();
     filter_->setFocus();
     filter_->selectAll();
+    fit();
 }
 
 void BrowserToolbar::showFieldTexts() {
@@ -214,7 +215,7 @@ QSize BrowserToolbar::minimumSizeHint() const {
 
 /// The path gets what the others leave: of them as many stay as leave it what it needs.
 void BrowserToolbar::fit() {
-    const bool isTyping = filter_->hasFocus() || !filter_->text().isEmpty();
+    const bool isTyping = window()->focusWidget() == filter_ || !filter_->text().isEmpty();
     const std::array worded{downloadButton_, uploadButton_};
     int words = 0;
     int room = width() - gaps();
@@ -251,7 +252,10 @@ void BrowserToolbar::fit() {
     }
     filter_->setVisible(hasField);
     filter_->setFixedWidth(std::clamp(fieldWidth + room - leastPath, leastField, fieldWidth));
-    moreButton_->setVisible(isSpared);
+    // In the narrowest row the field takes the place of what the menus have, too.
+    const bool isTight = hasField && room + fieldWidth - leastField < leastPathBesideField;
+    backButton_->setVisible(!isTight);
+    moreButton_->setVisible(isSpared && !isTight);
     layout()->activate();
 }
 

@@ -1,6 +1,7 @@
 #include "views/common/Layouts.h"
 
 #include <QVBoxLayout>
+#include <QWidget>
 
 namespace tessary {
 
@@ -9,6 +10,12 @@ QVBoxLayout* makeColumn(QWidget& widget, int spacing) {
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(spacing);
     return column;
+}
+
+void resizeWithin(QWidget& window, const QSize& wished) {
+    constexpr QSize rim(40, 60);
+    const QWidget* behind = window.parentWidget();
+    window.resize(behind != nullptr ? wished.boundedTo(behind->window()->size() - rim) : wished);
 }
 
 QFont demiBold(QFont font) {

@@ -3,6 +3,7 @@
 #include <QFont>
 
 class QVBoxLayout;
+class QSize;
 class QWidget;
 
 namespace tessary {
@@ -10,6 +11,9 @@ namespace tessary {
 /// Lays out a widget as one column up to its edges, with `spacing` pixels between what it is made
 /// of. The widget owns the layout.
 [[nodiscard]] QVBoxLayout* makeColumn(QWidget& widget, int spacing = 0);
+
+/// Gives a window the size that it wishes for, but less than the one that it stands in front of.
+void resizeWithin(QWidget& window, const QSize& wished);
 
 /// The font for what stands above other text.
 [[nodiscard]] QFont demiBold(QFont font);

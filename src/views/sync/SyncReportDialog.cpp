@@ -42,7 +42,7 @@ SyncReportDialog::SyncReportDialog(QWidget* parent)
     : QDialog(parent), runs_(new QListWidget), outcome_(new QLabel), files_(new QTreeWidget) {
     setObjectName(QStringLiteral("syncReports"));
     setWindowTitle(tr("Reports"));
-    resize(820, 480);
+    resizeWithin(*this, {820, 480});
     runs_->setAccessibleName(tr("Runs"));
     files_->setAccessibleName(tr("Files"));
     outcome_->setWordWrap(true);

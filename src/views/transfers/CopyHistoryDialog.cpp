@@ -4,6 +4,7 @@
 #include "app/texts/ErrorText.h"
 #include "base/text/Printable.h"
 #include "views/common/Icons.h"
+#include "views/common/Layouts.h"
 #include "views/common/PlainText.h"
 #include "views/transfers/TransferListModel.h"
 
@@ -60,10 +61,12 @@ CopyHistoryDialog::CopyHistoryDialog(RememberedCopies& copies, ShowInFolder show
       show_(new QPushButton(icon("document-open-folder"), QString())),
       forget_(new QPushButton) {
     setObjectName(QStringLiteral("copyHistory"));
-    resize(860, 520);
+    resizeWithin(*this, {860, 520});
     field_->setObjectName(QStringLiteral("historySearch"));
     field_->setClearButtonEnabled(true);
     list_->setObjectName(QStringLiteral("historyList"));
+    list_->setTextElideMode(Qt::ElideMiddle);
+    list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     leftOut_->setObjectName(QStringLiteral("historyLeftOut"));
     retry_->setObjectName(QStringLiteral("historyRetry"));
     outcome_->setWordWrap(true);
@@ -72,7 +75,9 @@ CopyHistoryDialog::CopyHistoryDialog(RememberedCopies& copies, ShowInFolder show
     leftOut_->setRootIsDecorated(false);
     leftOut_->setUniformRowHeights(true);
     leftOut_->setTextElideMode(Qt::ElideMiddle);
-    leftOut_->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+    leftOut_->setColumnCount(2);
+    leftOut_->header()->setStretchLastSection(false);
+    leftOut_->header()->setSectionResizeMode(QHeaderView::Stretch);
 
     auto* left = new QWidget;
     auto* leftColumn = new QVBoxLayout(left);

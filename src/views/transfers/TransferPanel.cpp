@@ -16,22 +16,37 @@
 
 namespace tessary {
 
-QString summaryText(const CopySummary& summary) {
+namespace {
+
+/// "2 of 5 · 34 MB / 120 MB · 12 MB/s · 7 s left", as much of it as fits: the speed gives way
+/// first, then the bytes.
+QString summaryText(const CopySummary& summary, const QFontMetrics& metrics, int width) {
     if (summary.isIdle())
         return TransferPanel::tr("All transfers have ended");
     const int inAll = summary.finished + summary.running + summary.queued;
-    QString text =
-        TransferPanel::tr("%1 of %2").arg(summary.finished + summary.running).arg(inAll) +
-        QStringLiteral("  ·  %1 / %2")
-            .arg(formatBytes(summary.doneBytes), formatBytes(summary.totalBytes));
-    if (summary.bytesPerSecond >= 1)
-        text += QStringLiteral("  ·  %1/s")
-                    .arg(formatBytes(static_cast<qint64>(summary.bytesPerSecond)));
-    if (summary.timeLeft)
-        text += QStringLiteral("  ·  ") +
-                TransferPanel::tr("%1 left").arg(formatDuration(*summary.timeLeft));
+    const QString count =
+        TransferPanel::tr("%1 of %2").arg(summary.finished + summary.running).arg(inAll);
+    const QString bytes = QStringLiteral("%1 / %2").arg(formatBytes(summary.doneBytes),
+                                                        formatBytes(summary.totalBytes));
+    const QString speed =
+        summary.bytesPerSecond >= 1
+            ? QStringLiteral("%1/s").arg(formatBytes(static_cast<qint64>(summary.bytesPerSecond)))
+            : QString();
+    const QString left = summary.timeLeft
+                             ? TransferPanel::tr("%1 left").arg(formatDuration(*summary.timeLeft))
+                             : QString();
+    QString text;
+    for (QStringList parts :
+         {QStringList{count, bytes, speed, left}, {count, bytes, left}, {count, left}}) {
+        parts.removeAll(QString());
+        text = parts.join(QStringLiteral("  ·  "));
+        if (metrics.horizontalAdvance(text) <= width)
+            break;
+    }
     return text;
 }
+
+} // namespace
 
 TransferPanel::TransferPanel(CopyQueue& queue, Callbacks callbacks, QWidget* parent)
     : QWidget(parent),
@@ -48,6 +63,7 @@ TransferPanel::TransferPanel(CopyQueue& queue, Callbacks callbacks, QWidget* par
     heading->setFont(demiBold(heading->font()));
     title_->setForegroundRole(QPalette::PlaceholderText);
     title_->setObjectName(QStringLiteral("transferSummary"));
+    title_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
 
     list_->setObjectName(QStringLiteral("transferList"));
     list_->setModel(&model_);
@@ -109,10 +125,20 @@ TransferPanel::TransferPanel(CopyQueue& queue, Callbacks callbacks, QWidget* par
 
 void TransferPanel::showSummary() {
     const CopySummary& summary = queue_.summary();
-    title_->setText(summaryText(summary));
     cancelAll_->setVisible(!summary.isIdle());
     clear_->setEnabled(summary.finished > 0);
     setVisible(!queue_.jobs().empty());
+    fitSummary();
+}
+
+void TransferPanel::fitSummary() {
+    layout()->activate(); // the buttons beside it may be others
+    title_->setText(summaryText(queue_.summary(), title_->fontMetrics(), title_->width()));
+}
+
+void TransferPanel::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    fitSummary();
 }
 
 /// Brings a job into view when it starts; afterwards the user may scroll where he likes.

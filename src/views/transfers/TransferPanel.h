@@ -30,8 +30,12 @@ public:
     /// `queue` must outlive the panel.
     TransferPanel(CopyQueue& queue, Callbacks callbacks, QWidget* parent = nullptr);
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
     void showSummary();
+    void fitSummary();
     void followRunningJob(const QModelIndex& changed);
     void cancelSelected();
     void move(const QModelIndex& index, int rows);
@@ -49,8 +53,5 @@ private:
     QListView* list_;
     QUuid followed_;
 };
-
-/// "2 of 5 · 34 MB / 120 MB · 12 MB/s · 7 s left".
-[[nodiscard]] QString summaryText(const CopySummary& summary);
 
 } // namespace tessary
