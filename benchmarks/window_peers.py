@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Measures the window beside those of two file managers, as their user meets them: from another process, on a
-display of its own, with the keys of the display. Each program runs three times, by turns, in an empty home and with
-a session bus of its own; medians are printed.
+display of its own, with the keys of the display. Each program starts nine times, and works three times, by turns, in an
+empty home and with a session bus of its own; medians are printed.
 
     benchmarks/window_peers.py --tessary build/release/bin/tessary
 
@@ -29,6 +29,7 @@ from Xlib.protocol import event
 
 ENTRIES = 100_000
 FILTER = "9876"  # of the names, twenty hold it
+STARTS = 9
 RUNS = 3
 IDLE = 30  # seconds
 PATIENCE = 120  # seconds, for anything
@@ -254,12 +255,18 @@ class Run:
         if self.shots:
             write_png(self.shots / f"{self.name}-{step}.png", self.screen.whole())
 
-    def measure(self):
+    def painted_window(self):
+        window = until(self.screen.window, "a window")
+        until(lambda: len(numpy.unique(self.screen.picture(window))) > 20, "something painted")
+        return window
+
+    def measure_start(self):
+        self.painted_window()
+        return {"start to painted (ms)": (time.monotonic() - self.start) * 1000}
+
+    def measure_work(self):
         screen, figures = self.screen, {}
-        window = until(screen.window, "a window")
-        painted = lambda: len(numpy.unique(screen.picture(window))) > 20  # noqa: E731
-        until(painted, "something painted")
-        figures["start to painted (ms)"] = (time.monotonic() - self.start) * 1000
+        window = self.painted_window()
         window.configure(x=0, y=0, width=SIZE[0], height=SIZE[1])
         window.set_input_focus(X.RevertToParent, X.CurrentTime)
         self.screen.display.sync()
@@ -327,6 +334,7 @@ class Run:
 def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("--tessary", type=pathlib.Path, required=True)
+    parser.add_argument("--starts", type=int, default=STARTS)
     parser.add_argument("--runs", type=int, default=RUNS)
     parser.add_argument("--shots", type=pathlib.Path, help="a folder for a picture of each step")
     arguments = parser.parse_args()
@@ -341,19 +349,20 @@ def main():
             (folders / "few" / f"one {number}.txt").touch()
         for number in range(ENTRIES):
             (folders / "many" / f"entry {number:06}.txt").touch()
-        for number in range(arguments.runs):
+        for measure in [Run.measure_start] * arguments.starts + [Run.measure_work] * arguments.runs:
             for name, *rest in programs(str(arguments.tessary.resolve())):
                 screen = Screen()
                 run = Run(screen, name, *rest, folders, arguments.shots)
                 try:
-                    for what, figure in run.measure().items():
+                    figures = measure(run)
+                    for what, figure in figures.items():
                         table.setdefault(what, {}).setdefault(name, []).append(figure)
                 finally:
                     run.end()
                     screen.close()
-                print(f"run {number + 1}: {name}", flush=True)
+                print(f"{name}: " + ", ".join(f"{what} {figure:.0f}" for what, figure in figures.items()), flush=True)
     names = [name for name, *_ in programs("")]
-    print(f"\n{'medians of ' + str(arguments.runs):36}" + "".join(f"{name:>14}" for name in names))
+    print(f"\n{'medians':36}" + "".join(f"{name:>14}" for name in names))
     for what, row in table.items():
         print(f"{what:36}" + "".join(f"{statistics.median(row[name]):14.1f}" for name in names))
 
