@@ -12,7 +12,9 @@ namespace tessary {
 
 namespace {
 
-constexpr int politeness = 10; // the window and transfers go first
+/// The window and transfers go first; a machine that is busy otherwise still lets it come to its
+/// end.
+constexpr int politeness = 5;
 
 /// Nothing is tidied up at the end: the libraries' own ends may want what is not there any more.
 [[noreturn]] void end(int status) {
