@@ -31,13 +31,16 @@
 #include <QFileInfo>
 #include <QMenuBar>
 #include <QProcess>
+#include <QTimer>
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <cstdlib>
 #include <string_view>
 
 using namespace tessary;
+using namespace std::chrono_literals;
 
 namespace {
 
@@ -192,8 +195,8 @@ int main(int argc, char** argv) {
                 services.adbWays().connect(address, stop);
             },
             [](const BackgroundResult<void>&) {});
-    if (!isDemo)
-        app.updateChecker().checkAtStart();
+    if (!isDemo) // nobody waits for it: the window comes first
+        QTimer::singleShot(5s, &app.updateChecker(), &UpdateCheckerService::checkAtStart);
     // Whoever ends the session has no time for questions.
     const std::stop_callback endOnSignal(signals.token(), [app = application.get()] {
         QMetaObject::invokeMethod(

@@ -7,6 +7,7 @@
 #include "base/text/Printable.h"
 #include "views/common/Icons.h"
 #include "views/common/Layouts.h"
+#include "views/common/PageStack.h"
 #include "views/common/PlaceholderView.h"
 #include "views/common/RowGround.h"
 
@@ -18,7 +19,6 @@
 #include <QListView>
 #include <QMenu>
 #include <QPainter>
-#include <QStackedWidget>
 #include <QStandardItemModel>
 #include <QStyledItemDelegate>
 
@@ -101,7 +101,7 @@ AppListView::AppListView(AppListViewModel& apps, Choose choose, Choose openOutsi
       openOutside_(std::move(openOutside)),
       goUp_(std::move(goUp)),
       search_(new QLineEdit),
-      stack_(new QStackedWidget),
+      stack_(new PageStack),
       list_(new QListView),
       rows_(new QStandardItemModel(this)),
       placeholder_(new PlaceholderView) {

@@ -11,6 +11,7 @@
 #include "views/browser/DropMark.h"
 #include "views/browser/FolderNotice.h"
 #include "views/common/Layouts.h"
+#include "views/common/PageStack.h"
 #include "views/common/TableColumns.h"
 #include "views/listing/FileGridView.h"
 #include "views/listing/FileTableView.h"
@@ -24,7 +25,6 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMenu>
-#include <QStackedWidget>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -62,7 +62,7 @@ BrowserView::BrowserView(FileBrowserViewModel& browser, CopyDialogs dialogs,
                        [this](const EntryMimeData& entries, const QString& folder,
                               EntryMimeData::Use use) { copies_.take(entries, folder, use); }}),
       toolbar_(new BrowserToolbar(browser, actions_)),
-      stack_(new QStackedWidget),
+      stack_(new PageStack),
       table_(new FileTableView(browser, model_)),
       grid_(new FileGridView(browser, model_)),
       notice_(new FolderNotice(

@@ -9,6 +9,7 @@
 #include "preview/PhoneThumbnail.h"
 #include "views/common/Icons.h"
 #include "views/common/Layouts.h"
+#include "views/common/PageStack.h"
 #include "views/dialogs/FactsView.h"
 #include "views/dialogs/PictureView.h"
 
@@ -17,7 +18,6 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPlainTextEdit>
-#include <QStackedWidget>
 #include <QToolButton>
 
 namespace tessary {
@@ -65,7 +65,7 @@ PreviewWindow::PreviewWindow(FileBrowserViewModel& browser, std::function<int()>
       browser_(browser),
       columns_(std::move(columns)),
       decoder_(std::move(decoder)),
-      stack_(new QStackedWidget),
+      stack_(new PageStack),
       facts_(new FactsView),
       picture_(new PictureView),
       text_(new QPlainTextEdit),

@@ -6,6 +6,7 @@
 #include "base/text/Printable.h"
 #include "views/common/Icons.h"
 #include "views/common/Layouts.h"
+#include "views/common/PageStack.h"
 #include "views/common/PlaceholderView.h"
 #include "views/common/PlainText.h"
 #include "views/import/PhotoDelegate.h"
@@ -20,7 +21,6 @@
 #include <QMessageBox>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QStackedWidget>
 #include <QStandardPaths>
 #include <QVBoxLayout>
 
@@ -71,7 +71,7 @@ ImportView::ImportView(const Setup& setup, Callbacks callbacks, QWidget* parent)
                                      PhotoDelegate::pictureSide, {.copies = &setup.copies}, this)),
       title_(new QLabel),
       all_(new QCheckBox),
-      stack_(new QStackedWidget),
+      stack_(new PageStack),
       list_(makeList()),
       placeholder_(new PlaceholderView),
       progress_(new QProgressBar),

@@ -2,6 +2,7 @@
 
 #include "app/LanguageManager.h"
 #include "views/common/Layouts.h"
+#include "views/common/PageStack.h"
 #include "views/common/PlainText.h"
 #include "views/tabs/PhoneTab.h"
 
@@ -17,7 +18,7 @@
 namespace tessary {
 
 Tabs::Tabs(Make make, QWidget* parent)
-    : QWidget(parent), make_(std::move(make)), bar_(new QTabBar), stack_(new QStackedWidget) {
+    : QWidget(parent), make_(std::move(make)), bar_(new QTabBar), stack_(new PageStack) {
     bar_->setObjectName(QStringLiteral("tabBar"));
     bar_->setAutoHide(true);
     bar_->setDocumentMode(true);

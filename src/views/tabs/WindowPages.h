@@ -1,9 +1,8 @@
 #pragma once
 
+#include "views/common/PageStack.h"
 #include "views/tabs/PhoneChoice.h"
 #include "views/tabs/WindowBanner.h"
-
-#include <QStackedWidget>
 
 #include <functional>
 
@@ -13,7 +12,7 @@ class PlaceholderView;
 
 /// The pages of a window: the welcome, the phone itself, what keeps a phone's files from being
 /// shown, its apps, the import, and the files. It shows the one that is meant.
-class WindowPages : public QStackedWidget {
+class WindowPages : public PageStack {
     Q_OBJECT
 
 public:
