@@ -96,9 +96,9 @@ void tourImport(TourStage& stage) {
     window.findChild<QAction*>(QStringLiteral("importAction"))->trigger();
     stage.waitFor("what is new", [&] { return import.state() == State::choosing; });
     import.choose({import.photos()[2].id(), import.photos()[3].id()}, false);
-    const auto& thumbnails =
-        *window.findChild<QWidget*>(QStringLiteral("importView"))->findChild<ThumbnailStore*>();
-    stage.waitFor("the paint", [&] { return !thumbnails.isIdle(); });
+    const auto& page = *window.findChild<QWidget*>(QStringLiteral("importView"));
+    page.findChild<QAbstractItemView*>()->viewport()->repaint(); // what is painted is asked for
+    const auto& thumbnails = *page.findChild<ThumbnailStore*>();
     stage.waitFor("the thumbnails", [&] { return thumbnails.isIdle(); });
     stage.shoot(QStringLiteral("import-new"));
     import.start(stage.local().filePath(QStringLiteral("Pictures")), true);

@@ -97,7 +97,7 @@ void tourProperties(TourStage& stage) {
          {QStringList{QStringLiteral("Documents")},
           QStringList{QStringLiteral("DCIM"), QStringLiteral("Music")}}) {
         stage.selectNamed(names);
-        window.browserView().actions().properties->trigger();
+        stage.press(Qt::Key_Return, Qt::AltModifier);
         auto* dialog = window.findChild<PropertiesDialog*>();
         stage.waitFor("the count", [dialog] { return dialog != nullptr && !dialog->isCounting(); });
         stage.shoot(QStringLiteral("properties"));

@@ -9,6 +9,7 @@
 #include <QClipboard>
 #include <QDropEvent>
 #include <QLineEdit>
+#include <QListView>
 #include <QMenu>
 #include <QMenuBar>
 #include <QTest>
@@ -146,6 +147,43 @@ void tourDropMenu(TourStage& stage) {
     QApplication::sendEvent(&target, &drop);
 }
 
+/// By the keys of the clipboard, and the mouse in between.
+void tourBetweenPhones(TourStage& stage) {
+    MainWindow& window = stage.window();
+    auto& devices = *window.findChild<QListView*>(QStringLiteral("deviceList"));
+    const auto clickOther = [&] {
+        const QModelIndex other = devices.model()->index(1 - devices.currentIndex().row(), 0);
+        QTest::mouseClick(devices.viewport(), Qt::LeftButton, {},
+                          devices.visualRect(other).center());
+    };
+    const auto isRead = [&] {
+        return !window.browser().isLoading() && !window.browser().items().empty();
+    };
+    stage.phones().plugInAnotherAndroid();
+    stage.waitFor("another phone", [&] { return devices.model()->rowCount() == 2; });
+    stage.open(QStringLiteral("/sdcard"));
+    stage.selectNamed({QStringLiteral("Documents")});
+    stage.press(Qt::Key_C, Qt::ControlModifier);
+    clickOther();
+    stage.waitFor("the other phone", isRead);
+    window.choice().browseFiles();
+    stage.waitFor("its files", isRead);
+    stage.phones().setSpeed(TourStage::slowSpeed);
+    stage.press(Qt::Key_V, Qt::ControlModifier);
+    stage.waitFor("the copy", [&] {
+        const auto& jobs = window.copyQueue().jobs();
+        return !jobs.empty() && jobs.back().fractionDone() > 0.25;
+    });
+    stage.shoot(QStringLiteral("paste-between-phones"));
+    stage.phones().setSpeed(0);
+    stage.waitFor("its end", [&] { return window.copyQueue().summary().isIdle(); });
+    window.copyQueue().clearFinished();
+    clickOther();
+    stage.waitFor("the first phone", isRead);
+    stage.phones().unplugAnotherAndroid();
+    stage.waitFor("one phone", [&] { return devices.model()->rowCount() == 1; });
+}
+
 } // namespace
 
 void tourHands(TourStage& stage) {
@@ -153,6 +191,7 @@ void tourHands(TourStage& stage) {
     tourUndo(stage);
     tourSelection(stage);
     tourDropMenu(stage);
+    tourBetweenPhones(stage);
     MainWindow& second = window.openWindow(window.place());
     stage.waitFor("the second window", [&] { return !second.browser().items().empty(); });
     stage.shoot(QStringLiteral("second-window"), second);

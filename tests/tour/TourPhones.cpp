@@ -40,6 +40,14 @@ void TourPhones::unplugAndroid() {
     android_->unplug();
 }
 
+void TourPhones::plugInAnotherAndroid() {
+    demo_->androids().back()->plugInto(demo_->virtualBus());
+}
+
+void TourPhones::unplugAnotherAndroid() {
+    demo_->androids().back()->unplug();
+}
+
 void TourPhones::setLocked(bool locked) {
     android_->setLocked(locked);
 }

@@ -19,6 +19,8 @@ public:
 
     void plugInAndroid();
     void unplugAndroid();
+    void plugInAnotherAndroid();
+    void unplugAnotherAndroid();
     void setLocked(bool locked);
     /// The next uploads find the storage full, or not.
     void setStorageFull(bool full);

@@ -1,12 +1,14 @@
 #include "tour/TourStage.h"
 #include "support/ShownItems.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QDialog>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QPainter>
+#include <QTest>
 #include <QTimer>
 
 #include <stdexcept>
@@ -99,6 +101,16 @@ void TourStage::shoot(const QString& name, QWidget& window) {
 void TourStage::open(const QString& path) {
     window_.browser().navigateTo(path);
     waitFor("a folder", [this] { return !window_.browser().isLoading(); });
+}
+
+void TourStage::press(Qt::Key key, Qt::KeyboardModifiers keys) {
+    waitFor("the keyboard", [this] { // there is no window manager that would give it back
+        window_.activateWindow();
+        return QApplication::activeWindow() == &window_;
+    });
+    QAbstractItemView& listing = window_.browserView().currentListing();
+    listing.setFocus();
+    QTest::keyClick(&listing, key, keys);
 }
 
 void TourStage::selectNamed(const QStringList& names) {

@@ -37,6 +37,8 @@ public:
     /// Lets the window work until `condition` holds.
     void waitFor(const char* what, const std::function<bool()>& condition);
     void open(const QString& path);
+    /// A key of the listing's.
+    void press(Qt::Key key, Qt::KeyboardModifiers keys);
     void selectNamed(const QStringList& names);
     /// Writes a numbered screenshot of the window and what is in front of it.
     void shoot(const QString& name) {
