@@ -48,6 +48,7 @@ void Round::run() {
         Program::turnFor(std::chrono::milliseconds(dice_.between(0, 250)));
     }
     settle();
+    goesOn_.reset(); // what is prepared from now on would end in the next round
     QObject::disconnect(watch);
     if (!problem_.isEmpty())
         throw Broken(problem_);

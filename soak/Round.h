@@ -76,7 +76,7 @@ private:
     QHash<QUuid, Copy> copies_;
     QHash<SoakPhone*, Tree> edits_; ///< what lay in "Edits" before
     bool hasDeleted_ = false;
-    const std::shared_ptr<const bool> goesOn_ = std::make_shared<const bool>(true);
+    std::shared_ptr<const bool> goesOn_ = std::make_shared<const bool>(true); ///< until it settled
     QString problem_; ///< that a signal brought, which must not throw
 };
 

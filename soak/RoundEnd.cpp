@@ -3,9 +3,12 @@
 #include "Round.h"
 
 #include "Story.h"
+#include "phone/PartNames.h"
 
 #include <QDir>
 #include <QElapsedTimer>
+
+#include <algorithm>
 
 namespace tessary {
 
@@ -126,8 +129,15 @@ void Round::checkJobs() {
 void Round::checkFolders() {
     QStringList parts;
     (void)Content::read(bench_.folder, &parts);
-    if (!parts.isEmpty())
-        throw Broken(parts.front() + u" was left behind"_s);
+    // A small file whose phone says that it is a large one can be gone on with, too.
+    const bool hasLiar = std::any_of(phones_.begin(), phones_.end(),
+                                     [](const SoakPhone* phone) { return phone->isDisturbed; });
+    for (const QString& part : parts) {
+        const auto name = partNameOf(QFileInfo(part).fileName(), {});
+        if (!hasLiar || !name || name->kind != PartName::Kind::resumable)
+            throw Broken(part + u" was left behind"_s);
+        QFile::remove(part);
+    }
     for (SoakPhone* phone : phones_) {
         // A copy that was cancelled does not wait for the phone to have removed its part.
         const auto leftParts = [&] {
