@@ -153,9 +153,11 @@ def until(holds, what, seconds=PATIENCE):
     return found
 
 
-def settles(screen, window, part, start):
-    """Waits until a part of the window changes no more. Seconds from `start` to its first change, and to its last."""
+def settles(screen, window, part, act):
+    """Acts, and waits until a part of the window changes no more. Seconds to its first change, and to its last."""
     before = screen.picture(window, part)
+    start = time.monotonic()
+    act()
     first = last = None
     while time.monotonic() - start < PATIENCE:
         now = screen.picture(window, part)
@@ -275,13 +277,14 @@ class Run:
         if self.lead:
             screen.keys(*self.lead)
             time.sleep(2)
-        self.go_to(self.folders / "few")
+        self.type_path(self.folders / "few")
+        screen.keys("Return")
         time.sleep(2)
         self.shoot("few")
 
         pings = Pings(screen.name, window.id)
-        start = self.go_to(self.folders / "many")
-        first, last = settles(screen, window, LISTING, start)
+        self.type_path(self.folders / "many")
+        first, last = settles(screen, window, LISTING, lambda: screen.keys("Return"))
         figures["100,000: first rows (ms)"], figures["100,000: all there (ms)"] = first * 1000, last * 1000
         self.shoot("many")
         figures["100,000: longest stall (ms)"] = pings.end()
@@ -291,9 +294,8 @@ class Run:
         screen.type(FILTER[:-1])
         time.sleep(QUIET)
         pings = Pings(screen.name, window.id)
-        start = time.monotonic()
-        screen.type(FILTER[-1])
-        figures["filter: last letter to shown (ms)"] = settles(screen, window, LISTING, start)[1] * 1000
+        shown = settles(screen, window, LISTING, lambda: screen.type(FILTER[-1]))[1]
+        figures["filter: last letter to shown (ms)"] = shown * 1000
         self.shoot("filter")
         figures["filter: longest stall (ms)"] = pings.end()
         before = seconds_of_cpu(self.mark)
@@ -301,16 +303,12 @@ class Run:
         figures["idle (% of a core)"] = (seconds_of_cpu(self.mark) - before) / IDLE * 100
         return figures
 
-    def go_to(self, folder):
-        """Types the path. The moment of Return."""
+    def type_path(self, folder):
         self.screen.keys("ctrl+l")
         time.sleep(0.3)
         self.screen.keys("ctrl+a")
         self.screen.type(str(folder))
         time.sleep(1)  # whatever completes it has done so
-        start = time.monotonic()
-        self.screen.keys("Return")
-        return start
 
     def end(self):
         for folder in processes(self.mark):
