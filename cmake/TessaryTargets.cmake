@@ -1,3 +1,9 @@
+# tessary_note_arrows(<folder> <folders>...): which folders one sees, for the test of the includes.
+function(tessary_note_arrows)
+    string(JOIN " " line ${ARGN})
+    set_property(GLOBAL APPEND PROPERTY TESSARY_ARROWS "${line}")
+endfunction()
+
 # tessary_library(<folder> [MOC] [DEPENDS <folders>...] [PUBLIC <libs>...] [PRIVATE <libs>...])
 #
 # One static library a folder of src/, or a room of one, named tessary_<folder>_<room>; the same for
@@ -5,6 +11,7 @@
 # for folders with QObjects of their own.
 function(tessary_library folder)
     cmake_parse_arguments(arg "MOC" "" "DEPENDS;PUBLIC;PRIVATE" ${ARGN})
+    tessary_note_arrows(${folder} ${arg_DEPENDS})
     string(REPLACE "/" "_" target tessary_${folder})
     set(place ${PROJECT_SOURCE_DIR}/src/${folder})
     if(folder MATCHES "^simulator/")
@@ -22,6 +29,7 @@ endfunction()
 
 # tessary_rooms(<folder> <rooms>...): tessary_<folder> is all rooms of a folder.
 function(tessary_rooms folder)
+    tessary_note_arrows(${folder} ${ARGN})
     add_library(tessary_${folder} INTERFACE)
     foreach(room ${ARGN})
         string(REPLACE "/" "_" target tessary_${room})

@@ -1,8 +1,8 @@
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <map>
 #include <regex>
 #include <set>
@@ -15,112 +15,30 @@ namespace {
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-/// What each folder may include besides itself and what those may include in turn. A folder with
-/// rooms stands with each of them; "simulator" lies beside src/.
-const std::map<std::string, std::vector<std::string>> arrows = {
-    {"base/values", {}},
-    {"base/text", {}},
-    {"base/log", {"base/text"}},
-    {"base/threads", {}},
-    {"base/hash", {"base/values"}},
-    {"base/local", {"base/log", "base/values"}},
-    {"platform/net", {"base/local", "base/threads"}},
-    {"platform/process", {"base/local"}},
-    {"platform/sandbox", {"base/local", "base/values"}},
-    {"platform/settings", {"base/local", "base/log", "base/threads"}},
-    {"platform/keys", {"base/log"}},
-    {"platform/dnssd", {"base/local", "base/log", "base/threads"}},
-    {"platform/http", {"base/threads", "base/values"}},
-    {"platform/mount", {"base/local", "base/log", "base/threads"}},
-    {"platform/desktop", {"base/local", "base/log", "platform/net"}},
-    {"platform/usb", {"base/local", "platform/process"}},
-    {"phone/records", {"base/text", "base/values"}},
-    {"phone", {"base/local", "base/text", "base/threads", "phone/records"}},
-    {"mtp/protocol", {"platform/usb"}},
-    {"mtp/client", {"base/threads", "mtp/protocol"}},
-    {"mtp/objects", {"mtp/client", "phone"}},
-    {"mtp/files", {"base/log", "mtp/objects"}},
-    {"adb/protocol", {"platform/desktop", "platform/dnssd", "platform/keys"}},
-    {"adb/services", {"adb/protocol", "base/threads", "platform/net"}},
-    {"adb/server", {"adb/services"}},
-    {"adb/direct", {"adb/services", "platform/usb"}},
-    {"adb/tool", {"adb/protocol", "platform/process"}},
-    {"adb/ways", {"adb/direct", "adb/server", "adb/tool", "phone/records"}},
-    {"adb/files", {"adb/services", "base/log", "phone"}},
-    {"ios", {"base/log", "phone"}},
-    {"ios/helper", {"ios", "platform/process"}},
-    {"ios/helper/server", {"ios/helper", "platform/sandbox"}},
-    {"ios/files", {"ios/helper"}},
-    {"transfer/copy", {"base/hash", "base/log", "phone"}},
-    {"transfer/import", {"transfer/copy", "transfer/local"}},
-    {"transfer/local", {"base/hash", "phone"}},
-    {"transfer/mount", {"base/log", "phone", "platform/mount"}},
-    {"transfer/queue", {"transfer/copy"}},
-    {"transfer/staging", {"transfer/copy", "transfer/local"}},
-    {"devices/files", {"adb/files", "adb/ways", "ios/files", "mtp/files"}},
-    {"devices/list", {"devices/files", "platform/settings"}},
-    {"sync/pair", {"base/text"}},
-    {"sync/plan", {"phone", "sync/pair"}},
-    {"sync/run", {"base/log", "sync/plan", "transfer/copy", "transfer/local"}},
-    {"sync/manager", {"devices/list", "platform/desktop", "platform/settings", "sync/run"}},
-    {"browser/listing", {"phone"}},
-    {"browser/selection", {"browser/listing"}},
-    {"browser/model",
-     {"adb/protocol", "browser/listing", "devices/files", "transfer/import", "transfer/staging",
-      "transfer/mount", "transfer/queue", "browser/actions", "browser/selection"}},
-    {"browser/storage", {"phone"}},
-    {"preview", {"base/log", "phone", "platform/process", "platform/sandbox"}},
-    {"preview/decoding", {"preview"}},
-    {"preview/film", {"preview"}},
-    {"app/copies", {"devices/list", "transfer/local", "transfer/queue"}},
-    {"app/favorites", {"platform/settings"}},
-    {"app/mounts", {"app/texts", "devices/list", "transfer/mount"}},
-    {"app/texts",
-     {"browser/model", "platform/http", "sync/manager", "transfer/copy", "browser/actions"}},
-    {"app/updates", {"platform/http", "platform/settings"}},
-    {"app",
-     {"app/copies", "app/favorites", "app/mounts", "app/texts", "app/updates", "platform/dnssd",
-      "transfer/staging", "transfer/mount"}},
-    {"views/common", {"app", "browser/model"}},
-    {"views/dialogs", {"preview", "views/common"}},
-    {"views/listing", {"views/dialogs"}},
-    {"views/browser", {"views/listing"}},
-    {"views/import", {"views/listing"}},
-    {"views/sync", {"views/common"}},
-    {"views/settings", {"views/sync"}},
-    {"views/sidebar", {"views/common"}},
-    {"views/transfers", {"views/common"}},
-    {"views/phone", {"browser/storage", "views/sidebar", "views/sync"}},
-    {"views/tabs", {"views/browser", "views/import", "views/phone", "views/settings"}},
-    {"views/window", {"views/tabs", "views/transfers"}},
-    {"cli/terminal",
-     {"app/texts", "devices/list", "phone", "sync/plan", "transfer/copy", "transfer/queue"}},
-    {"cli/devices", {"cli/terminal"}},
-    {"cli/commands",
-     {"cli/devices", "sync/manager", "transfer/import", "transfer/local", "transfer/mount"}},
-    {"simulator/wire", {"base/local"}},
-    {"simulator/usb", {"base/threads", "platform/usb", "simulator/wire"}},
-    {"simulator/gadget", {"base/local", "platform/usb"}},
-    {"simulator/storage", {"base/local", "mtp/protocol"}},
-    {"simulator/mtp", {"mtp/protocol", "simulator/storage", "simulator/usb"}},
-    {"simulator/adbd",
-     {"adb/protocol", "base/hash", "platform/process", "simulator/usb", "simulator/wire"}},
-    {"simulator/iphone", {"base/threads", "simulator/wire"}},
-    {"simulator/content", {}},
-    {"simulator/demo",
-     {"simulator/adbd", "simulator/content", "simulator/iphone", "simulator/mtp"}},
-    {"simulator/faults", {"simulator/adbd", "simulator/iphone", "simulator/mtp"}},
-    // A main file puts its program together: it may also start the virtual phones.
-    {"programs",
-     {"views/window", "cli/commands", "ios/helper/server", "preview/decoding", "preview/film",
-      "simulator/demo"}},
-    {"browser/actions", {"transfer/mount", "transfer/staging", "browser/listing"}},
-};
+using Arrows = std::map<std::string, std::vector<std::string>>;
+
+/// What each folder may include besides itself and what those may include in turn, as the build
+/// has it.
+const Arrows& arrows() {
+    static const Arrows all = [] {
+        Arrows read;
+        std::ifstream lines(TESSARY_ARROWS);
+        for (std::string line; std::getline(lines, line);) {
+            std::istringstream words(line);
+            std::string folder;
+            words >> folder;
+            auto& nexts = read[folder];
+            nexts.insert(nexts.end(), std::istream_iterator<std::string>(words), {});
+        }
+        return read;
+    }();
+    return all;
+}
 
 void addReachable(const std::string& folder, std::set<std::string>& reached) {
     if (!reached.insert(folder).second)
         return;
-    for (const std::string& next : arrows.at(folder))
+    for (const std::string& next : arrows().at(folder))
         addReachable(next, reached);
 }
 
@@ -130,7 +48,7 @@ std::string folderOf(const std::string& path) {
     const std::string folder = slash == std::string::npos ? "" : path.substr(0, slash);
     if (folder.starts_with("programs/"))
         return "programs";
-    return arrows.contains(folder) ? folder : "";
+    return arrows().contains(folder) ? folder : "";
 }
 
 std::set<std::string> allowed(const std::string& file) {
@@ -196,7 +114,7 @@ TEST(FolderArrows, sourcesIncludeOnlyWhatTheyMay) {
 
 TEST(FolderArrows, foldersPointOneWayOnly) {
     std::vector<std::string> cycles;
-    for (const auto& [folder, nexts] : arrows)
+    for (const auto& [folder, nexts] : arrows())
         for (const std::string& next : nexts) {
             std::set<std::string> reached;
             addReachable(next, reached);
