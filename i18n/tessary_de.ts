@@ -317,6 +317,10 @@
         <source>A copy is still under way: what it has not read yet will be missing there.</source>
         <translation>Eine Kopie läuft noch: Was sie noch nicht gelesen hat, wird dort fehlen.</translation>
     </message>
+    <message>
+        <source>The copy to “%1” is taken back.</source>
+        <translation>Das Kopieren nach „%1“ wird rückgängig gemacht.</translation>
+    </message>
 </context>
 <context>
     <name>DisplayNames</name>
@@ -1159,6 +1163,18 @@
     <message>
         <source>the copy was not equal to its original</source>
         <translation>die Kopie glich ihrem Original nicht</translation>
+    </message>
+    <message>
+        <source>“%1” has changed since it was copied. It was left as it is.</source>
+        <translation>„%1“ hat sich seit dem Kopieren geändert. Es wurde so gelassen, wie es ist.</translation>
+    </message>
+    <message>
+        <source>it has changed since it was copied</source>
+        <translation>es hat sich seit dem Kopieren geändert</translation>
+    </message>
+    <message>
+        <source>Delete it yourself if you do not need it.</source>
+        <translation>Löschen Sie es selbst, wenn Sie es nicht brauchen.</translation>
     </message>
 </context>
 <context>

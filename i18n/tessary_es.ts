@@ -317,6 +317,10 @@
         <source>A copy is still under way: what it has not read yet will be missing there.</source>
         <translation>Aún hay una copia en curso: lo que todavía no ha leído faltará en ella.</translation>
     </message>
+    <message>
+        <source>The copy to “%1” is taken back.</source>
+        <translation>Se deshace la copia en «%1».</translation>
+    </message>
 </context>
 <context>
     <name>DisplayNames</name>
@@ -1159,6 +1163,18 @@
     <message>
         <source>the copy was not equal to its original</source>
         <translation>la copia no era igual a su original</translation>
+    </message>
+    <message>
+        <source>“%1” has changed since it was copied. It was left as it is.</source>
+        <translation>«%1» ha cambiado desde que se copió. Se ha dejado como está.</translation>
+    </message>
+    <message>
+        <source>it has changed since it was copied</source>
+        <translation>ha cambiado desde que se copió</translation>
+    </message>
+    <message>
+        <source>Delete it yourself if you do not need it.</source>
+        <translation>Elimínalo tú mismo si no lo necesitas.</translation>
     </message>
 </context>
 <context>

@@ -317,6 +317,10 @@
         <source>A copy is still under way: what it has not read yet will be missing there.</source>
         <translation>Une copie est encore en cours&#xa0;: ce qu’elle n’a pas encore lu y manquera.</translation>
     </message>
+    <message>
+        <source>The copy to “%1” is taken back.</source>
+        <translation>La copie vers «&#xa0;%1&#xa0;» est annulée.</translation>
+    </message>
 </context>
 <context>
     <name>DisplayNames</name>
@@ -1159,6 +1163,18 @@
     <message>
         <source>the copy was not equal to its original</source>
         <translation>la copie n’était pas identique à son original</translation>
+    </message>
+    <message>
+        <source>“%1” has changed since it was copied. It was left as it is.</source>
+        <translation>«&#xa0;%1&#xa0;» a changé depuis la copie. Il a été laissé tel quel.</translation>
+    </message>
+    <message>
+        <source>it has changed since it was copied</source>
+        <translation>il a changé depuis la copie</translation>
+    </message>
+    <message>
+        <source>Delete it yourself if you do not need it.</source>
+        <translation>Supprimez-le vous-même si vous n’en avez pas besoin.</translation>
     </message>
 </context>
 <context>

@@ -317,6 +317,10 @@
         <source>A copy is still under way: what it has not read yet will be missing there.</source>
         <translation>Una copia è ancora in corso: ciò che non ha ancora letto vi mancherà.</translation>
     </message>
+    <message>
+        <source>The copy to “%1” is taken back.</source>
+        <translation>La copia in «%1» viene annullata.</translation>
+    </message>
 </context>
 <context>
     <name>DisplayNames</name>
@@ -1159,6 +1163,18 @@
     <message>
         <source>the copy was not equal to its original</source>
         <translation>la copia non era uguale all’originale</translation>
+    </message>
+    <message>
+        <source>“%1” has changed since it was copied. It was left as it is.</source>
+        <translation>«%1» è cambiato dopo la copia. È stato lasciato com’è.</translation>
+    </message>
+    <message>
+        <source>it has changed since it was copied</source>
+        <translation>è cambiato dopo la copia</translation>
+    </message>
+    <message>
+        <source>Delete it yourself if you do not need it.</source>
+        <translation>Eliminalo tu se non ti serve.</translation>
     </message>
 </context>
 <context>

@@ -310,6 +310,10 @@
         <source>A copy is still under way: what it has not read yet will be missing there.</source>
         <translation>まだコピー中です。まだ読み取られていないものは、コピー先に残りません。</translation>
     </message>
+    <message>
+        <source>The copy to “%1” is taken back.</source>
+        <translation>「%1」へのコピーを元に戻します。</translation>
+    </message>
 </context>
 <context>
     <name>DisplayNames</name>
@@ -1152,6 +1156,18 @@
     <message>
         <source>the copy was not equal to its original</source>
         <translation>コピーが元のファイルと一致しませんでした</translation>
+    </message>
+    <message>
+        <source>“%1” has changed since it was copied. It was left as it is.</source>
+        <translation>「%1」はコピー後に変更されました。そのまま残しました。</translation>
+    </message>
+    <message>
+        <source>it has changed since it was copied</source>
+        <translation>コピー後に変更されました</translation>
+    </message>
+    <message>
+        <source>Delete it yourself if you do not need it.</source>
+        <translation>不要な場合は、ご自分で削除してください。</translation>
     </message>
 </context>
 <context>

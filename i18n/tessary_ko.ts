@@ -310,6 +310,10 @@
         <source>A copy is still under way: what it has not read yet will be missing there.</source>
         <translation>아직 복사 중입니다. 아직 읽지 않은 항목은 복사본에 남지 않습니다.</translation>
     </message>
+    <message>
+        <source>The copy to “%1” is taken back.</source>
+        <translation>“%1”(으)로 복사한 작업을 취소합니다.</translation>
+    </message>
 </context>
 <context>
     <name>DisplayNames</name>
@@ -1152,6 +1156,18 @@
     <message>
         <source>the copy was not equal to its original</source>
         <translation>복사본이 원본과 같지 않습니다</translation>
+    </message>
+    <message>
+        <source>“%1” has changed since it was copied. It was left as it is.</source>
+        <translation>“%1”이(가) 복사된 후 변경되었습니다. 그대로 두었습니다.</translation>
+    </message>
+    <message>
+        <source>it has changed since it was copied</source>
+        <translation>복사된 후 변경되었습니다</translation>
+    </message>
+    <message>
+        <source>Delete it yourself if you do not need it.</source>
+        <translation>필요하지 않으면 직접 삭제하세요.</translation>
     </message>
 </context>
 <context>

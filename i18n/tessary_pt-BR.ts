@@ -317,6 +317,10 @@
         <source>A copy is still under way: what it has not read yet will be missing there.</source>
         <translation>Uma cópia ainda está em andamento: o que ela ainda não leu vai faltar nela.</translation>
     </message>
+    <message>
+        <source>The copy to “%1” is taken back.</source>
+        <translation>A cópia para “%1” é desfeita.</translation>
+    </message>
 </context>
 <context>
     <name>DisplayNames</name>
@@ -1159,6 +1163,18 @@
     <message>
         <source>the copy was not equal to its original</source>
         <translation>a cópia não era igual ao original</translation>
+    </message>
+    <message>
+        <source>“%1” has changed since it was copied. It was left as it is.</source>
+        <translation>“%1” mudou desde que foi copiado. Foi deixado como está.</translation>
+    </message>
+    <message>
+        <source>it has changed since it was copied</source>
+        <translation>mudou desde que foi copiado</translation>
+    </message>
+    <message>
+        <source>Delete it yourself if you do not need it.</source>
+        <translation>Apague-o você mesmo se não precisar dele.</translation>
     </message>
 </context>
 <context>

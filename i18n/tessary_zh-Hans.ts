@@ -310,6 +310,10 @@
         <source>A copy is still under way: what it has not read yet will be missing there.</source>
         <translation>仍有复制正在进行：尚未读取的内容将不会出现在副本中。</translation>
     </message>
+    <message>
+        <source>The copy to “%1” is taken back.</source>
+        <translation>将撤销复制到“%1”的操作。</translation>
+    </message>
 </context>
 <context>
     <name>DisplayNames</name>
@@ -1152,6 +1156,18 @@
     <message>
         <source>the copy was not equal to its original</source>
         <translation>副本与原件不一致</translation>
+    </message>
+    <message>
+        <source>“%1” has changed since it was copied. It was left as it is.</source>
+        <translation>“%1”在复制之后已更改，已保持原样。</translation>
+    </message>
+    <message>
+        <source>it has changed since it was copied</source>
+        <translation>在复制之后已更改</translation>
+    </message>
+    <message>
+        <source>Delete it yourself if you do not need it.</source>
+        <translation>如果不需要，请自行删除。</translation>
     </message>
 </context>
 <context>

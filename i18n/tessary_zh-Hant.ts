@@ -310,6 +310,10 @@
         <source>A copy is still under way: what it has not read yet will be missing there.</source>
         <translation>仍有複製正在進行：尚未讀取的內容將不會出現在副本中。</translation>
     </message>
+    <message>
+        <source>The copy to “%1” is taken back.</source>
+        <translation>將復原複製到「%1」的動作。</translation>
+    </message>
 </context>
 <context>
     <name>DisplayNames</name>
@@ -1152,6 +1156,18 @@
     <message>
         <source>the copy was not equal to its original</source>
         <translation>副本與原件不一致</translation>
+    </message>
+    <message>
+        <source>“%1” has changed since it was copied. It was left as it is.</source>
+        <translation>「%1」在複製之後已變更，已保持原樣。</translation>
+    </message>
+    <message>
+        <source>it has changed since it was copied</source>
+        <translation>在複製之後已變更</translation>
+    </message>
+    <message>
+        <source>Delete it yourself if you do not need it.</source>
+        <translation>如果不需要，請自行刪除。</translation>
     </message>
 </context>
 <context>

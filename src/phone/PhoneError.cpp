@@ -14,7 +14,7 @@ constexpr std::array names{
     "nameNotAllowed", "accessDenied",  "writeProtected", "tooLarge",     "changed",
     "unreadable",     "listingBroken", "wrongSize",      "insideItself", "wholeStorage",
     "otherStorage",   "notSupported",  "refused",        "notDone",      "differs",
-    "full",
+    "notAsCopied",    "full",
 };
 static_assert(names.size() == static_cast<std::size_t>(PhoneError::full) + 1);
 

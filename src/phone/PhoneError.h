@@ -46,6 +46,7 @@ enum class PhoneError {
     refused,        ///< path: for a reason of the phone's own, which is the cause
     notDone,        ///< path: the phone said yes and did nothing
     differs,        ///< path: a copy that was compared, and is not equal to its original
+    notAsCopied,    ///< path: it, or something in it, is not what a copy had put there any more
     // --- the storage is full: no further file goes there ---
     full, ///< path
 };

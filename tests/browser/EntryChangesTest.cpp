@@ -20,6 +20,12 @@ protected:
         browser_.changes().undo();
         settle();
     }
+    /// Within the phone, into the folder shown when there is none.
+    void copy(const QStringList& paths, const QString& folder) {
+        browser_.copies().prepareTransfer(
+            files_, browser_.itemsWithIds(paths), folder,
+            [this](const PreparedCopy& prepared) { browser_.copies().start(prepared, {}); });
+    }
     /// What a copy did is there.
     void settleCopies() {
         ASSERT_TRUE(eventually([this] {
@@ -103,10 +109,9 @@ TEST_F(EntryChangesTest, ofACopyThatGoesAgainWhichIsThereAnew) {
     browser_.renameItem(u"/root/b.txt"_s, u"x"_s);
     settle();
     const QStringList before = files_->tree();
-    const auto start = [this](const PreparedCopy& copy) { browser_.copies().start(copy, {}); };
     Gate gate;
     holdAt(gate, Operation::write, "");
-    browser_.copies().prepareTransfer(files_, {*browser_.itemWithId(u"/root/c.txt"_s)}, {}, start);
+    copy(ids({"/root/c.txt"}), {});
     EXPECT_TRUE(browser_.copies().isPreparing());
     ASSERT_TRUE(eventually([&] { return gate.waiting() == 1; }));
     EXPECT_EQ(undoable(), UndoStep::Kind::copy);
@@ -124,6 +129,51 @@ TEST_F(EntryChangesTest, ofACopyThatGoesAgainWhichIsThereAnew) {
     ASSERT_TRUE(eventually([this] { return queue_.jobs().size() == 2; }));
     settleCopies();
     EXPECT_EQ(undoable(), std::nullopt) << "what was replaced is not there any more";
+}
+
+TEST_F(EntryChangesTest, ofACopyWhatHasChangedSinceStaysAndIsNamed) {
+    qputenv("XDG_DATA_HOME", QFile::encodeName(local_.makeFolder(u"data"_s)));
+    files_->addFile(u"/root/a/deep/inner.txt"_s, "inner");
+    files_->addFolder(u"/to"_s);
+    local_.makeFolder(u"to"_s);
+    browser_.createFolder(u"new"_s);
+    settle();
+    const QStringList copied = ids({"/root/a", "/root/b.txt", "/root/c.txt"});
+    const struct {
+        const char* name;
+        std::function<void()> copy;
+        std::function<void(const QString&)> change;
+        std::function<bool(const QString&)> has;
+    } rows[] = {
+        {"on the phone", [&] { copy(copied, u"/to"_s); },
+         [this](const QString& path) { files_->addFile(u'/' + path, "else"); },
+         [this](const QString& path) { return files_->has(u'/' + path); }},
+        {"to this computer", [&] { downloadNow(browser_, copied, local_.path(u"to"_s)); },
+         [this](const QString& path) { local_.write(path, "else"); },
+         [this](const QString& path) { return local_.has(path); }},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        row.copy();
+        ASSERT_TRUE(eventually([this] {
+            const auto step = browser_.changes().undoable();
+            return step && step->kind == UndoStep::Kind::copy && !step->changes.empty();
+        }));
+        row.change(u"to/a/deep/new.txt"_s);
+        row.change(u"to/b.txt"_s);
+        undo();
+        for (const QString& stays :
+             {u"to/a/deep/inner.txt"_s, u"to/a/deep/new.txt"_s, u"to/b.txt"_s})
+            EXPECT_TRUE(row.has(stays)) << stays.toStdString();
+        EXPECT_FALSE(row.has(u"to/c.txt"_s));
+        ASSERT_TRUE(browser_.problem());
+        EXPECT_EQ(browser_.problem()->failed, 2);
+        EXPECT_TRUE(browser_.problem()->failures.front().error.is(PhoneError::notAsCopied));
+        EXPECT_EQ(undoable(), UndoStep::Kind::create) << "it is not tried again";
+    }
+    EXPECT_TRUE(local_.has(u"data/Trash/files/c.txt"_s));
+    EXPECT_TRUE(files_->has(u"/root/c.txt"_s));
+    qunsetenv("XDG_DATA_HOME");
 }
 
 /// As between a phone's own storage and its card.

@@ -31,6 +31,15 @@ inline std::unique_ptr<CopyEnd> aDisk() {
     return std::make_unique<DiskSide>();
 }
 
+/// How many entries below a folder a copy knows for its own.
+inline qint64 madeBelow(PhoneFileSystem& files, const QString& folder, const EntryMarks& made) {
+    qint64 count = 0;
+    for (const FileItem& item : listAll(files, folder, {}).items)
+        count += (made.contains(item) ? 1 : 0) +
+                 (item.isDirectory ? madeBelow(files, item.path, made) : 0);
+    return count;
+}
+
 struct Row {
     const char* name;
     Contents source;
@@ -172,6 +181,8 @@ TEST_P(TreeCopyOverWays, rows) {
             << target->contents().keys().join(u' ').toStdString();
         EXPECT_EQ(source->contents(), row.source);
         EXPECT_EQ(outcome.files, row.copied);
+        EXPECT_EQ(madeBelow(*target->files(), target->root(), outcome.entries),
+                  outcome.files + outcome.folders);
         EXPECT_EQ(outcome.alreadyThere, row.stayed);
         EXPECT_EQ(namesLeftOut(outcome), row.leftOut);
         EXPECT_EQ(outcome.end() == CopyOutcome::End::done, row.leftOut.isEmpty());

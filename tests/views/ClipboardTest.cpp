@@ -78,6 +78,49 @@ TEST_F(ClipboardTest, cutMovesAndCopyCopiesWithinThePhone) {
         << "as often as the user likes";
 }
 
+/// A download as well, rather than what was done on the phone before it.
+TEST_F(ClipboardTest, aCopyIsTakenBackWhileItRunsAndOnceItIsThere) {
+    qputenv("XDG_DATA_HOME", QFile::encodeName(local_.makeFolder(u"data"_s)));
+    openFolder();
+    phone_.fault([](VirtualFaults& faults) { faults.megabytesPerSecond = 0.1; });
+    QGuiApplication::clipboard()->setMimeData(
+        urls({local_.write(u"film"_s, QByteArray(3'000'000, 'f'))}));
+    paste();
+    const auto isAll = [this](CopyJob::Status status) {
+        const auto& jobs = window_->copyQueue().jobs();
+        return !jobs.empty() && jobs.back().status == status && jobs.back().progress.totalFiles > 0;
+    };
+    ASSERT_TRUE(wait([&] { return isAll(CopyJob::Status::running); }));
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_TRUE(wait([&] { return isAll(CopyJob::Status::cancelled); }));
+    phone_.fault([](VirtualFaults& faults) { faults.megabytesPerSecond = 0; });
+
+    click(u"Trip"_s);
+    press(Qt::Key_C, Qt::ControlModifier);
+    go(u"/sdcard"_s, u"readme.md"_s);
+    paste();
+    ASSERT_TRUE(wait([this] { return isShown(u"Trip"_s); }));
+    go(u"/sdcard/DCIM"_s, u"beta.txt"_s);
+    click(u"beta.txt"_s);
+    press(Qt::Key_D, Qt::ControlModifier);
+    ASSERT_TRUE(wait([&] { return local_.has(u"beta.txt"_s) && isAll(CopyJob::Status::done); }));
+    QString said;
+    whileAsked(u"Delete"_s, [&] { said = question()->informativeText(); });
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_TRUE(wait([this] { return local_.has(u"data/Trash/files/beta.txt"_s); }));
+    EXPECT_TRUE(said.contains(local_.path())) << said.toStdString();
+
+    ASSERT_TRUE(wait([this] { return !window_->browser().isEditing(); }));
+    activate();
+    whileAsked(u"Delete"_s, [&] {
+        EXPECT_TRUE(wait([] { return question()->text().contains(u"“Trip” and the item in it"); }));
+    });
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_TRUE(wait([this] { return !phone_.names().contains(u"Trip"_s); }));
+    EXPECT_EQ(phone_.names(u"DCIM"_s), (QStringList{u"Trip"_s, u"alpha.txt"_s, u"beta.txt"_s}));
+    qunsetenv("XDG_DATA_HOME");
+}
+
 TEST_F(ClipboardTest, entriesGoFromPhoneToPhone) {
     openFolder();
     click(u"alpha.txt"_s);

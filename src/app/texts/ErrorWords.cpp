@@ -145,6 +145,11 @@ constexpr std::array phoneWords{
                                               "was removed again."),
                QT_TRANSLATE_NOOP("ErrorText", "the copy was not equal to its original"),
                QT_TRANSLATE_NOOP("ErrorText", "Copy it again.")},
+    // notAsCopied
+    ErrorWords{QT_TRANSLATE_NOOP("ErrorText", "“%1” has changed since it was copied. It was left "
+                                              "as it is."),
+               QT_TRANSLATE_NOOP("ErrorText", "it has changed since it was copied"),
+               QT_TRANSLATE_NOOP("ErrorText", "Delete it yourself if you do not need it.")},
     // full
     ErrorWords{QT_TRANSLATE_NOOP("ErrorText", "The storage of the phone is full."),
                QT_TRANSLATE_NOOP("ErrorText", "the storage of the phone is full"),

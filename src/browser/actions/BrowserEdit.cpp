@@ -31,7 +31,7 @@ BrowserEditReport editEach(PhoneFileSystem& files, const std::vector<FileItem>& 
             break;
         } catch (const Error& error) {
             ++problem.failed;
-            if (error.is(PhoneError::notFound))
+            if (error.is(PhoneError::notFound) || error.is(PhoneError::notAsCopied))
                 report.gonePaths << items[i].path;
             if (problem.failures.size() < namedFailures)
                 problem.failures.push_back({items[i].name, error});

@@ -16,7 +16,7 @@ namespace tessary {
 /// What changing entries of a folder came to.
 struct BrowserEditReport {
     QStringList donePaths;
-    QStringList gonePaths;  ///< what was not there any more
+    QStringList gonePaths;  ///< what was not there any more, nor what a copy had put there
     bool isStopped = false; ///< before the end, or right at it
     /// One report for everything that failed. A cancellation is no failure.
     std::optional<BrowserProblem> problem;

@@ -13,14 +13,15 @@ void UndoHistory::record(UndoStep step) {
     steps_.push_back(std::move(step));
 }
 
-void UndoHistory::endCopy(const QUuid& copy, const QStringList& made) {
-    const auto step = std::ranges::find(steps_, copy, &UndoStep::copy);
+void UndoHistory::endCopy(const CopyJob& job) {
+    const auto step = std::ranges::find(steps_, job.id, &UndoStep::copy);
     if (step == steps_.end())
         return;
     step->changes.clear();
-    for (const QString& path : made)
+    for (const QString& path : job.made)
         step->changes.push_back({{}, path});
-    if (made.isEmpty())
+    step->made = job.entries;
+    if (job.made.isEmpty())
         steps_.erase(step);
 }
 

@@ -1,21 +1,21 @@
 #pragma once
 
-#include <QString>
-#include <QStringList>
-#include <QUuid>
+#include "phone/PhoneFileSystem.h"
+#include "transfer/queue/CopyJob.h"
 
+#include <memory>
 #include <optional>
 #include <vector>
 
 namespace tessary {
 
-/// A change to a phone's files that can be taken back.
+/// A change to a phone's files, or a copy of them to this computer, that can be taken back.
 struct UndoStep {
     enum class Kind {
         rename,
         move,
         create, ///< of a folder, which goes again as long as it is empty
-        copy,   ///< to the phone; what came is deleted, which is to be asked about
+        copy,   ///< what came is deleted, which is to be asked about
     };
     /// One entry.
     struct Change {
@@ -29,6 +29,9 @@ struct UndoStep {
     QString identity;            ///< PhoneFileSystem::identity()
     std::vector<Change> changes; ///< none while a copy has not ended
     QUuid copy{};                ///< CopyJob::id
+    EntryMarks made{};           ///< by the copy: only this is deleted
+    /// Where a copy to this computer went; null for all else.
+    std::shared_ptr<PhoneFileSystem> computer{};
 
     bool operator==(const UndoStep&) const = default;
 };
@@ -41,8 +44,8 @@ public:
 
     /// One without changes is left out, unless it is a copy.
     void record(UndoStep step);
-    /// What a copy has made by its end. No effect once its step is gone.
-    void endCopy(const QUuid& copy, const QStringList& made);
+    /// Notes what a copy has made by its end. No effect once its step is gone.
+    void endCopy(const CopyJob& job);
     /// Something was done on a connection that cannot be taken back: nor can what was before it.
     void forget(const QString& identity);
     /// The newest step of a connection; no value when there is none.

@@ -200,9 +200,10 @@ void BrowserCopies::noteForUndo(const QUuid& id, const PreparedCopy::Part& part,
         const ClashAnswer answer = answers.value(item.item.item.id(), ClashAnswer::keepBoth);
         return !item.existing || answer == ClashAnswer::keepBoth || answer == ClashAnswer::skip;
     };
-    const QString identity = part.request.to->identity();
+    const bool isToComputer = part.request.to != browser_.files();
+    const QString identity = browser_.files()->identity();
     if (makesAll && std::ranges::all_of(part.check.items, staysAlone))
-        browser_.changes().noteCopy(id, identity);
+        browser_.changes().noteCopy(id, identity, isToComputer ? part.request.to : nullptr);
     else
         browser_.changes().noteLastingChange(identity);
 }
@@ -254,7 +255,7 @@ void BrowserCopies::start(const PreparedCopy& copy, const CopyAnswers& given, bo
         request.verifies = compares_ && compares_();
         const bool makesAll = !onlyNew && !request.removesSource;
         const QUuid id = queue_.enqueue(std::move(request));
-        if (part.request.to == browser_.files())
+        if (part.request.to == browser_.files() || part.request.from == browser_.files())
             noteForUndo(id, part, answers, makesAll);
     }
 }

@@ -3,11 +3,13 @@
 #include "base/local/LocalError.h"
 #include "base/text/PathNames.h"
 #include "browser/model/FileBrowserViewModel.h"
+#include "phone/TreeLimits.h"
 #include "transfer/local/LocalFileSystem.h"
 
 #include <QFile>
 
 #include <algorithm>
+#include <iterator>
 #include <mutex>
 #include <utility>
 
@@ -49,10 +51,29 @@ void removeWhole(PhoneFileSystem& files, const FileItem& item, const std::stop_t
         throw Error(LocalError::cannotWrite, {item.path, QString()});
 }
 
-void takeBack(PhoneFileSystem& files, UndoStep::Kind kind, const UndoStep::Change& change,
+/// PhoneError::notAsCopied unless all that is there now was made by the copy.
+void requireAsCopied(PhoneFileSystem& files, const FileItem& top, const EntryMarks& made,
+                     const std::stop_token& stop) {
+    qint64 left = mostWalkedEntries;
+    std::vector<FileItem> waiting{top};
+    while (!waiting.empty()) {
+        const FileItem item = std::move(waiting.back());
+        waiting.pop_back();
+        if (!made.contains(item) || --left < 0)
+            throw Error(PhoneError::notAsCopied, {top.path});
+        if (!item.isDirectory)
+            continue;
+        Listing content = listAll(files, item.path, stop);
+        if (!content.unreadable.empty())
+            throw Error(PhoneError::notAsCopied, {top.path});
+        std::ranges::move(content.items, std::back_inserter(waiting));
+    }
+}
+
+void takeBack(PhoneFileSystem& files, const UndoStep& step, const UndoStep::Change& change,
               const std::stop_token& stop) {
     const FileItem item = require(files, change.now, stop);
-    switch (kind) {
+    switch (step.kind) {
     case UndoStep::Kind::rename:
         (void)files.rename(item, lastComponent(change.before), TakenName::refused, stop);
         break;
@@ -65,6 +86,7 @@ void takeBack(PhoneFileSystem& files, UndoStep::Kind kind, const UndoStep::Chang
         files.remove(item, stop);
         break;
     case UndoStep::Kind::copy:
+        requireAsCopied(files, item, step.made, stop);
         removeWhole(files, item, stop);
         break;
     }
@@ -82,14 +104,13 @@ EntryChanges::EntryChanges(FileBrowserViewModel& browser) : browser_(browser) {
         const CopyJob& job = queue.jobs()[static_cast<std::size_t>(index)];
         if (!job.isFinished())
             return;
-        history_.endCopy(id, job.made);
+        history_.endCopy(job);
         Q_EMIT undoableChanged();
     });
 }
 
-void EntryChanges::run(std::vector<FileItem> items, What what, EditAction action, Done whenDone,
-                       const QStringList& newPaths) {
-    const auto files = browser_.files();
+void EntryChanges::run(const std::shared_ptr<PhoneFileSystem>& files, std::vector<FileItem> items,
+                       What what, EditAction action, Done whenDone, const QStringList& newPaths) {
     if (!files || items.empty())
         return;
     QStringList changedPaths = newPaths;
@@ -115,7 +136,7 @@ void EntryChanges::record(UndoStep step) {
 void EntryChanges::createFolder(const QString& name) {
     // The folder does not exist yet: an entry that only carries its name and place.
     run(
-        {named(joinPath(browser_.currentPath(), name), true)}, What::create,
+        browser_.files(), {named(joinPath(browser_.currentPath(), name), true)}, What::create,
         [parent = browser_.currentPath()](PhoneFileSystem& files, const FileItem& item,
                                           const std::stop_token& stop) {
             (void)files.makeFolder(parent, item.name, stop);
@@ -132,7 +153,7 @@ void EntryChanges::createFolder(const QString& name) {
 }
 
 void EntryChanges::remove(std::vector<FileItem> items) {
-    run(std::move(items), What::remove, removeWhole,
+    run(browser_.files(), std::move(items), What::remove, removeWhole,
         [this](const BrowserEditReport& report) { tellRemoved(report.donePaths); });
 }
 
@@ -151,7 +172,7 @@ void EntryChanges::rename(const FileItem& item, const QString& newName) {
     }
     const QString newPath = joinPath(parentPath(item.path), newName);
     run(
-        {item}, What::rename,
+        browser_.files(), {item}, What::rename,
         [newName](PhoneFileSystem& files, const FileItem& entry, const std::stop_token& stop) {
             (void)files.rename(entry, newName, TakenName::refused, stop);
         },
@@ -181,7 +202,7 @@ void EntryChanges::move(std::vector<FileItem> items, const QString& folder) {
         newPaths << joinPath(target, item.name);
     const auto unmovable = std::make_shared<Unmovable>();
     run(
-        std::move(items), What::move,
+        files, std::move(items), What::move,
         [target, unmovable](PhoneFileSystem& phone, const FileItem& item,
                             const std::stop_token& stop) {
             try {
@@ -207,8 +228,9 @@ void EntryChanges::move(std::vector<FileItem> items, const QString& folder) {
         newPaths);
 }
 
-void EntryChanges::noteCopy(const QUuid& copy, const QString& identity) {
-    record({UndoStep::Kind::copy, identity, {}, copy});
+void EntryChanges::noteCopy(const QUuid& copy, const QString& identity,
+                            std::shared_ptr<PhoneFileSystem> computer) {
+    record({UndoStep::Kind::copy, identity, {}, copy, {}, std::move(computer)});
 }
 
 void EntryChanges::noteLastingChange(const QString& identity) {
@@ -234,10 +256,10 @@ void EntryChanges::undo() {
             oldPaths << change.before;
     }
     run(
-        std::move(items), problemOf(step->kind),
+        step->computer ? step->computer : browser_.files(), std::move(items), problemOf(step->kind),
         [step = *step](PhoneFileSystem& files, const FileItem& item, const std::stop_token& stop) {
             const auto change = std::ranges::find(step.changes, item.path, &UndoStep::Change::now);
-            takeBack(files, step.kind, *change, stop);
+            takeBack(files, step, *change, stop);
         },
         [this, step = *step](const BrowserEditReport& report) { takenBack(step, report); },
         oldPaths);
@@ -250,7 +272,7 @@ void EntryChanges::takenBack(const UndoStep& step, const BrowserEditReport& repo
     });
     if (!left.changes.empty())
         record(std::move(left));
-    if (report.donePaths.isEmpty())
+    if (report.donePaths.isEmpty() || step.computer)
         return;
     if (step.kind == UndoStep::Kind::create || step.kind == UndoStep::Kind::copy) {
         Q_EMIT removed(report.donePaths);

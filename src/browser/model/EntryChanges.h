@@ -7,6 +7,7 @@
 #include <QStringList>
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -46,11 +47,13 @@ public:
 
     /// The change that undo() would take back; no value when there is none on this connection.
     [[nodiscard]] std::optional<UndoStep> undoable() const;
-    /// Of a copy it deletes what came: that is to be asked about before. No effect on one that is
-    /// under way.
+    /// Of a copy it deletes what came, but for what has changed since, which is reported: that is
+    /// to be asked about before. No effect on one that is under way.
     void undo();
-    /// A copy to a phone was queued, by CopyJob::id, which undo() leads to once it has ended.
-    void noteCopy(const QUuid& copy, const QString& identity);
+    /// A copy was queued, by CopyJob::id, which undo() leads to once it has ended. `computer` is
+    /// where it goes, when that is not to `identity` itself.
+    void noteCopy(const QUuid& copy, const QString& identity,
+                  std::shared_ptr<PhoneFileSystem> computer);
     /// One that cannot be taken back, nor what was done before it.
     void noteLastingChange(const QString& identity);
 
@@ -63,8 +66,9 @@ Q_SIGNALS:
 private:
     using Done = std::function<void(const BrowserEditReport&)>;
 
-    void run(std::vector<FileItem> items, BrowserProblem::What what, EditAction action,
-             Done whenDone, const QStringList& newPaths = {});
+    void run(const std::shared_ptr<PhoneFileSystem>& files, std::vector<FileItem> items,
+             BrowserProblem::What what, EditAction action, Done whenDone,
+             const QStringList& newPaths = {});
     void record(UndoStep step);
     void tellRemoved(const QStringList& paths);
     void takenBack(const UndoStep& step, const BrowserEditReport& report);

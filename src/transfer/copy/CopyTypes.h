@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/values/Error.h"
+#include "phone/records/EntryMarks.h"
 #include "phone/records/FileItem.h"
 
 #include <QString>
@@ -67,7 +68,8 @@ struct CopyOutcome {
     /// Everything asked for, by the names that it was given: what to go on with. What a move has
     /// taken from its source is done with.
     std::vector<CopyItem> items;
-    QStringList made; ///< paths at the target of the things asked for, as far as they are there
+    QStringList made;   ///< paths at the target of the things asked for, as far as they are there
+    EntryMarks entries; ///< all that was made, whatever folder it lies in
 
     [[nodiscard]] End end() const {
         if (failure)

@@ -99,7 +99,7 @@ void TreeCopy::copyGroup(const std::vector<ScannedItem>& group, const QString& b
     try {
         for (const QString& name : below.split(QLatin1Char('/'), Qt::SkipEmptyParts)) {
             if (!request_.to->find(joinPath(path, name), call_))
-                request_.to->makeFolder(path, name, call_);
+                outcome_.entries.add(request_.to->makeFolder(path, name, call_));
             path = joinPath(path, name);
         }
         Folder target = openTarget(path, below, namesOf(group));
@@ -224,6 +224,7 @@ void TreeCopy::copyFolder(const ScannedItem& scanned, Folder& target) {
     if (const auto* make = std::get_if<TargetFolder::Make>(&decision)) {
         const FileItem made = request_.to->makeFolder(target.names.path(), make->name, call_);
         ++outcome_.folders;
+        outcome_.entries.add(made);
         name = make->name;
         noteMade(scanned, made.path, name);
         Folder inside{{made.path, request_.to->nameRules(made.path, call_), dateStep_},
@@ -322,6 +323,7 @@ void TreeCopy::noteCopied(const CopyItem& item, const FileItem& made, const QByt
     progress_.completedBytes = addByteCounts(progress_.completedBytes, announced);
     pacer_->show(progress_);
     ++outcome_.files;
+    outcome_.entries.add(made);
     outcome_.bytes = addByteCounts(outcome_.bytes, std::max<qint64>(made.size, 0));
     if (request_.witness)
         request_.witness->copied(item, made, sha256);

@@ -52,6 +52,7 @@ struct CopyJob {
     std::vector<LeftOut> leftOut;
     qint64 alreadyThere = 0; ///< files that stayed as they were there
     QStringList made;        ///< paths at the target of what was asked for, as far as it is there
+    EntryMarks entries;      ///< all that was made; no program run after this one knows it
 
     /// It has come to an end, whichever.
     [[nodiscard]] bool isFinished() const;

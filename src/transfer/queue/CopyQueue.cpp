@@ -225,6 +225,7 @@ void CopyQueue::takeOutcome(const QUuid& id, const std::shared_ptr<Work>& work,
     job->alreadyThere += outcome.alreadyThere;
     job->made += outcome.made;
     job->made.removeDuplicates();
+    job->entries.add(outcome.entries);
     job->leftOut = std::move(outcome.leftOut);
     job->error = outcome.failure;
     // What goes on later knows what is there already.

@@ -186,19 +186,19 @@ void EntryCommands::remove() {
     QStringList ids;
     for (const FileItem& item : selected)
         ids.append(item.id());
-    if (!selected.empty() && askToDelete(selected))
+    if (!selected.empty() && askToDelete(browser_.files(), selected))
         browser_.deleteItems(ids);
 }
 
 /// True when the user agrees, and what he was asked about is still in front of him.
-bool EntryCommands::askToDelete(const std::vector<FileItem>& items) {
+bool EntryCommands::askToDelete(const std::shared_ptr<PhoneFileSystem>& files,
+                                const std::vector<FileItem>& items, const QString& copiedTo) {
     DeletedGo where = browser_.isMedia() ? DeletedGo::pastTheBin : DeletedGo::away;
-    if (browser_.isLocal())
+    if (files != browser_.files() || browser_.isLocal())
         where = DeletedGo::intoTheTrash;
     const ShownFolder asked(browser_);
-    const bool areRead =
-        browser_.files() && browser_.copies().areBeingRead(*browser_.files(), items);
-    return tessary::askToDelete(parent_, browser_.files(), items, where, areRead) &&
+    const bool areRead = files && browser_.copies().areBeingRead(*files, items);
+    return tessary::askToDelete(parent_, files, items, where, areRead, copiedTo) &&
            asked.isStillShown();
 }
 
@@ -210,14 +210,13 @@ void EntryCommands::undo() {
         if (browser_.copies().cancel(step->copy))
             return;
         std::vector<FileItem> items;
-        for (const UndoStep::Change& change : step->changes) {
-            const auto shown = std::ranges::find(browser_.items(), change.now, &FileItem::path);
-            items.push_back(
-                shown != browser_.items().end()
-                    ? *shown
-                    : FileItem(lastComponent(change.now), change.now, false, 0, std::nullopt));
-        }
-        if (items.empty() || !askToDelete(items) || browser_.changes().undoable() != step)
+        for (const UndoStep::Change& change : step->changes)
+            items.emplace_back(lastComponent(change.now), change.now,
+                               step->made.containsFolder(change.now), 0, std::nullopt);
+        if (items.empty() ||
+            !askToDelete(step->computer ? step->computer : browser_.files(), items,
+                         parentPath(items.front().path)) ||
+            browser_.changes().undoable() != step)
             return;
     }
     browser_.changes().undo();

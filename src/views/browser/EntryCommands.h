@@ -96,7 +96,9 @@ public:
 private:
     void putOnClipboard(EntryMimeData::Use use);
     void fetchSelected(WhenHere whenHere);
-    [[nodiscard]] bool askToDelete(const std::vector<FileItem>& items);
+    [[nodiscard]] bool askToDelete(const std::shared_ptr<PhoneFileSystem>& files,
+                                   const std::vector<FileItem>& items,
+                                   const QString& copiedTo = {});
     void tellNotOpened(const QString& path);
     void addOpenWith(QMenu& menu);
     void fillOpenWith(QMenu& menu, const std::vector<DesktopProgram>& programs);

@@ -75,7 +75,8 @@ void sayWhatIsInside(QMessageBox& question, const FileItem& folder, const Conten
 } // namespace
 
 bool askToDelete(QWidget& parent, const std::shared_ptr<PhoneFileSystem>& files,
-                 const std::vector<FileItem>& items, DeletedGo where, bool readsThem) {
+                 const std::vector<FileItem>& items, DeletedGo where, bool readsThem,
+                 const QString& copiedTo) {
     QMessageBox question(&parent);
     question.setIcon(QMessageBox::Warning);
     question.setWindowTitle(DeleteQuestion::tr("Delete"));
@@ -83,6 +84,8 @@ bool askToDelete(QWidget& parent, const std::shared_ptr<PhoneFileSystem>& files,
     QStringList body;
     if (items.size() > 1)
         body << names(items, question) << QString();
+    if (!copiedTo.isEmpty())
+        body << DeleteQuestion::tr("The copy to “%1” is taken back.").arg(printable(copiedTo));
     if (readsThem)
         body << DeleteQuestion::tr("A copy is still under way: what it has not read yet will be "
                                    "missing there.");
