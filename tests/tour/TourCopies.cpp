@@ -1,6 +1,5 @@
-#include "tour/TourCopies.h"
-
 #include "support/CopyNow.h"
+#include "tour/Tour.h"
 #include "views/dialogs/ClashQuestion.h"
 #include "views/tabs/GeneralNotices.h"
 
@@ -9,90 +8,84 @@
 #include <QDialog>
 #include <QTemporaryDir>
 #include <QTimer>
+
 #include <algorithm>
 #include <stdexcept>
 
 namespace tessary {
 
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Copies what lies at the top of the phone and has these names, slowly.
+void beginDownload(TourStage& stage, const QStringList& names, const QString& target) {
+    stage.phones().setSpeed(TourStage::slowSpeed);
+    stage.open(u"/sdcard"_s);
+    stage.selectNamed(names);
+    QStringList ids;
+    for (const FileItem& item : stage.browser().selection().entries())
+        ids.append(item.id());
+    downloadNow(stage.browser(), ids, target);
+}
+
+/// A button that can be pressed; null when none has this text.
+QAbstractButton* shownButton(const QWidget& window, const QString& text) {
+    for (QAbstractButton* button : window.findChildren<QAbstractButton*>())
+        if (button->isVisible() && button->text() == text)
+            return button;
+    return nullptr;
+}
+
+} // namespace
+
 void tourTransfers(TourStage& stage) {
-    MainWindow& window = stage.window();
-    TourPhones& phones = stage.phones();
-    FileBrowserViewModel& browser = window.browser();
-    CopyQueue& transfers = window.copyQueue();
     const QTemporaryDir target;
     const QTemporaryDir source;
     QStringList videos;
     for (const char* name : {"Sunset.mp4", "Concert.mp4"})
         videos.append(TourStage::writeSample(source.filePath(QString::fromLatin1(name))));
-    phones.setSpeed(TourStage::slowSpeed);
-    stage.open(QStringLiteral("/sdcard"));
-    stage.selectNamed(
-        {QStringLiteral("Music"), QStringLiteral("DCIM"), QStringLiteral("Documents")});
-    QStringList ids;
-    for (const FileItem& item : browser.selection().entries())
-        ids.append(item.id());
-    downloadNow(browser, ids, target.path());
-    uploadNow(browser, videos);
+    beginDownload(stage, {u"Music"_s, u"DCIM"_s, u"Documents"_s}, target.path());
+    uploadNow(stage.browser(), videos);
+    CopyQueue& transfers = stage.window().copyQueue();
     stage.waitFor("a running transfer", [&] {
-        return std::any_of(transfers.jobs().begin(), transfers.jobs().end(),
-                           [](const CopyJob& job) {
-                               return job.status == CopyJob::Status::running &&
-                                      job.bytesPerSecond > 0 && job.fractionDone() > 0.25;
-                           });
+        return std::ranges::any_of(transfers.jobs(), [](const CopyJob& job) {
+            return job.status == CopyJob::Status::running && job.bytesPerSecond > 0 &&
+                   job.fractionDone() > 0.25;
+        });
     });
-    stage.shoot(QStringLiteral("transfer-running"));
-    phones.setSpeed(0);
-    stage.waitFor("the end of the transfers", [&] { return transfers.summary().isIdle(); });
-    stage.shoot(QStringLiteral("transfer-finished"));
+    stage.shoot(u"transfer-running"_s);
+    stage.endCopies();
+    stage.shoot(u"transfer-finished"_s);
     transfers.clearFinished();
 }
 
 void tourBrokenCopy(TourStage& stage) {
     MainWindow& window = stage.window();
-    TourPhones& phones = stage.phones();
-    CopyQueue& transfers = window.copyQueue();
     const QTemporaryDir target;
-    phones.setSpeed(TourStage::slowSpeed);
-    stage.open(QStringLiteral("/sdcard"));
-    stage.selectNamed({QStringLiteral("Music"), QStringLiteral("Documents")});
-    QStringList ids;
-    for (const FileItem& item : window.browser().selection().entries())
-        ids.append(item.id());
-    downloadNow(window.browser(), ids, target.path());
-    stage.waitFor("a copy under way", [&] {
-        return !transfers.jobs().empty() && transfers.jobs().back().fractionDone() > 0.25;
-    });
-    phones.unplugAndroid();
-    phones.setSpeed(0);
-    stage.waitFor("the end of the copy", [&] { return transfers.summary().isIdle(); });
-    phones.plugInAndroid();
-    QAbstractButton* goOn = nullptr;
-    stage.waitFor("the offer to go on", [&] {
-        for (QAbstractButton* button : window.findChildren<QAbstractButton*>())
-            if (button->isVisible() && button->text() == GeneralNotices::tr("Continue Copying"))
-                goOn = button;
-        return goOn != nullptr;
-    });
-    stage.shoot(QStringLiteral("copy-offered-again"));
+    beginDownload(stage, {u"Music"_s, u"Documents"_s}, target.path());
+    stage.waitForCopy();
+    stage.phones().android().unplug();
+    stage.endCopies();
+    stage.phones().plugIn(stage.phones().android());
+    const QString text = GeneralNotices::tr("Continue Copying");
+    stage.waitFor("the offer to go on", [&] { return shownButton(window, text) != nullptr; });
+    stage.shoot(u"copy-offered-again"_s);
     window.showCopyHistory();
-    stage.shoot(QStringLiteral("copy-history"));
-    window.findChild<QDialog*>(QStringLiteral("copyHistory"))->close();
-    goOn->click();
-    stage.waitFor("the rest of the copy", [&] { return transfers.summary().isIdle(); });
-    transfers.clearFinished();
+    stage.shoot(u"copy-history"_s);
+    window.findChild<QDialog*>(u"copyHistory"_s)->close();
+    shownButton(window, text)->click();
+    stage.endCopies();
+    window.copyQueue().clearFinished();
 }
 
 /// The questions before a copy: each is a dialog that runs its own loop, and is shot from within.
 void tourCopyQuestions(TourStage& stage) {
     MainWindow& window = stage.window();
-    FileBrowserViewModel& browser = window.browser();
     const QTemporaryDir local;
-    stage.open(QStringLiteral("/sdcard/Documents/Travel"));
+    stage.open(u"/sdcard/Documents/Travel"_s);
     const auto ask = [&](const QString& name, qint64 size) {
-        QFile file(local.filePath(name));
-        if (!file.open(QIODevice::WriteOnly) || !file.resize(size))
-            throw std::runtime_error("cannot write a sample file");
-        file.close();
+        const QString file = TourStage::writeSample(local.filePath(name), size);
         bool wasAsked = false;
         QTimer look;
         QObject::connect(&look, &QTimer::timeout, &window, [&] {
@@ -100,52 +93,45 @@ void tourCopyQuestions(TourStage& stage) {
             if (question == nullptr)
                 return;
             look.stop();
-            stage.shoot(question->objectName() == QStringLiteral("spaceQuestion")
-                            ? QStringLiteral("not-enough-space")
-                            : QStringLiteral("name-taken"));
+            stage.shoot(question->objectName() == u"spaceQuestion"_s ? u"not-enough-space"_s
+                                                                     : u"name-taken"_s);
             question->close();
             wasAsked = true;
         });
         look.start(TourStage::settleTime);
-        browser.copies().prepareUpload({file.fileName()}, {}, [&](const PreparedCopy& copy) {
+        stage.browser().copies().prepareUpload({file}, {}, [&window](const PreparedCopy& copy) {
             const auto answers = askAboutClashes(&window, copy);
             (void)(answers && askAboutSpace(&window, copy, *answers));
         });
         stage.waitFor("a question before a copy", [&] { return wasAsked; });
     };
-    ask(QStringLiteral("Packing list.md"), 2048);
-    ask(QStringLiteral("All videos.mkv"), qint64{214} << 30); // sparse
+    ask(u"Packing list.md"_s, 2048);
+    ask(u"All videos.mkv"_s, qint64{214} << 30); // sparse
 }
 
 void tourFailures(TourStage& stage) {
-    MainWindow& window = stage.window();
-    TourPhones& phones = stage.phones();
-    CopyQueue& transfers = window.copyQueue();
-    phones.setStorageFull(true);
-    stage.open(QStringLiteral("/sdcard/Download"));
-    window.browser().createFolder(QStringLiteral("Backup"));
-    stage.waitFor("an error", [&] { return window.browser().problem().has_value(); });
-    stage.shoot(QStringLiteral("error-banner"));
-    window.browser().dismissProblem();
+    CopyQueue& transfers = stage.window().copyQueue();
+    stage.phones().setStorageFull(true);
+    stage.open(u"/sdcard/Download"_s);
+    stage.browser().createFolder(u"Backup"_s);
+    stage.waitFor("an error", [&] { return stage.browser().problem().has_value(); });
+    stage.shoot(u"error-banner"_s);
+    stage.browser().dismissProblem();
     const QTemporaryDir source;
-    uploadNow(window.browser(),
-              {TourStage::writeSample(source.filePath(QStringLiteral("Holiday.mp4")))});
+    uploadNow(stage.browser(), {TourStage::writeSample(source.filePath(u"Holiday.mp4"_s))});
     stage.waitFor("a failed transfer", [&] {
         return !transfers.jobs().empty() && transfers.jobs().back().isFinished();
     });
-    stage.shoot(QStringLiteral("transfer-failed"));
-    phones.setStorageFull(false);
+    stage.shoot(u"transfer-failed"_s);
+    stage.phones().setStorageFull(false);
     transfers.clearFinished();
 
-    phones.setHeld(true);
+    stage.phones().setHeld(true);
     stage.waitFor("the other program", [&] {
-        const auto buttons = window.findChildren<QAbstractButton*>();
-        return std::any_of(buttons.begin(), buttons.end(), [](const QAbstractButton* button) {
-            return button->isVisible() && button->text() == MainWindow::tr("Release the Phone");
-        });
+        return shownButton(stage.window(), MainWindow::tr("Release the Phone")) != nullptr;
     });
-    stage.shoot(QStringLiteral("held-by-another-program"));
-    phones.setHeld(false);
+    stage.shoot(u"held-by-another-program"_s);
+    stage.phones().setHeld(false);
 }
 
 } // namespace tessary

@@ -1,78 +1,68 @@
-#include "tour/TourDevices.h"
-
 #include "app/LanguageManager.h"
 #include "browser/storage/StorageUses.h"
 #include "support/CopyNow.h"
-#include "views/listing/ThumbnailStore.h"
+#include "tour/Tour.h"
 
-#include <QAbstractItemView>
 #include <QAction>
 #include <QTemporaryDir>
 
 namespace tessary {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-/// The phone's own page, once it is known what fills the phone.
-void tourPhonePage(TourStage& stage) {
-    MainWindow& window = stage.window();
-    const auto& uses = *window.findChild<StorageUses*>();
-    stage.shoot(QStringLiteral("phone"));
-    stage.waitFor("what fills the phone", [&] { return !uses.isLooking(); });
-    stage.shoot(QStringLiteral("phone-known"));
-    const QSize size = window.size();
-    LanguageManager::shared().setSelectedLanguage(AppLanguage::de);
-    window.resize(800, 500);
-    stage.shoot(QStringLiteral("phone-small-de"));
-    LanguageManager::shared().setSelectedLanguage(AppLanguage::en);
-    window.resize(size);
+/// Until the phone that is shown can be read.
+void waitForPhone(TourStage& stage) {
+    stage.waitFor("the phone's storage", [&] {
+        const auto& device = stage.browser().activeDevice();
+        return device && device->isDataAccessible() && !stage.browser().isLoading();
+    });
 }
 
 } // namespace
 
 void tourWelcome(TourStage& stage) {
-    MainWindow& window = stage.window();
-    TourPhones& phones = stage.phones();
-    stage.shoot(QStringLiteral("welcome"));
-    phones.plugInAndroid();
-    stage.waitFor("the phone's storage", [&] {
-        const auto& device = window.browser().activeDevice();
-        return device && device->isDataAccessible() && !window.browser().isLoading();
-    });
-    tourPhonePage(stage);
-    window.choice().browseFiles();
+    stage.shoot(u"welcome"_s);
+    stage.phones().plugIn(stage.phones().android());
+    waitForPhone(stage);
+    const auto& uses = *stage.window().findChild<StorageUses*>();
+    stage.shoot(u"phone"_s);
+    stage.waitFor("what fills the phone", [&] { return !uses.isLooking(); });
+    stage.shoot(u"phone-known"_s);
+    LanguageManager::shared().setSelectedLanguage(AppLanguage::de);
+    stage.shootSmall(u"phone-small-de"_s);
+    LanguageManager::shared().setSelectedLanguage(AppLanguage::en);
+    stage.window().choice().browseFiles();
 }
 
 void tourLosses(TourStage& stage) {
     MainWindow& window = stage.window();
-    TourPhones& phones = stage.phones();
-    phones.setLocked(true);
+    FaultyAndroid& phone = stage.phones().android();
+    phone.setLocked(true);
     stage.waitFor("the locked phone", [&] {
-        const auto& device = window.browser().activeDevice();
+        const auto& device = stage.browser().activeDevice();
         return device && device->isLocked;
     });
-    stage.shoot(QStringLiteral("locked"));
+    stage.shoot(u"locked"_s);
     window.choice().showPhone();
-    stage.shoot(QStringLiteral("phone-locked"));
-    window.browser().goBack();
-    phones.setLocked(false);
-    stage.waitFor("the unlocked phone", [&] {
-        const auto& device = window.browser().activeDevice();
-        return device && device->isDataAccessible() && !window.browser().isLoading();
-    });
-    phones.unplugAndroid();
+    stage.shoot(u"phone-locked"_s);
+    stage.browser().goBack();
+    phone.setLocked(false);
+    waitForPhone(stage);
+    phone.unplug();
     stage.waitFor("the loss of the phone",
-                  [&] { return window.browser().state() == BrowserState::deviceLost; });
-    stage.shoot(QStringLiteral("phone-gone"));
+                  [&] { return stage.browser().state() == BrowserState::deviceLost; });
+    stage.shoot(u"phone-gone"_s);
 
     SyncManager& sync = window.sync().manager();
     const QUuid pair = sync.syncPairs().front().id;
     window.sync().run(pair);
     stage.waitFor("the failed sync",
                   [&] { return sync.pair(pair)->status.kind == SyncStatus::Kind::error; });
-    window.browserView().actions().sync->trigger();
-    stage.shoot(QStringLiteral("sync-error"));
-    window.findChild<QWidget*>(QStringLiteral("syncPanel"))->hide();
+    stage.actions().sync->trigger();
+    stage.shoot(u"sync-error"_s);
+    window.findChild<QWidget*>(u"syncPanel"_s)->hide();
     sync.removeSyncPair(pair);
 }
 
@@ -81,32 +71,26 @@ namespace {
 /// Photos as files, and imported.
 void tourImport(TourStage& stage) {
     MainWindow& window = stage.window();
-    FileBrowserViewModel& browser = window.browser();
-    window.choice().openApp(mediaFolder(), QStringLiteral("/DCIM/100APPLE"));
+    FileBrowserViewModel& browser = stage.browser();
+    window.choice().openApp(mediaFolder(), u"/DCIM/100APPLE"_s);
     stage.waitFor("the photos", [&] { return !browser.isLoading() && browser.items().size() > 9; });
-    stage.shoot(QStringLiteral("iphone-photos"));
+    stage.shoot(u"iphone-photos"_s);
     browser.setViewMode(ViewMode::grid);
-    auto* grid = window.browserView().currentListing().findChild<ThumbnailStore*>();
-    window.browserView().currentListing().viewport()->repaint(); // what is painted is asked for
-    stage.waitFor("the days' thumbnails", [grid] { return grid->isIdle(); });
-    stage.shoot(QStringLiteral("iphone-photos-by-day"));
+    stage.shootPictures(u"iphone-photos-by-day"_s, stage.listing(), stage.listing());
     browser.setViewMode(ViewMode::list);
     ImportViewModel& import = window.import();
     using State = ImportViewModel::State;
-    window.findChild<QAction*>(QStringLiteral("importAction"))->trigger();
+    window.findChild<QAction*>(u"importAction"_s)->trigger();
     stage.waitFor("what is new", [&] { return import.state() == State::choosing; });
     import.choose({import.photos()[2].id(), import.photos()[3].id()}, false);
-    const auto& page = *window.findChild<QWidget*>(QStringLiteral("importView"));
-    page.findChild<QAbstractItemView*>()->viewport()->repaint(); // what is painted is asked for
-    const auto& thumbnails = *page.findChild<ThumbnailStore*>();
-    stage.waitFor("the thumbnails", [&] { return thumbnails.isIdle(); });
-    stage.shoot(QStringLiteral("import-new"));
-    import.start(stage.local().filePath(QStringLiteral("Pictures")), true);
+    const auto& page = *window.findChild<QWidget*>(u"importView"_s);
+    stage.shootPictures(u"import-new"_s, *page.findChild<QAbstractItemView*>(), page);
+    import.start(stage.local().filePath(u"Pictures"_s), true);
     stage.waitFor("the import", [&] { return import.state() == State::copied; });
-    stage.shoot(QStringLiteral("import-done"));
+    stage.shoot(u"import-done"_s);
     import.removeFromPhone();
     stage.waitFor("the removal", [&] { return import.state() == State::removed; });
-    stage.shoot(QStringLiteral("import-removed"));
+    stage.shoot(u"import-removed"_s);
     import.close();
 }
 
@@ -114,46 +98,39 @@ void tourImport(TourStage& stage) {
 
 void tourIPhone(TourStage& stage) {
     MainWindow& window = stage.window();
-    TourPhones& phones = stage.phones();
-    FileBrowserViewModel& browser = window.browser();
+    FaultyIPhone& phone = stage.phones().iPhone();
+    FileBrowserViewModel& browser = stage.browser();
     AppListViewModel& apps = window.apps();
-    phones.setTrusted(false);
-    phones.plugInIPhone();
-    const auto* trouble = window.findChild<QWidget*>(QStringLiteral("phoneTrouble"));
+    phone.setTrust(VirtualTrust::asking);
+    phone.plugInto(stage.phones().demo().iPhones()->mux());
+    const auto* trouble = window.findChild<QWidget*>(u"phoneTrouble"_s);
     stage.waitFor("the untrusted iPhone",
                   [trouble] { return trouble != nullptr && trouble->isVisible(); });
-    stage.shoot(QStringLiteral("iphone-untrusted"));
-    phones.setTrusted(true);
+    stage.shoot(u"iphone-untrusted"_s);
+    phone.setTrust(VirtualTrust::trusted);
     apps.reload();
-    stage.waitFor("the iPhone's storage", [&] {
-        const auto& device = apps.device();
-        return device && device->totalStorageBytes && !window.browser().isLoading();
-    });
-    stage.shoot(QStringLiteral("iphone"));
+    const auto hasSpace = [&] {
+        return apps.device() && apps.device()->totalStorageBytes && !browser.isLoading();
+    };
+    stage.waitFor("the iPhone's storage", hasSpace);
+    stage.shoot(u"iphone"_s);
     window.choice().showApps();
-    stage.waitFor("the apps", [&] {
-        const auto& device = apps.device();
-        return apps.state() == AppListState::ready && device && device->totalStorageBytes;
-    });
-    stage.shoot(QStringLiteral("iphone-apps"));
+    stage.waitFor("the apps", [&] { return apps.state() == AppListState::ready && hasSpace(); });
+    stage.shoot(u"iphone-apps"_s);
     tourImport(stage);
-    window.choice().openApp(apps.apps().back(), QStringLiteral("/"));
-    stage.waitFor("the documents", [&] { return !browser.isLoading(); });
+    window.choice().openApp(apps.apps().back(), u"/"_s);
+    stage.waitForFolder();
     browser.enterFolder(browser.items().front().id());
-    stage.waitFor("a folder of documents", [&] { return !browser.isLoading(); });
-    stage.shoot(QStringLiteral("iphone-documents"));
+    stage.waitForFolder();
+    stage.shoot(u"iphone-documents"_s);
     const QTemporaryDir source;
-    phones.setSpeed(TourStage::slowSpeed);
-    uploadNow(browser, {TourStage::writeSample(source.filePath(QStringLiteral("Talk.mp4")))});
-    stage.waitFor("a running transfer", [&] {
-        const auto& jobs = window.copyQueue().jobs();
-        return !jobs.empty() && jobs.back().fractionDone() > 0.2;
-    });
-    stage.shoot(QStringLiteral("iphone-transfer"));
-    phones.setSpeed(0);
-    stage.waitFor("the end of the transfer", [&] { return window.copyQueue().summary().isIdle(); });
+    stage.phones().setSpeed(TourStage::slowSpeed);
+    uploadNow(browser, {TourStage::writeSample(source.filePath(u"Talk.mp4"_s))});
+    stage.waitForCopy();
+    stage.shoot(u"iphone-transfer"_s);
+    stage.endCopies();
     window.copyQueue().clearFinished();
-    phones.unplugIPhone();
+    phone.unplug();
 }
 
 } // namespace tessary

@@ -1,132 +1,166 @@
-#include "tour/TourFolders.h"
-
 #include "support/ShownItems.h"
+#include "tour/Tour.h"
 #include "views/dialogs/PreviewWindow.h"
 #include "views/dialogs/PropertiesDialog.h"
-#include "views/listing/ThumbnailStore.h"
 
-#include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
 #include <QCompleter>
+#include <QContextMenuEvent>
 #include <QLineEdit>
 #include <QTest>
 
 namespace tessary {
 
+using namespace Qt::StringLiterals;
+
 void tourListings(TourStage& stage) {
-    MainWindow& window = stage.window();
-    FileBrowserViewModel& browser = window.browser();
-    stage.shoot(QStringLiteral("storage"));
-    stage.open(QStringLiteral("/sdcard/DCIM/Camera"));
+    FileBrowserViewModel& browser = stage.browser();
+    stage.shoot(u"storage"_s);
+    stage.open(u"/sdcard/DCIM/Camera"_s);
     const auto rows = shownItems(browser);
     for (std::size_t i = 1; i < std::min<std::size_t>(rows.size(), 4); ++i)
         browser.selection().select(rows[i].id(),
                                    i == 1 ? SelectionChange::replace : SelectionChange::extend);
-    stage.shoot(QStringLiteral("list"));
+    stage.shoot(u"list"_s);
     browser.setViewMode(ViewMode::grid);
-    window.browserView().currentListing().setFocus();
-    QAbstractItemView& grid = window.browserView().currentListing();
-    auto* thumbnails = grid.findChild<ThumbnailStore*>();
-    const auto shootGrid = [&](const char* name) {
-        grid.viewport()->repaint(); // what is painted is asked for
-        stage.waitFor("the thumbnails", [thumbnails] { return thumbnails->isIdle(); });
-        stage.shoot(QString::fromLatin1(name));
-    };
-    shootGrid("grid");
-    browser.dayGrouping().setOn(!browser.dayGrouping().isOn());
-    shootGrid(browser.dayGrouping().isOn() ? "grid-by-day" : "grid-without-days");
-    browser.dayGrouping().setOn(!browser.dayGrouping().isOn());
+    QAbstractItemView& grid = stage.listing();
+    grid.setFocus();
+    stage.shootPictures(u"grid"_s, grid, grid);
+    DayGrouping& days = browser.dayGrouping();
+    days.setOn(!days.isOn());
+    stage.shootPictures(days.isOn() ? u"grid-by-day"_s : u"grid-without-days"_s, grid, grid);
+    days.setOn(!days.isOn());
     browser.setViewMode(ViewMode::list);
-    stage.open(QStringLiteral("/sdcard/Download/Archive"));
-    browser.setSearchText(QStringLiteral("12"));
-    stage.shoot(QStringLiteral("filter"));
-    browser.setSearchText(QStringLiteral("no such name"));
-    stage.shoot(QStringLiteral("no-results"));
+    stage.open(u"/sdcard/Download/Archive"_s);
+    browser.setSearchText(u"12"_s);
+    stage.shoot(u"filter"_s);
+    browser.setSearchText(u"no such name"_s);
+    stage.shoot(u"no-results"_s);
     browser.setSearchText({});
 }
 
 void tourTypedPaths(TourStage& stage) {
-    MainWindow& window = stage.window();
-    stage.open(QStringLiteral("/sdcard"));
-    window.browserView().actions().goTo->trigger();
-    auto* edit = window.findChild<QLineEdit*>(QStringLiteral("pathEdit"));
-    edit->setText(QStringLiteral("/sdcard/D"));
+    stage.open(u"/sdcard"_s);
+    stage.actions().goTo->trigger();
+    auto* edit = stage.window().findChild<QLineEdit*>(u"pathEdit"_s);
+    edit->setText(u"/sdcard/D"_s);
     Q_EMIT edit->textEdited(edit->text());
     edit->completer()->complete();
-    stage.shoot(QStringLiteral("typed-path"));
+    stage.shoot(u"typed-path"_s);
     edit->completer()->popup()->hide();
-    edit->setText(QStringLiteral("/sdcard/Documents/Taxes 2031"));
-    window.browser().goToTyped(edit->text(), [](bool) {});
-    stage.waitFor("the refused path", [&] { return window.browser().problem().has_value(); });
-    stage.shoot(QStringLiteral("wrong-path"));
-    window.browserView().currentListing().setFocus();
-    window.browser().dismissProblem();
+    edit->setText(u"/sdcard/Documents/Taxes 2031"_s);
+    stage.browser().goToTyped(edit->text(), [](bool) {});
+    stage.waitFor("the refused path", [&] { return stage.browser().problem().has_value(); });
+    stage.shoot(u"wrong-path"_s);
+    stage.listing().setFocus();
+    stage.browser().dismissProblem();
+}
+
+void tourMoves(TourStage& stage) {
+    stage.open(u"/sdcard/Documents"_s);
+    const auto rows = shownItems(stage.browser());
+    if (rows.empty())
+        throw std::runtime_error("there are no documents");
+    stage.browser().selection().select(rows.back().id());
+    stage.shootWhenOpen(u"entry-menu"_s);
+    QWidget* const entries = stage.listing().viewport();
+    const QPoint spot = stage.listing().visualRect(stage.listing().currentIndex()).center();
+    QContextMenuEvent menu(QContextMenuEvent::Mouse, spot, entries->mapToGlobal(spot));
+    QApplication::sendEvent(entries, &menu);
+
+    stage.open(u"/sdcard"_s);
+    stage.selectNamed({u"Documents"_s});
+    stage.shootWhenOpen(u"move-to"_s);
+    stage.actions().moveTo->trigger();
+
+    stage.open(u"/sdcard/DCIM/Camera"_s);
+    for (int i = 0; i < 4; ++i)
+        stage.actions().zoomIn->trigger();
+    stage.shoot(u"large-list"_s);
+    stage.browser().setViewMode(ViewMode::grid);
+    stage.shoot(u"large-grid"_s);
+    stage.actions().zoomReset->trigger();
+    stage.browser().setViewMode(ViewMode::list);
+}
+
+void tourSearch(TourStage& stage) {
+    stage.open(u"/sdcard"_s);
+    stage.actions().search->trigger();
+    auto* field = stage.window().findChild<QLineEdit*>(u"filter"_s);
+    field->setText(u"01"_s);
+    stage.browser().searchBelow(field->text());
+    stage.waitForFolder();
+    stage.listing().setFocus();
+    stage.shoot(u"search"_s);
+    field->clear();
+    stage.waitForFolder();
+}
+
+void tourSmallWindow(TourStage& stage) {
+    stage.open(u"/sdcard/DCIM/Camera"_s);
+    stage.shootSmall(u"small-list"_s);
+    stage.browser().setViewMode(ViewMode::grid);
+    stage.shootSmall(u"small-grid"_s);
+    stage.browser().setViewMode(ViewMode::list);
 }
 
 void tourPreviews(TourStage& stage) {
-    MainWindow& window = stage.window();
-    stage.open(QStringLiteral("/sdcard/DCIM/Camera"));
-    window.browser().selection().select(shownItems(window.browser()).at(2).id());
-    window.browserView().actions().quickLook->trigger();
-    const auto shows = [&](const char* page) {
-        const auto* widget =
-            window.findChild<PreviewWindow*>()->findChild<QWidget*>(QString::fromLatin1(page));
-        return widget != nullptr && widget->isVisible();
-    };
-    stage.waitFor("the preview of a picture", [&] { return shows("previewPicture"); });
-    stage.shoot(QStringLiteral("preview-picture"));
-    window.browserView().actions().quickLook->trigger();
-    stage.open(QStringLiteral("/sdcard/Documents/Travel"));
-    stage.selectNamed({QStringLiteral("Packing list.md")});
-    window.browserView().actions().quickLook->trigger();
-    stage.waitFor("the preview of a text", [&] { return shows("previewText"); });
-    stage.shoot(QStringLiteral("preview-text"));
-    window.browserView().actions().quickLook->trigger();
-    stage.open(QStringLiteral("/sdcard/Music/First Songs"));
-    window.browser().selection().select(shownItems(window.browser()).at(1).id());
-    window.browserView().actions().quickLook->trigger();
-    stage.shoot(QStringLiteral("preview-facts"));
-    window.browserView().actions().quickLook->trigger();
+    const struct {
+        const char* name;
+        const char* folder;
+        std::size_t row;
+        const char* page; ///< that is waited for
+    } rows[] = {{"preview-picture", "/sdcard/DCIM/Camera", 2, "previewPicture"},
+                {"preview-text", "/sdcard/Documents/Travel", 1, "previewText"},
+                {"preview-facts", "/sdcard/Music/First Songs", 1, nullptr}};
+    for (const auto& row : rows) {
+        stage.open(QString::fromLatin1(row.folder));
+        const auto shown = shownItems(stage.browser());
+        stage.browser().selection().select(shown.at(row.row).id());
+        stage.actions().quickLook->trigger();
+        const auto* preview = stage.window().findChild<PreviewWindow*>();
+        stage.waitFor(row.name, [&] {
+            const auto* page = preview->findChild<QWidget*>(QString::fromLatin1(row.page));
+            return row.page == nullptr || (page != nullptr && page->isVisible());
+        });
+        stage.shoot(QString::fromLatin1(row.name));
+        stage.actions().quickLook->trigger();
+    }
 }
 
 void tourProperties(TourStage& stage) {
-    MainWindow& window = stage.window();
-    stage.open(QStringLiteral("/sdcard"));
+    stage.open(u"/sdcard"_s);
     for (const QStringList& names :
-         {QStringList{QStringLiteral("Documents")},
-          QStringList{QStringLiteral("DCIM"), QStringLiteral("Music")}}) {
+         {QStringList{u"Documents"_s}, QStringList{u"DCIM"_s, u"Music"_s}}) {
         stage.selectNamed(names);
         stage.press(Qt::Key_Return, Qt::AltModifier);
-        auto* dialog = window.findChild<PropertiesDialog*>();
+        auto* dialog = stage.window().findChild<PropertiesDialog*>();
         stage.waitFor("the count", [dialog] { return dialog != nullptr && !dialog->isCounting(); });
-        stage.shoot(QStringLiteral("properties"));
+        stage.shoot(u"properties"_s);
         delete dialog;
     }
 }
 
 void tourEdits(TourStage& stage) {
-    MainWindow& window = stage.window();
-    FileBrowserViewModel& browser = window.browser();
-    stage.open(QStringLiteral("/sdcard/Documents"));
+    FileBrowserViewModel& browser = stage.browser();
+    stage.open(u"/sdcard/Documents"_s);
     bool isMade = false;
-    const auto made = QObject::connect(&browser, &FileBrowserViewModel::folderCreated, &window,
-                                       [&isMade] { isMade = true; });
+    const auto made = QObject::connect(&browser, &FileBrowserViewModel::folderCreated,
+                                       &stage.window(), [&isMade] { isMade = true; });
     browser.createFolder();
     stage.waitFor("the new folder", [&isMade] { return isMade; });
     QObject::disconnect(made);
-    stage.shoot(QStringLiteral("new-folder"));
+    stage.shoot(u"new-folder"_s);
     // The new name is taken as it stands.
-    if (auto* editor = window.browserView().currentListing().findChild<QLineEdit*>())
+    if (auto* editor = stage.listing().findChild<QLineEdit*>())
         QTest::keyClick(editor, Qt::Key_Return);
 
     for (const QStringList& names :
-         {QStringList{QStringLiteral("Household")},
-          QStringList{QStringLiteral("Recipes"), QStringLiteral("Travel"),
-                      QStringLiteral("Shopping.txt")}}) {
+         {QStringList{u"Household"_s}, QStringList{u"Recipes"_s, u"Travel"_s, u"Shopping.txt"_s}}) {
         stage.selectNamed(names);
-        stage.shootWhenOpen(QStringLiteral("delete-question"));
-        window.browserView().actions().remove->trigger();
+        stage.shootWhenOpen(u"delete-question"_s);
+        stage.actions().remove->trigger();
     }
 }
 

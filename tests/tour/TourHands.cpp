@@ -1,9 +1,7 @@
-#include "tour/TourHands.h"
-
 #include "support/ShownItems.h"
+#include "tour/Tour.h"
 #include "views/listing/DragOut.h"
 
-#include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
@@ -19,9 +17,11 @@
 
 namespace tessary {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString notes = QStringLiteral("Shopping.txt");
+const QString notes = u"Shopping.txt"_s;
 
 void require(const char* what, bool holds) {
     if (!holds)
@@ -31,10 +31,10 @@ void require(const char* what, bool holds) {
 void waitForNames(TourStage& stage, const QStringList& there, const QStringList& gone) {
     stage.waitFor("the names of a folder", [&] {
         QStringList names;
-        for (const FileItem& item : shownItems(stage.window().browser()))
+        for (const FileItem& item : shownItems(stage.browser()))
             names.append(item.name);
         const auto isShown = [&](const QString& name) { return names.contains(name); };
-        return !stage.window().browser().isLoading() && !stage.window().browser().isEditing() &&
+        return !stage.browser().isLoading() && !stage.browser().isEditing() &&
                std::ranges::all_of(there, isShown) && std::ranges::none_of(gone, isShown);
     });
 }
@@ -50,119 +50,118 @@ void shootMenu(TourStage& stage, int number, const QString& name) {
 
 void tourUndo(TourStage& stage) {
     MainWindow& window = stage.window();
-    const BrowserActions& actions = window.browserView().actions();
-    const QString renamed = QStringLiteral("Groceries.txt");
-    stage.open(QStringLiteral("/sdcard/Documents"));
+    const BrowserActions& actions = stage.actions();
+    const QString renamed = u"Groceries.txt"_s;
+    stage.open(u"/sdcard/Documents"_s);
     stage.selectNamed({notes});
-    const std::size_t before = window.browser().items().size();
+    const std::size_t before = stage.browser().items().size();
     actions.duplicate->trigger();
     stage.waitFor("the duplicate", [&] {
-        return !window.browser().isLoading() && window.copyQueue().summary().isIdle() &&
-               window.browser().items().size() == before + 1;
+        return !stage.browser().isLoading() && window.copyQueue().summary().isIdle() &&
+               stage.browser().items().size() == before + 1;
     });
-    stage.shoot(QStringLiteral("duplicate"));
+    stage.shoot(u"duplicate"_s);
     window.copyQueue().clearFinished();
 
     stage.selectNamed({notes});
-    window.browser().renameItem(window.browser().selection().entries().front().id(), renamed);
+    stage.browser().renameItem(stage.browser().selection().entries().front().id(), renamed);
     waitForNames(stage, {renamed}, {notes});
-    shootMenu(stage, 1, QStringLiteral("undo-rename"));
+    shootMenu(stage, 1, u"undo-rename"_s);
     actions.undo->trigger();
     waitForNames(stage, {notes}, {renamed});
-    stage.shoot(QStringLiteral("rename-undone"));
+    stage.shoot(u"rename-undone"_s);
 
     stage.selectNamed({notes});
     actions.cut->trigger();
-    stage.open(QStringLiteral("/sdcard/Documents/Travel"));
+    stage.open(u"/sdcard/Documents/Travel"_s);
     actions.paste->trigger();
     waitForNames(stage, {notes}, {});
-    shootMenu(stage, 1, QStringLiteral("undo-move"));
+    shootMenu(stage, 1, u"undo-move"_s);
     actions.undo->trigger();
     waitForNames(stage, {}, {notes});
-    stage.open(QStringLiteral("/sdcard/Documents"));
+    stage.open(u"/sdcard/Documents"_s);
     waitForNames(stage, {notes}, {});
-    stage.shoot(QStringLiteral("move-undone"));
+    stage.shoot(u"move-undone"_s);
 
-    const QString folder = QStringLiteral("Bills");
-    window.browser().createFolder(folder);
+    const QString folder = u"Bills"_s;
+    stage.browser().createFolder(folder);
     waitForNames(stage, {folder}, {});
-    if (auto* name = window.browserView().currentListing().findChild<QLineEdit*>())
+    if (auto* name = stage.listing().findChild<QLineEdit*>())
         QTest::keyClick(name, Qt::Key_Escape); // it stays as it was made
-    shootMenu(stage, 1, QStringLiteral("undo-new-folder"));
+    shootMenu(stage, 1, u"undo-new-folder"_s);
     actions.undo->trigger();
     waitForNames(stage, {}, {folder});
 }
 
 void tourSelection(TourStage& stage) {
     MainWindow& window = stage.window();
-    const BrowserActions& actions = window.browserView().actions();
     stage.selectNamed({notes});
-    actions.copyPath->trigger();
+    stage.actions().copyPath->trigger();
     require("the path on the clipboard",
-            QGuiApplication::clipboard()->text() == QStringLiteral("/sdcard/Documents/") + notes);
-    actions.invertSelection->trigger();
-    require("all but one", window.browser().selection().entries().size() + 1 ==
-                               shownItems(window.browser()).size());
-    stage.shoot(QStringLiteral("inverted"));
-    shootMenu(stage, 2, QStringLiteral("view-menu"));
-    stage.shootWhenOpen(QStringLiteral("sort-menu"));
+            QGuiApplication::clipboard()->text() == u"/sdcard/Documents/"_s + notes);
+    stage.actions().invertSelection->trigger();
+    require("all but one",
+            stage.browser().selection().entries().size() + 1 == shownItems(stage.browser()).size());
+    stage.shoot(u"inverted"_s);
+    shootMenu(stage, 2, u"view-menu"_s);
+    stage.shootWhenOpen(u"sort-menu"_s);
     window.browserView().sortMenu().exec(window.mapToGlobal(QPoint(400, 200)));
 
-    QAbstractItemView& view = window.browserView().currentListing();
-    QWidget* rows = view.viewport();
+    QWidget* rows = stage.listing().viewport();
     const QPoint corner(rows->width() - 20, rows->height() - 20);
+    const QPoint top(rows->width() / 2, 40);
     QTest::mousePress(rows, Qt::LeftButton, {}, corner);
     QTest::mouseMove(rows, corner - QPoint(40, 40));
-    QTest::mouseMove(rows, QPoint(rows->width() / 2, 40));
-    stage.shoot(QStringLiteral("rubber-band"));
-    QTest::mouseRelease(rows, Qt::LeftButton, {}, QPoint(rows->width() / 2, 40));
+    QTest::mouseMove(rows, top);
+    stage.shoot(u"rubber-band"_s);
+    QTest::mouseRelease(rows, Qt::LeftButton, {}, top);
 
-    const QString before = window.browser().currentPath();
-    stage.open(QStringLiteral("/sdcard/Music"));
-    for (const auto& [button, path] : {std::pair(Qt::BackButton, before),
-                                       {Qt::ForwardButton, QStringLiteral("/sdcard/Music")}}) {
+    const QString before = stage.browser().currentPath();
+    stage.open(u"/sdcard/Music"_s);
+    for (const auto& [button, path] :
+         {std::pair(Qt::BackButton, before), {Qt::ForwardButton, u"/sdcard/Music"_s}}) {
         QTest::mouseClick(rows, button, {}, corner);
         stage.waitFor("the folder of the history",
-                      [&, &path = path] { return window.browser().currentPath() == path; });
+                      [&, &path = path] { return stage.browser().currentPath() == path; });
     }
 }
 
 /// With Alt, which asks.
 void tourDropMenu(TourStage& stage) {
-    MainWindow& window = stage.window();
-    stage.open(QStringLiteral("/sdcard/Documents"));
+    stage.open(u"/sdcard/Documents"_s);
     stage.selectNamed({notes});
-    const DragOutData dragged(window.browser(), window.browser().selection().entries(),
+    const DragOutData dragged(stage.browser(), stage.browser().selection().entries(),
                               EntryMimeData::Use::move);
-    QAbstractItemView& view = window.browserView().currentListing();
+    QAbstractItemView& view = stage.listing();
     const QPoint spot = view.visualRect(view.model()->index(0, 0)).center();
     QCursor::setPos(view.viewport()->mapToGlobal(spot));
-    BrowserView& target = window.browserView();
+    BrowserView& target = stage.window().browserView();
     const QPoint there = view.viewport()->mapTo(&target, spot);
     const Qt::DropActions offered = Qt::MoveAction | Qt::CopyAction;
     QDragEnterEvent enter(there, offered, &dragged, Qt::LeftButton, Qt::AltModifier);
     QApplication::sendEvent(&target, &enter);
     QDropEvent drop(there, offered, &dragged, Qt::LeftButton, Qt::AltModifier);
-    stage.shootWhenOpen(QStringLiteral("drop-menu"));
+    stage.shootWhenOpen(u"drop-menu"_s);
     QApplication::sendEvent(&target, &drop);
 }
 
 /// By the keys of the clipboard, and the mouse in between.
 void tourBetweenPhones(TourStage& stage) {
     MainWindow& window = stage.window();
-    auto& devices = *window.findChild<QListView*>(QStringLiteral("deviceList"));
+    auto& devices = *window.findChild<QListView*>(u"deviceList"_s);
     const auto clickOther = [&] {
         const QModelIndex other = devices.model()->index(1 - devices.currentIndex().row(), 0);
         QTest::mouseClick(devices.viewport(), Qt::LeftButton, {},
                           devices.visualRect(other).center());
     };
     const auto isRead = [&] {
-        return !window.browser().isLoading() && !window.browser().items().empty();
+        return !stage.browser().isLoading() && !stage.browser().items().empty();
     };
-    stage.phones().plugInAnotherAndroid();
+    VirtualAndroid& other = stage.phones().anotherAndroid();
+    stage.phones().plugIn(other);
     stage.waitFor("another phone", [&] { return devices.model()->rowCount() == 2; });
-    stage.open(QStringLiteral("/sdcard"));
-    stage.selectNamed({QStringLiteral("Documents")});
+    stage.open(u"/sdcard"_s);
+    stage.selectNamed({u"Documents"_s});
     stage.press(Qt::Key_C, Qt::ControlModifier);
     clickOther();
     stage.waitFor("the other phone", isRead);
@@ -170,17 +169,13 @@ void tourBetweenPhones(TourStage& stage) {
     stage.waitFor("its files", isRead);
     stage.phones().setSpeed(TourStage::slowSpeed);
     stage.press(Qt::Key_V, Qt::ControlModifier);
-    stage.waitFor("the copy", [&] {
-        const auto& jobs = window.copyQueue().jobs();
-        return !jobs.empty() && jobs.back().fractionDone() > 0.25;
-    });
-    stage.shoot(QStringLiteral("paste-between-phones"));
-    stage.phones().setSpeed(0);
-    stage.waitFor("its end", [&] { return window.copyQueue().summary().isIdle(); });
+    stage.waitForCopy();
+    stage.shoot(u"paste-between-phones"_s);
+    stage.endCopies();
     window.copyQueue().clearFinished();
     clickOther();
     stage.waitFor("the first phone", isRead);
-    stage.phones().unplugAnotherAndroid();
+    other.unplug();
     stage.waitFor("one phone", [&] { return devices.model()->rowCount() == 1; });
 }
 
@@ -194,12 +189,12 @@ void tourHands(TourStage& stage) {
     tourBetweenPhones(stage);
     MainWindow& second = window.openWindow(window.place());
     stage.waitFor("the second window", [&] { return !second.browser().items().empty(); });
-    stage.shoot(QStringLiteral("second-window"), second);
+    stage.shoot(u"second-window"_s, second);
     second.close();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     const QSize size = window.size();
     window.showFullScreen();
-    stage.shoot(QStringLiteral("full-screen"));
+    stage.shoot(u"full-screen"_s);
     window.showNormal();
     window.resize(size);
 }

@@ -32,26 +32,6 @@ TourPhones::TourPhones(const QString& folder) {
         phone->unplug();
 }
 
-void TourPhones::plugInAndroid() {
-    android_->plugInto(demo_->virtualBus());
-}
-
-void TourPhones::unplugAndroid() {
-    android_->unplug();
-}
-
-void TourPhones::plugInAnotherAndroid() {
-    demo_->androids().back()->plugInto(demo_->virtualBus());
-}
-
-void TourPhones::unplugAnotherAndroid() {
-    demo_->androids().back()->unplug();
-}
-
-void TourPhones::setLocked(bool locked) {
-    android_->setLocked(locked);
-}
-
 void TourPhones::setStorageFull(bool full) {
     android_->faults().update([full](VirtualFaults& faults) {
         faults.errors.clear();
@@ -69,18 +49,6 @@ void TourPhones::setHeld(bool held) {
     bus.setOpenFaults(android_->config().location, faults);
     bus.setProgramsHolding(android_->config().location,
                            held ? QStringList{QStringLiteral("gvfsd-mtp (2841)")} : QStringList());
-}
-
-void TourPhones::plugInIPhone() {
-    iPhone_->plugInto(demo_->iPhones()->mux());
-}
-
-void TourPhones::unplugIPhone() {
-    iPhone_->unplug();
-}
-
-void TourPhones::setTrusted(bool trusted) {
-    iPhone_->setTrust(trusted ? VirtualTrust::trusted : VirtualTrust::asking);
 }
 
 void TourPhones::setSpeed(double megabytesPerSecond) {

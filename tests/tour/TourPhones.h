@@ -17,19 +17,22 @@ public:
         return *demo_;
     }
 
-    void plugInAndroid();
-    void unplugAndroid();
-    void plugInAnotherAndroid();
-    void unplugAnotherAndroid();
-    void setLocked(bool locked);
+    [[nodiscard]] FaultyAndroid& android() {
+        return *android_;
+    }
+    [[nodiscard]] VirtualAndroid& anotherAndroid() {
+        return *demo_->androids().back();
+    }
+    [[nodiscard]] FaultyIPhone& iPhone() {
+        return *iPhone_;
+    }
+    void plugIn(VirtualAndroid& phone) {
+        phone.plugInto(demo_->virtualBus());
+    }
     /// The next uploads find the storage full, or not.
     void setStorageFull(bool full);
     /// Another program holds the phone, or not.
     void setHeld(bool held);
-
-    void plugInIPhone();
-    void unplugIPhone();
-    void setTrusted(bool trusted);
 
     /// Megabytes a second of both; 0 for no limit.
     void setSpeed(double megabytesPerSecond);

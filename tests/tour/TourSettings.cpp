@@ -1,6 +1,5 @@
-#include "tour/TourSettings.h"
-
 #include "app/LanguageManager.h"
+#include "tour/Tour.h"
 #include "views/dialogs/WirelessDialog.h"
 #include "views/settings/SettingsWindow.h"
 
@@ -10,6 +9,8 @@
 #include <QTabWidget>
 
 namespace tessary {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -40,7 +41,7 @@ void tourSettings(TourStage& stage) {
     window.showSettings();
     auto* settings = window.findChild<SettingsWindow*>();
     for (const char* name : {"general", "sync", "updates", "about"}) {
-        stage.shoot(QStringLiteral("settings-") + QString::fromLatin1(name));
+        stage.shoot(u"settings-"_s + QString::fromLatin1(name));
         settings->tabs().setCurrentIndex(settings->tabs().currentIndex() + 1);
     }
     settings->tabs().setCurrentIndex(0);
@@ -54,19 +55,19 @@ void tourWireless(TourStage& stage) {
     stage.waitFor("the phones on the network",
                   [&] { return dialog->phones().phones().size() == 2; });
     dialog->findChild<QListWidget*>()->setCurrentRow(0);
-    stage.shoot(QStringLiteral("wireless-devices"));
+    stage.shoot(u"wireless-devices"_s);
     dialog->hide();
 }
 
 void tourLanguages(TourStage& stage) {
     MainWindow& window = stage.window();
     LanguageManager& languages = LanguageManager::shared();
-    stage.open(QStringLiteral("/sdcard"));
+    stage.open(u"/sdcard"_s);
     for (const AppLanguage language : {AppLanguage::de, AppLanguage::ja}) {
         languages.setSelectedLanguage(language);
-        stage.shoot(QStringLiteral("language-") + rawValue(language));
+        stage.shoot(u"language-"_s + rawValue(language));
         window.showSettings();
-        stage.shoot(QStringLiteral("settings-") + rawValue(language));
+        stage.shoot(u"settings-"_s + rawValue(language));
         window.findChild<SettingsWindow*>()->hide();
     }
     languages.setSelectedLanguage(AppLanguage::system);
@@ -75,17 +76,17 @@ void tourLanguages(TourStage& stage) {
 void tourDark(TourStage& stage) {
     MainWindow& window = stage.window();
     QApplication::setPalette(darkPalette());
-    stage.selectNamed({QStringLiteral("Documents")});
-    stage.shoot(QStringLiteral("dark-list"));
+    stage.selectNamed({u"Documents"_s});
+    stage.shoot(u"dark-list"_s);
     window.choice().showPhone();
-    stage.shoot(QStringLiteral("dark-phone"));
-    window.browser().goBack();
-    stage.open(QStringLiteral("/sdcard/DCIM/Camera"));
-    window.browser().setViewMode(ViewMode::grid);
-    stage.shoot(QStringLiteral("dark-grid"));
-    window.browser().setViewMode(ViewMode::list);
+    stage.shoot(u"dark-phone"_s);
+    stage.browser().goBack();
+    stage.open(u"/sdcard/DCIM/Camera"_s);
+    stage.browser().setViewMode(ViewMode::grid);
+    stage.shoot(u"dark-grid"_s);
+    stage.browser().setViewMode(ViewMode::list);
     window.showSettings();
-    stage.shoot(QStringLiteral("dark-settings"));
+    stage.shoot(u"dark-settings"_s);
     window.findChild<SettingsWindow*>()->hide();
     QApplication::setPalette(QPalette());
 }

@@ -1,7 +1,7 @@
 #include "tour/TourStage.h"
 #include "support/ShownItems.h"
+#include "views/listing/ThumbnailStore.h"
 
-#include <QAbstractItemView>
 #include <QApplication>
 #include <QDialog>
 #include <QDir>
@@ -17,8 +17,7 @@ namespace tessary {
 
 namespace {
 
-constexpr qint64 sampleSize = 9'000'000; // bytes
-constexpr int stepLimit = 20'000;        // ms that a step may take
+constexpr int stepLimit = 20'000; // ms that a step may take
 
 /// What stands in front of the window; null when nothing does.
 QWidget* openDialog(const QWidget& window) {
@@ -98,9 +97,39 @@ void TourStage::shoot(const QString& name, QWidget& window) {
     watch_->restart();
 }
 
+void TourStage::shootSmall(const QString& name) {
+    const QSize size = window_.size();
+    window_.resize(800, 500);
+    shoot(name);
+    window_.resize(size);
+}
+
+void TourStage::shootPictures(const QString& name, QAbstractItemView& view, const QWidget& page) {
+    view.viewport()->repaint(); // what is painted is asked for
+    waitFor("the thumbnails",
+            [store = page.findChild<ThumbnailStore*>()] { return store->isIdle(); });
+    shoot(name);
+}
+
+void TourStage::waitForFolder() {
+    waitFor("a folder", [this] { return !browser().isLoading(); });
+}
+
+void TourStage::waitForCopy() {
+    waitFor("a running copy", [this] {
+        const auto& jobs = window_.copyQueue().jobs();
+        return !jobs.empty() && jobs.back().fractionDone() > 0.25;
+    });
+}
+
+void TourStage::endCopies() {
+    phones_.setSpeed(0);
+    waitFor("the end of the copies", [this] { return window_.copyQueue().summary().isIdle(); });
+}
+
 void TourStage::open(const QString& path) {
-    window_.browser().navigateTo(path);
-    waitFor("a folder", [this] { return !window_.browser().isLoading(); });
+    browser().navigateTo(path);
+    waitForFolder();
 }
 
 void TourStage::press(Qt::Key key, Qt::KeyboardModifiers keys) {
@@ -108,25 +137,29 @@ void TourStage::press(Qt::Key key, Qt::KeyboardModifiers keys) {
         window_.activateWindow();
         return QApplication::activeWindow() == &window_;
     });
-    QAbstractItemView& listing = window_.browserView().currentListing();
-    listing.setFocus();
-    QTest::keyClick(&listing, key, keys);
+    listing().setFocus();
+    QTest::keyClick(&listing(), key, keys);
 }
 
 void TourStage::selectNamed(const QStringList& names) {
-    FileBrowserViewModel& browser = window_.browser();
     SelectionChange how = SelectionChange::replace;
-    for (const FileItem& item : shownItems(browser)) {
+    for (const FileItem& item : shownItems(browser())) {
         if (!names.contains(item.name))
             continue;
-        browser.selection().select(item.id(), how);
+        browser().selection().select(item.id(), how);
         how = SelectionChange::toggle;
     }
 }
 
-QString TourStage::writeSample(const QString& path) {
+void TourStage::write(const QString& path, const QByteArray& content) {
     QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || !file.resize(sampleSize))
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+        throw std::runtime_error("cannot write a file");
+}
+
+QString TourStage::writeSample(const QString& path, qint64 size) {
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || !file.resize(size))
         throw std::runtime_error("cannot write a sample file");
     return path;
 }

@@ -4,6 +4,7 @@
 #include "tour/TourPhones.h"
 #include "views/window/MainWindow.h"
 
+#include <QAbstractItemView>
 #include <QString>
 #include <QTemporaryDir>
 
@@ -26,6 +27,15 @@ public:
     [[nodiscard]] MainWindow& window() {
         return window_;
     }
+    [[nodiscard]] FileBrowserViewModel& browser() {
+        return window_.browser();
+    }
+    [[nodiscard]] const BrowserActions& actions() {
+        return window_.browserView().actions();
+    }
+    [[nodiscard]] QAbstractItemView& listing() {
+        return window_.browserView().currentListing();
+    }
     [[nodiscard]] TourPhones& phones() {
         return phones_;
     }
@@ -36,6 +46,12 @@ public:
 
     /// Lets the window work until `condition` holds.
     void waitFor(const char* what, const std::function<bool()>& condition);
+    /// Until the folder that is opened is read.
+    void waitForFolder();
+    /// Until the newest copy can be seen running, of phones that were slowed down.
+    void waitForCopy();
+    /// The phones are fast again and all copies come to their end.
+    void endCopies();
     void open(const QString& path);
     /// A key of the listing's.
     void press(Qt::Key key, Qt::KeyboardModifiers keys);
@@ -45,10 +61,15 @@ public:
         shoot(name, window_);
     }
     void shoot(const QString& name, QWidget& window);
+    /// The same of the window with little room.
+    void shootSmall(const QString& name);
+    /// The same once `page` has all the small pictures that its view shows.
+    void shootPictures(const QString& name, QAbstractItemView& view, const QWidget& page);
     /// The same of the next menu or question, which runs a loop of its own; it is closed then.
     void shootWhenOpen(const QString& name);
-    /// Makes a local file that takes a while to copy.
-    static QString writeSample(const QString& path);
+    static void write(const QString& path, const QByteArray& content);
+    /// Makes a local file of zeros, of a size (in bytes) that takes a while to copy.
+    static QString writeSample(const QString& path, qint64 size = 9'000'000);
 
     [[nodiscard]] int pictures() const {
         return number_;

@@ -1,4 +1,4 @@
-#include "tour/TourSync.h"
+#include "tour/Tour.h"
 
 #include <QAction>
 #include <QDialog>
@@ -9,22 +9,14 @@
 
 namespace tessary {
 
-namespace {
-
-void writeFile(const QString& path, const QByteArray& content) {
-    QFile file(path);
-    if (file.open(QIODevice::WriteOnly))
-        file.write(content);
-}
-
-} // namespace
+using namespace Qt::StringLiterals;
 
 void tourSync(TourStage& stage) {
     MainWindow& window = stage.window();
     SyncViewModel& sync = window.sync();
-    stage.open(QStringLiteral("/sdcard/Documents"));
-    window.browserView().actions().sync->trigger();
-    auto* panel = window.findChild<QWidget*>(QStringLiteral("syncPanel"));
+    stage.open(u"/sdcard/Documents"_s);
+    stage.actions().sync->trigger();
+    auto* panel = window.findChild<QWidget*>(u"syncPanel"_s);
     panel->hide();
 
     const auto front = [&](const char* name) -> QDialog* {
@@ -38,22 +30,17 @@ void tourSync(TourStage& stage) {
         return front(name);
     };
     QMetaObject::invokeMethod(
-        panel,
-        [panel] {
-            for (QPushButton* button : panel->findChildren<QPushButton*>())
-                if (button->objectName() == QStringLiteral("makePair"))
-                    button->click();
-        },
+        panel, [panel] { panel->findChild<QPushButton*>(u"makePair"_s)->click(); },
         Qt::QueuedConnection);
     QDialog* sheet = shown("syncPairSheet");
-    const QString local = stage.local().filePath(QStringLiteral("Documents"));
+    const QString local = stage.local().filePath(u"Documents"_s);
     QDir().mkpath(local);
-    sheet->findChild<QLineEdit*>(QStringLiteral("syncLocalFolder"))->setText(local);
-    stage.shoot(QStringLiteral("sync-sheet"));
+    sheet->findChild<QLineEdit*>(u"syncLocalFolder"_s)->setText(local);
+    stage.shoot(u"sync-sheet"_s);
     sheet->accept();
     QDialog* preview = shown("syncPreview");
     stage.waitFor("the preview", [&] { return sync.preview() && sync.preview()->plan; });
-    stage.shoot(QStringLiteral("sync-preview"));
+    stage.shoot(u"sync-preview"_s);
     preview->accept();
     const auto hasRun = [&] { return !sync.manager().isRunning(); };
     stage.waitFor("the sync", hasRun);
@@ -64,43 +51,43 @@ void tourSync(TourStage& stage) {
     const QUuid pair = sync.manager().syncPairs().front().id;
     sync.run(pair);
     QDialog* question = shown("syncQuestion");
-    stage.shoot(QStringLiteral("sync-question"));
+    stage.shoot(u"sync-question"_s);
     question->reject();
     stage.waitFor("the sync", hasRun);
-    window.browserView().actions().sync->trigger();
+    stage.actions().sync->trigger();
     stage.waitFor("the sync menu", [&] { return panel->isVisible(); });
-    stage.shoot(QStringLiteral("sync-menu"));
+    stage.shoot(u"sync-menu"_s);
     panel->hide();
 
     // A deletion and a conflict, to be decided one by one, and what cannot be synced at all.
     const QDir here(local);
     const QDir there(stage.phones().demo().androids().front()->config().storages.front().folder +
-                     QStringLiteral("/Documents"));
-    here.mkpath(QStringLiteral("Letters"));
-    writeFile(here.filePath(QStringLiteral("Letters/To Ann.txt")), "Dear Ann");
-    writeFile(there.filePath(QStringLiteral("Letters")), "a file");
-    writeFile(here.filePath(QStringLiteral("Plan.txt")), "as it is here");
-    writeFile(there.filePath(QStringLiteral("Plan.txt")), "as it is on the phone");
-    writeFile(here.filePath(QStringLiteral("New.txt")), "new");
+                     u"/Documents"_s);
+    here.mkpath(u"Letters"_s);
+    TourStage::write(here.filePath(u"Letters/To Ann.txt"_s), "Dear Ann");
+    TourStage::write(there.filePath(u"Letters"_s), "a file");
+    TourStage::write(here.filePath(u"Plan.txt"_s), "as it is here");
+    TourStage::write(there.filePath(u"Plan.txt"_s), "as it is on the phone");
+    TourStage::write(here.filePath(u"New.txt"_s), "new");
     sync.requestPreview(*sync.manager().pair(pair));
     preview = shown("syncPreview");
     stage.waitFor("the preview", [&] { return sync.preview() && sync.preview()->plan; });
-    stage.shoot(QStringLiteral("sync-decisions"));
+    stage.shoot(u"sync-decisions"_s);
     preview->accept();
     stage.waitFor("the sync", hasRun);
     stage.waitFor("the banner", [&] { return sync.troubledPair().has_value(); });
-    stage.shoot(QStringLiteral("sync-banner"));
+    stage.shoot(u"sync-banner"_s);
     sync.requestReports(pair);
     QDialog* reports = shown("syncReports");
     stage.waitFor("the report", [&] {
         auto* runs = reports->findChild<QListWidget*>();
         return runs != nullptr && runs->count() > 0;
     });
-    stage.shoot(QStringLiteral("sync-report"));
+    stage.shoot(u"sync-report"_s);
     reports->reject();
     sync.requestEdit(pair);
     sheet = shown("syncPairSheet");
-    stage.shoot(QStringLiteral("sync-edit"));
+    stage.shoot(u"sync-edit"_s);
     sheet->reject();
 }
 
