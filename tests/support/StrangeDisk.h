@@ -106,11 +106,16 @@ private:
         }
         return reached.toUtf8();
     }
-    /// Counts a request. Less than 0: it fails so.
-    [[nodiscard]] static int fault() {
+    /// Carries a request out, unless it is the one that fails.
+    template <auto work, typename... Arguments>
+    static int orFails(Arguments... arguments) {
         StrangeDisk& disk = *instance();
-        const std::scoped_lock lock(disk.mutex_);
-        return ++disk.requests_ == disk.failing_ ? -disk.error_ : 0;
+        {
+            const std::scoped_lock lock(disk.mutex_);
+            if (++disk.requests_ == disk.failing_)
+                return -disk.error_;
+        }
+        return work(arguments...);
     }
     /// 0, or what is against a new entry of this path.
     [[nodiscard]] int refusalOf(const char* path) const {
@@ -122,6 +127,9 @@ private:
         for (const QString& name : names())
             bytes += QFileInfo(behind_.path(QStringLiteral("files/") + name)).size();
         return bytes;
+    }
+    [[nodiscard]] bool hasRoomFor(std::size_t more) const {
+        return options_.capacity == 0 || used() + static_cast<qint64>(more) <= options_.capacity;
     }
     static int answer(int result) {
         return result < 0 ? -errno : 0;
@@ -141,12 +149,10 @@ private:
             config->nullpath_ok = 1; // and then has no path
             return nullptr;
         };
-        calls.getattr = [](const char* path, struct stat* facts, fuse_file_info* info) {
-            if (const int failure = fault(); failure != 0)
-                return failure;
+        calls.getattr = orFails<[](const char* path, struct stat* facts, fuse_file_info* info) {
             return answer(path != nullptr ? ::lstat(instance()->at(path), facts)
                                           : ::fstat(static_cast<int>(info->fh), facts));
-        };
+        }>;
         calls.opendir = [](const char* path, fuse_file_info* info) {
             const int folder = ::open(instance()->at(path), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
             info->fh = static_cast<std::uint64_t>(folder);
@@ -155,10 +161,8 @@ private:
         calls.releasedir = [](const char*, fuse_file_info* info) {
             return answer(::close(static_cast<int>(info->fh)));
         };
-        calls.readdir = [](const char*, void* buffer, fuse_fill_dir_t fill, off_t,
-                           fuse_file_info* info, fuse_readdir_flags) {
-            if (const int failure = fault(); failure != 0)
-                return failure;
+        calls.readdir = orFails<[](const char*, void* buffer, fuse_fill_dir_t fill, off_t,
+                                   fuse_file_info* info, fuse_readdir_flags) {
             DIR* const folder = ::fdopendir(::dup(static_cast<int>(info->fh)));
             if (folder == nullptr)
                 return -errno;
@@ -167,86 +171,63 @@ private:
                 fill(buffer, entry->d_name, nullptr, 0, {});
             ::closedir(folder);
             return 0;
-        };
-        calls.open = [](const char* path, fuse_file_info* info) {
-            if (const int failure = fault(); failure != 0)
-                return failure;
+        }>;
+        calls.open = orFails<[](const char* path, fuse_file_info* info) {
             const int file = ::open(instance()->at(path), info->flags & O_ACCMODE);
             info->fh = static_cast<std::uint64_t>(file);
             return answer(file);
-        };
-        calls.create = [](const char* path, mode_t mode, fuse_file_info* info) {
-            if (const int failure = fault(); failure != 0)
-                return failure;
+        }>;
+        calls.create = orFails<[](const char* path, mode_t mode, fuse_file_info* info) {
             if (const int refusal = instance()->refusalOf(path); refusal != 0)
                 return refusal;
             const int file = ::open(instance()->at(path), O_CREAT | O_EXCL | O_RDWR, mode);
             info->fh = static_cast<std::uint64_t>(file);
             return changed(file);
-        };
-        calls.read = [](const char*, char* into, std::size_t size, off_t offset,
-                        fuse_file_info* info) {
-            if (const int failure = fault(); failure != 0)
-                return failure;
+        }>;
+        calls.read = orFails<[](const char*, char* into, std::size_t size, off_t offset,
+                                fuse_file_info* info) {
             return static_cast<int>(::pread(static_cast<int>(info->fh), into, size, offset));
-        };
-        calls.write = [](const char*, const char* bytes, std::size_t size, off_t offset,
-                         fuse_file_info* info) {
-            if (const int failure = fault(); failure != 0)
-                return failure;
-            const Options& options = instance()->options_;
-            if (options.capacity > 0 &&
-                instance()->used() + static_cast<qint64>(size) > options.capacity)
+        }>;
+        calls.write = orFails<[](const char*, const char* bytes, std::size_t size, off_t offset,
+                                 fuse_file_info* info) {
+            if (!instance()->hasRoomFor(size))
                 return -ENOSPC;
             const auto done = ::pwrite(static_cast<int>(info->fh), bytes, size, offset);
             const int failure = changed(static_cast<int>(done));
             return failure != 0 ? failure : static_cast<int>(done);
-        };
+        }>;
         calls.truncate = [](const char* path, off_t size, fuse_file_info* info) {
             return changed(path != nullptr ? ::truncate(instance()->at(path), size)
                                            : ::ftruncate(static_cast<int>(info->fh), size));
         };
-        calls.flush = [](const char*, fuse_file_info*) { return fault(); };
-        calls.fsync = [](const char*, int, fuse_file_info*) { return fault(); };
+        calls.flush = orFails<[](const char*, fuse_file_info*) { return 0; }>;
+        calls.fsync = orFails<[](const char*, int, fuse_file_info*) { return 0; }>;
         calls.release = [](const char*, fuse_file_info* info) {
             return answer(::close(static_cast<int>(info->fh)));
         };
-        calls.mkdir = [](const char* path, mode_t mode) {
-            if (const int failure = fault(); failure != 0)
-                return failure;
+        calls.mkdir = orFails<[](const char* path, mode_t mode) {
             if (const int refusal = instance()->refusalOf(path); refusal != 0)
                 return refusal;
             return changed(::mkdir(instance()->at(path), mode));
-        };
-        calls.unlink = [](const char* path) {
-            if (const int failure = fault(); failure != 0)
-                return failure;
-            return changed(::unlink(instance()->at(path)));
-        };
-        calls.rmdir = [](const char* path) {
-            if (const int failure = fault(); failure != 0)
-                return failure;
-            return changed(::rmdir(instance()->at(path)));
-        };
-        calls.rename = [](const char* from, const char* to, unsigned flags) {
-            if (const int failure = fault(); failure != 0)
-                return failure;
+        }>;
+        calls.unlink =
+            orFails<[](const char* path) { return changed(::unlink(instance()->at(path))); }>;
+        calls.rmdir =
+            orFails<[](const char* path) { return changed(::rmdir(instance()->at(path))); }>;
+        calls.rename = orFails<[](const char* from, const char* to, unsigned flags) {
             if (flags != 0)
                 return -EINVAL; // as many do not know them
             if (const int refusal = instance()->refusalOf(to); refusal != 0)
                 return refusal;
             return changed(::rename(instance()->at(from), instance()->at(to)));
-        };
-        calls.utimens = [](const char* path, const timespec times[2], fuse_file_info* info) {
-            if (const int failure = fault(); failure != 0)
-                return failure;
-            return changed(path != nullptr ? ::utimensat(AT_FDCWD, instance()->at(path), times,
-                                                         AT_SYMLINK_NOFOLLOW)
-                                           : ::futimens(static_cast<int>(info->fh), times));
-        };
-        calls.statfs = [](const char*, struct statvfs* facts) {
-            if (const int failure = fault(); failure != 0)
-                return failure;
+        }>;
+        calls.utimens =
+            orFails<[](const char* path, const timespec times[2], fuse_file_info* info) {
+                return changed(path != nullptr ? ::utimensat(AT_FDCWD, instance()->at(path), times,
+                                                             AT_SYMLINK_NOFOLLOW)
+                                               : ::futimens(static_cast<int>(info->fh), times));
+            }>;
+        calls.statfs = orFails<[](const char*, struct statvfs* facts) {
             constexpr unsigned long block = 512;
             const Options& options = instance()->options_;
             facts->f_bsize = facts->f_frsize = block;
@@ -257,7 +238,7 @@ private:
                                                         : options.capacity - instance()->used();
             facts->f_bfree = facts->f_bavail = static_cast<fsblkcnt_t>(free) / block;
             return 0;
-        };
+        }>;
         return calls;
     }
 

@@ -22,13 +22,6 @@ protected:
     std::unique_ptr<PhoneFileSystem> open() override {
         return std::make_unique<LocalFileSystem>(phoneFolder());
     }
-    void forgetRequests() override {}
-    std::size_t requestCount() override {
-        return 0;
-    }
-    QStringList openedFiles() override {
-        return {};
-    }
 
     StrangeDisk disk_{{}};
     const TemporaryFolder phone_;

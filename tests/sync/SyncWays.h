@@ -25,11 +25,15 @@ protected:
     /// A connection of its own, as every program has one.
     [[nodiscard]] virtual std::unique_ptr<PhoneFileSystem> open() = 0;
     /// Forgets what the phone was asked so far.
-    virtual void forgetRequests() = 0;
+    virtual void forgetRequests() {}
     /// How many it has been asked since.
-    [[nodiscard]] virtual std::size_t requestCount() = 0;
+    [[nodiscard]] virtual std::size_t requestCount() {
+        return 0;
+    }
     /// Files of the phone that were read or written since, by their last name.
-    [[nodiscard]] virtual QStringList openedFiles() = 0;
+    [[nodiscard]] virtual QStringList openedFiles() {
+        return {};
+    }
 
     /// One run of a program of its own.
     SyncReport run() {
@@ -148,21 +152,18 @@ protected:
     std::unique_ptr<PhoneFileSystem> open() override {
         PhoneIdentity phone;
         phone.udid = phone.serialNumber = serial();
-        ADBServerAddress address;
-        address.port = server_.port();
         return std::make_unique<ADBFileSystem>(
             phone, std::make_shared<PhoneQueue>(),
-            std::make_shared<ADBServerConnection>(std::make_shared<ADBServerClient>(address),
-                                                  ADBPhoneSought{serial(), {}}));
+            std::make_shared<ADBServerConnection>(
+                std::make_shared<ADBServerClient>(
+                    ADBServerAddress{.port = server_.port(), .socketPath = {}}),
+                ADBPhoneSought{serial(), {}}));
     }
     void forgetRequests() override {
         adbd_->clearLog();
     }
     std::size_t requestCount() override {
         return adbd_->requests().size();
-    }
-    QStringList openedFiles() override {
-        return {};
     }
 };
 

@@ -9,7 +9,6 @@
 #include "transfer/mount/PhoneMount.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <map>
 
@@ -29,10 +28,9 @@ protected:
     }
     CopyOutcome download(const Contents& contents, ClashAnswer answer = ClashAnswer::keepBoth) {
         phone.fill(contents, noon);
-        TreeCopyRequest request{.from = phone.files(), .to = files, .folder = disk->path()};
-        request.policy = [answer](const Clash&) { return answer; };
-        for (const FileItem& item : phone.items())
-            request.items.push_back({item, item.name});
+        TreeCopyRequest request = requestFor(phone, here, answer);
+        request.to = files;
+        request.folder = disk->path();
         return run(std::move(request));
     }
 
