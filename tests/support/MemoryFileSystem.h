@@ -1,11 +1,11 @@
 #pragma once
 
 #include "phone/PhoneFileSystem.h"
+#include "support/FileBytes.h"
 #include "support/MemoryFiles.h"
 #include "support/MemoryRequests.h"
 
 #include <QCryptographicHash>
-#include <QStringList>
 
 #include <algorithm>
 #include <functional>
@@ -52,8 +52,7 @@ public:
     }
 
     void list(const QString& folder, const ListingReceiver& receiver, const Call& call) override {
-        const Step step(*this, options_.queue, {.operation = Operation::list, .path = folder},
-                        call);
+        const Step step = begin(Operation::list, folder, call);
         std::vector<FileItem> rows;
         std::vector<UnreadableEntry> unreadable;
         qsizetype cutAfter = -1;
@@ -88,7 +87,7 @@ public:
     }
 
     [[nodiscard]] std::optional<FileItem> find(const QString& path, const Call& call) override {
-        const Step step(*this, options_.queue, {.operation = Operation::find, .path = path}, call);
+        const Step step = begin(Operation::find, path, call);
         const std::scoped_lock lock(treeMutex_);
         const Node* const node = exactly(path);
         if (node == nullptr)
@@ -100,8 +99,7 @@ public:
 
     qint64 read(const FileItem& file, ByteRange range, const ByteSink& sink,
                 const Call& call) override {
-        Step step(*this, options_.queue,
-                  {.operation = Operation::read, .path = file.path, .range = range}, call);
+        Step step = begin(Operation::read, file.path, call, {}, range);
         if (range.offset != 0 && !options_.capabilities.readsRanges)
             throw std::logic_error("a read from an offset without readsRanges");
         QByteArray content;
@@ -131,7 +129,7 @@ public:
     FileItem write(const NewFile& file, const ByteSource& source, const ByteProgress& progress,
                    const Call& call) override {
         const QString path = joinPath(file.folder, file.name);
-        Step step(*this, options_.queue, {.operation = Operation::write, .path = path}, call);
+        Step step = begin(Operation::write, path, call);
         requireWritable(path);
         {
             const std::scoped_lock lock(treeMutex_);
@@ -175,14 +173,7 @@ public:
         std::vector<std::optional<QByteArray>> contents;
         for (const FileItem& file : files)
             contents.push_back(attempted([&] {
-                QByteArray content;
-                (void)read(
-                    file, {},
-                    [&](ByteView bytes) {
-                        content.append(reinterpret_cast<const char*>(bytes.data()),
-                                       static_cast<qsizetype>(bytes.size()));
-                    },
-                    call);
+                QByteArray content = readBytes(*this, file, {}, call);
                 if (content.size() != file.size)
                     throw Error(PhoneError::wrongSize, {file.path});
                 return content;
@@ -199,18 +190,9 @@ public:
         qint64 before = 0;
         for (std::size_t n = 0; n < files.size(); ++n) {
             const SmallFile& file = files[n];
-            qsizetype at = 0;
-            const auto source = [&](std::span<std::byte> to) {
-                const auto count =
-                    std::min(static_cast<qsizetype>(to.size()), file.content.size() - at);
-                std::copy_n(reinterpret_cast<const std::byte*>(file.content.constData()) + at,
-                            count, to.begin());
-                at += count;
-                return static_cast<std::size_t>(count);
-            };
             made.push_back(isWanted(n) ? attempted([&] {
                 return write(
-                    {folder, file.name, file.content.size(), file.modified}, source,
+                    {folder, file.name, file.content.size(), file.modified}, sourceOf(file.content),
                     [&](qint64 done) { progress(before + done); }, call);
             })
                                        : std::nullopt);
@@ -221,8 +203,7 @@ public:
 
     FileItem makeFolder(const QString& parent, const QString& name, const Call& call) override {
         const QString path = joinPath(parent, name);
-        const Step step(*this, options_.queue, {.operation = Operation::makeFolder, .path = path},
-                        call);
+        const Step step = begin(Operation::makeFolder, path, call);
         requireWritable(path);
         const std::scoped_lock lock(treeMutex_);
         Node& folder = folderAt(parent);
@@ -233,8 +214,7 @@ public:
     }
 
     void remove(const FileItem& item, const Call& call) override {
-        const Step step(*this, options_.queue, {.operation = Operation::remove, .path = item.path},
-                        call);
+        const Step step = begin(Operation::remove, item.path, call);
         requireWritable(item.path);
         const std::scoped_lock lock(treeMutex_);
         Node& node = same(item);
@@ -244,8 +224,7 @@ public:
     }
 
     void removeTree(const FileItem& item, const Call& call) override {
-        const Step step(*this, options_.queue,
-                        {.operation = Operation::removeTree, .path = item.path}, call);
+        const Step step = begin(Operation::removeTree, item.path, call);
         requireWritable(item.path);
         const std::scoped_lock lock(treeMutex_);
         takeOut(same(item));
@@ -253,9 +232,7 @@ public:
 
     FileItem rename(const FileItem& item, const QString& newName, TakenName taken,
                     const Call& call) override {
-        const Step step(*this, options_.queue,
-                        {.operation = Operation::rename, .path = item.path, .other = newName},
-                        call);
+        const Step step = begin(Operation::rename, item.path, call, newName);
         requireWritable(item.path);
         if (!options_.capabilities.renames)
             throw Error(PhoneError::notSupported, {item.path});
@@ -275,9 +252,7 @@ public:
     }
 
     FileItem move(const FileItem& item, const QString& newFolder, const Call& call) override {
-        const Step step(*this, options_.queue,
-                        {.operation = Operation::move, .path = item.path, .other = newFolder},
-                        call);
+        const Step step = begin(Operation::move, item.path, call, newFolder);
         requireWritable(item.path);
         if (!options_.capabilities.moves)
             throw Error(PhoneError::notSupported, {item.path});
@@ -295,8 +270,7 @@ public:
     }
 
     void setModified(const FileItem& file, const QDateTime& date, const Call& call) override {
-        const Step step(*this, options_.queue,
-                        {.operation = Operation::setModified, .path = file.path}, call);
+        const Step step = begin(Operation::setModified, file.path, call);
         if (!options_.capabilities.setsDates)
             throw Error(PhoneError::notSupported, {file.path});
         const std::scoped_lock lock(treeMutex_);
@@ -305,8 +279,7 @@ public:
 
     [[nodiscard]] std::optional<std::uint64_t> freeBytes(const QString& folder,
                                                          const Call& call) override {
-        const Step step(*this, options_.queue, {.operation = Operation::freeBytes, .path = folder},
-                        call);
+        const Step step = begin(Operation::freeBytes, folder, call);
         const std::scoped_lock lock(treeMutex_);
         if (!options_.capacity)
             return std::nullopt;
@@ -315,8 +288,7 @@ public:
     }
 
     [[nodiscard]] std::optional<QByteArray> hash(const FileItem& file, const Call& call) override {
-        const Step step(*this, options_.queue, {.operation = Operation::hash, .path = file.path},
-                        call);
+        const Step step = begin(Operation::hash, file.path, call);
         if (!options_.capabilities.hasHashes)
             return std::nullopt;
         const std::scoped_lock lock(treeMutex_);
@@ -324,6 +296,13 @@ public:
     }
 
 private:
+    [[nodiscard]] Step begin(Operation operation, const QString& path, const Call& call,
+                             const QString& other = {}, ByteRange range = {}) {
+        return {*this,
+                options_.queue,
+                {.operation = operation, .path = path, .other = other, .range = range},
+                call};
+    }
     template <typename Work>
     static auto attempted(const Work& work) -> std::optional<decltype(work())> {
         try {
