@@ -88,6 +88,24 @@ public:
     void there(const char* name, const QByteArray& content) {
         put(true, QString::fromUtf8(name), content);
     }
+    /// Files of their names as their content, and a run that brings them across.
+    void beginWith(std::initializer_list<const char*> names) {
+        for (const char* name : names)
+            here(name, name);
+        (void)goodRun();
+    }
+    /// As another disk would be, or another card.
+    void empty(bool onDevice) {
+        for (const auto& [name, file] : all(onDevice))
+            side(onDevice).removeQuietly(path(onDevice, name));
+    }
+    /// The phone keeps its record as it is.
+    void refuseRecord() {
+        beforeCall = [](const MemoryFileSystem::Request& request) {
+            if (request.is(MemoryFileSystem::Operation::remove, path(true, SyncManifest::fileName)))
+                throw Error(PhoneError::accessDenied, {request.path});
+        };
+    }
     void removeHere(const char* name) {
         local_.removeQuietly(path(false, QString::fromUtf8(name)));
     }

@@ -33,14 +33,12 @@ TEST(SyncRunFailuresTest, recordOfOneSideTellsOfNoDeletion) {
     const std::pair<const char*, void (*)(MemoryPair&)> rows[] = {
         {"another card, or a phone that was wiped",
          [](MemoryPair& pair) {
-             for (const auto& [name, file] : pair.all(true))
-                 pair.device().removeQuietly(MemoryPair::path(true, name));
+             pair.empty(true);
              pair.there("else", "another");
          }},
         {"another disk at the mount point",
          [](MemoryPair& pair) {
-             for (const auto& [name, file] : pair.all(false))
-                 pair.local().removeQuietly(MemoryPair::path(false, name));
+             pair.empty(false);
              pair.here("else", "another");
          }},
         {"the phone's record is an older run's",
@@ -62,9 +60,7 @@ TEST(SyncRunFailuresTest, recordOfOneSideTellsOfNoDeletion) {
     for (const auto& [name, change] : rows) {
         SCOPED_TRACE(name);
         MemoryPair pair;
-        for (const char* file : {"a", "b", "c"})
-            pair.here(file, file);
-        (void)pair.goodRun();
+        pair.beginWith({"a", "b", "c"});
         change(pair);
         pair.confirmAll();
         (void)pair.goodRun();
@@ -96,9 +92,7 @@ TEST(SyncRunFailuresTest, nothingIsRecordedThatIsNotOnTheDisk) {
 
 TEST(SyncRunFailuresTest, whatCannotBeReadIsNotGone) {
     MemoryPair pair;
-    for (const char* name : {"a", "dir/b", "dir/c", "z"})
-        pair.here(name, name);
-    (void)pair.goodRun();
+    pair.beginWith({"a", "dir/b", "dir/c", "z"});
     pair.confirmAll();
     const QString dir = MemoryPair::path(true, u"dir"_s);
     pair.device().fail(Operation::list, dir, Error(PhoneError::accessDenied, {dir}), 1);
@@ -127,9 +121,7 @@ TEST(SyncRunFailuresTest, recordThatIsRefusedOnceIsReadAllTheSame) {
 
 TEST(SyncRunFailuresTest, listingThatBreaksOffEndsTheRun) {
     MemoryPair pair;
-    for (const char* name : {"a", "b", "c", "d/e"})
-        pair.here(name, name);
-    (void)pair.goodRun();
+    pair.beginWith({"a", "b", "c", "d/e"});
     pair.confirmAll();
     pair.device().cutListing(MemoryPair::deviceRoot, 1);
     const SyncReport report = pair.run();
@@ -168,16 +160,8 @@ TEST(SyncRunFailuresTest, emptySideAndMissingFolderAreAskedAbout) {
              pair.removeHere("a");
              pair.removeHere("b");
          }},
-        {"another disk", Kind::emptySide,
-         [](MemoryPair& pair) {
-             for (const auto& [name, file] : pair.all(false))
-                 pair.local().removeQuietly(MemoryPair::path(false, name));
-         }},
-        {"another card", Kind::emptySide,
-         [](MemoryPair& pair) {
-             for (const auto& [name, file] : pair.all(true))
-                 pair.device().removeQuietly(MemoryPair::path(true, name));
-         }},
+        {"another disk", Kind::emptySide, [](MemoryPair& pair) { pair.empty(false); }},
+        {"another card", Kind::emptySide, [](MemoryPair& pair) { pair.empty(true); }},
         {"no disk", Kind::missingLocalFolder,
          [](MemoryPair& pair) { pair.local().removeQuietly(MemoryPair::localRoot); }},
     };
@@ -210,11 +194,7 @@ TEST(SyncRunFailuresTest, recordThatCannotBeStoredIsReported) {
     (void)pair.goodRun();
     pair.here("a", "2");
     pair.here("b", "2");
-    const QString manifest = MemoryPair::path(true, SyncManifest::fileName);
-    pair.beforeCall = [&](const MemoryFileSystem::Request& request) {
-        if (request.is(Operation::remove, manifest))
-            throw Error(PhoneError::accessDenied, {manifest});
-    };
+    pair.refuseRecord();
     const SyncReport report = pair.runTo(Outcome::incomplete);
     ASSERT_EQ(report.skipped.size(), 1U);
     EXPECT_TRUE(report.skipped[0].reason.is(SyncError::recordNotStored));
@@ -230,11 +210,7 @@ TEST(SyncRunFailuresTest, movedFileThatARecordStillNamesKeepsItsSource) {
     (void)pair.goodRun();
     pair.pair.syncMode = SyncMode::toMac;
     pair.pair.moveFilesEnabled = true;
-    const QString manifest = MemoryPair::path(true, SyncManifest::fileName);
-    pair.beforeCall = [&](const MemoryFileSystem::Request& request) {
-        if (request.is(Operation::remove, manifest))
-            throw Error(PhoneError::accessDenied, {manifest});
-    };
+    pair.refuseRecord();
     EXPECT_TRUE(paths(pair.runTo(Outcome::incomplete).skipped).contains(u"a"_s));
     EXPECT_EQ(pair.thereContents(), "a=1");
     pair.beforeCall = nullptr;
@@ -266,9 +242,7 @@ TEST(SyncRunFailuresTest, openQuestionHoldsUpNobodyAndIsAskedAgainWhereItChanged
     const TemporaryFolder folder;
     MemoryPair pair;
     pair.lockFile = folder.path(u"runs.lock"_s);
-    for (const char* name : {"a", "b", "c"})
-        pair.here(name, name);
-    (void)pair.goodRun();
+    pair.beginWith({"a", "b", "c"});
     pair.removeHere("a");
     pair.removeHere("b");
     pair.answer = [&](const SyncQuestion& question) {

@@ -180,9 +180,7 @@ TEST(SyncRunTest, previewShowsWhatALastRunLeftAndFinishesNothing) {
 
 TEST(SyncRunTest, whatWasDecidedAtAPreviewIsNotAskedAgain) {
     MemoryPair pair;
-    for (const char* name : {"a", "b", "c"})
-        pair.here(name, name);
-    (void)pair.goodRun();
+    pair.beginWith({"a", "b", "c"});
     pair.removeHere("a");
     pair.removeHere("b");
     pair.decisions.deletions = {u"a"_s};
@@ -199,9 +197,7 @@ TEST(SyncRunTest, whatWasDecidedAtAPreviewIsNotAskedAgain) {
 TEST(SyncRunTest, patternsLeaveOut) {
     MemoryPair pair;
     pair.pair.patterns = {u"*.tmp"_s, u"/build/"_s};
-    for (const char* name : {"a", "a.tmp", "build/x", "d/build/y", ".DS_Store"})
-        pair.here(name, name);
-    (void)pair.goodRun();
+    pair.beginWith({"a", "a.tmp", "build/x", "d/build/y", ".DS_Store"});
     EXPECT_EQ(pair.thereContents(), ".DS_Store=.DS_Store a=a d/build/y=d/build/y");
     // What is left out from now on is not deleted.
     pair.pair.patterns.append(u"a"_s);
