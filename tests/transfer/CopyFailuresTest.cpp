@@ -6,7 +6,6 @@
 #include "transfer/copy/Leftovers.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace tessary {
 namespace {
@@ -64,43 +63,36 @@ TEST(TreeCopyErrors, oneItemIsLeftOutAndThePhoneEndsAll) {
     const struct {
         const char* name;
         std::function<void(MemoryFileSystem&)> fault;
-        CopyOutcome::End end;
-        QStringList there;
+        const char* there;
         QStringList leftOut;
     } rows[] = {
         {"one cannot be read",
          [&](auto& phone) {
              phone.fail(Operation::read, b, {PhoneError::accessDenied, {b}});
          },
-         CopyOutcome::End::incomplete,
-         {s("a"), s("c"), s("d/"), s("d/e")},
+         "a c d/ d/e",
          {s("b: accessDenied")}},
         {"one breaks off",
          [&](auto& phone) {
              phone.failAfterBytes(Operation::read, b, 700'000, {PhoneError::unreadable, {b}});
          },
-         CopyOutcome::End::incomplete,
-         {s("a"), s("c"), s("d/"), s("d/e")},
+         "a c d/ d/e",
          {s("b: unreadable")}},
         {"one is shorter than announced",
          [&](auto& phone) { phone.announce(b, film.size() + 1); },
-         CopyOutcome::End::incomplete,
-         {s("a"), s("c"), s("d/"), s("d/e")},
+         "a c d/ d/e",
          {s("b: wrongSize")}},
         {"one goes on and on",
          [&](auto& phone) { phone.announce(b, film.size() - FileStream::slack - 1); },
-         CopyOutcome::End::incomplete,
-         {s("a"), s("c"), s("d/"), s("d/e")},
+         "a c d/ d/e",
          {s("b: wrongSize")}},
         {"one has grown a little",
          [&](auto& phone) { phone.announce(b, film.size() - 1000); },
-         CopyOutcome::End::done,
-         {s("a"), s("b"), s("c"), s("d/"), s("d/e")},
+         "a b c d/ d/e",
          {}},
         {"a folder's listing breaks off",
          [&](auto& phone) { phone.cutListing(s("/side/d"), 1); },
-         CopyOutcome::End::incomplete,
-         {s("a"), s("b"), s("c")},
+         "a b c",
          {s("d: listingBroken")}},
     };
     for (const auto& row : rows) {
@@ -115,8 +107,9 @@ TEST(TreeCopyErrors, oneItemIsLeftOutAndThePhoneEndsAll) {
         for (CopyItem& item : request.items)
             item.item = source.memory->item(item.item.path);
         const CopyOutcome outcome = run(std::move(request));
-        EXPECT_EQ(outcome.end(), row.end);
-        EXPECT_EQ(target.contents().keys(), row.there);
+        EXPECT_EQ(outcome.end(),
+                  row.leftOut.isEmpty() ? CopyOutcome::End::done : CopyOutcome::End::incomplete);
+        EXPECT_EQ(target.contents().keys().join(u' '), s(row.there));
         EXPECT_EQ(namesLeftOut(outcome), row.leftOut);
     }
 }

@@ -8,7 +8,6 @@
 #include "transfer/copy/ProgressPacer.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <chrono>
 
@@ -44,12 +43,12 @@ struct Row {
     const char* name;
     Contents source;
     Contents target;
-    ClashAnswer answer = ClashAnswer::keepBoth;
-    bool skipsSame = false;
-    int targetIsNewerBy = 0; ///< seconds
+    ClashAnswer answer;
     Contents expected;
     qint64 copied = 0;
     qint64 stayed = 0;
+    bool skipsSame = false;
+    int targetIsNewerBy = 0; ///< seconds
     QStringList leftOut{};
 };
 
@@ -71,101 +70,36 @@ TEST_P(TreeCopyOverWays, rows) {
     Contents pieces;
     for (const int size : {1, 65'535, 65'536, 65'537, 131'071, 131'072, 131'073})
         pieces[QString::number(size)] = manyBytes(size);
+    const Contents longer{{s("c.txt"), "longer"}};
+    const Contents numbered{{s("c.txt"), "short"}, {s("c (2).txt"), "longer"}};
+    const Contents onlyNew{{s("a.txt"), "same"}, {s("b.txt"), "new"}, {s("c.txt"), "short"}};
+    Contents newBeside = onlyNew;
+    newBeside[s("c (2).txt")] = "longer";
+    const Contents same{{s("a.txt"), "same"}};
+    const Contents other{{s("a.txt"), "else"}};
+    const Contents kinds{{s("a"), "file"}, {s("b/"), {}}, {s("b/x"), "x"}, {s("c"), "c"}};
+    const Contents otherKinds{{s("a/"), {}}, {s("a/y"), "y"}, {s("b"), "file"}};
+    Contents bothKinds = otherKinds;
+    bothKinds[s("c")] = "c";
+    const QStringList inTheWay{s("a: folderInTheWay"), s("b: fileInTheWay")};
+    using enum ClashAnswer;
     const std::vector<Row> rows{
-        {.name = "a tree", .source = tree, .target = {}, .expected = tree, .copied = 4},
-        {.name = "both are kept", .source = coming, .target = old, .expected = both, .copied = 2},
-        {.name = "folders merge",
-         .source = coming,
-         .target = old,
-         .answer = ClashAnswer::merge,
-         .expected = merged,
-         .copied = 2},
-        {.name = "what is there stays",
-         .source = coming,
-         .target = old,
-         .answer = ClashAnswer::skip,
-         .expected = old,
-         .stayed = 2},
-        {.name = "replaced",
-         .source = coming,
-         .target = old,
-         .answer = ClashAnswer::replace,
-         .expected = coming,
-         .copied = 2},
-        {.name = "older ones are replaced",
-         .source = coming,
-         .target = old,
-         .answer = ClashAnswer::replaceOlder,
-         .targetIsNewerBy = -60,
-         .expected = coming,
-         .copied = 2},
-        {.name = "newer ones stay",
-         .source = coming,
-         .target = old,
-         .answer = ClashAnswer::replaceOlder,
-         .targetIsNewerBy = 60,
-         .expected = old,
-         .stayed = 2},
-        {.name = "only what is new",
-         .source = changed,
-         .target = partly,
-         .skipsSame = true,
-         .expected = {{s("a.txt"), "same"},
-                      {s("b.txt"), "new"},
-                      {s("c.txt"), "short"},
-                      {s("c (2).txt"), "longer"}},
-         .copied = 2,
-         .stayed = 1},
-        {.name = "only what is new, and what differs stays",
-         .source = changed,
-         .target = partly,
-         .answer = ClashAnswer::skip,
-         .skipsSame = true,
-         .expected = {{s("a.txt"), "same"}, {s("b.txt"), "new"}, {s("c.txt"), "short"}},
-         .copied = 1,
-         .stayed = 2},
-        {.name = "only what is new, and what differs is replaced",
-         .source = changed,
-         .target = partly,
-         .answer = ClashAnswer::replace,
-         .skipsSame = true,
-         .expected = changed,
-         .copied = 2,
-         .stayed = 1},
-        {.name = "only what is new, and what is older is replaced",
-         .source = changed,
-         .target = partly,
-         .answer = ClashAnswer::replaceOlder,
-         .skipsSame = true,
-         .targetIsNewerBy = -60,
-         .expected = changed,
-         .copied = 3},
-        {.name = "sizes around a piece",
-         .source = pieces,
-         .target = {},
-         .expected = pieces,
-         .copied = pieces.size()},
-        {.name = "what was numbered before is not new",
-         .source = {{s("c.txt"), "longer"}},
-         .target = {{s("c.txt"), "short"}, {s("c (2).txt"), "longer"}},
-         .skipsSame = true,
-         .expected = {{s("c.txt"), "short"}, {s("c (2).txt"), "longer"}},
-         .stayed = 1},
-        {.name = "the same size at another time is not the same",
-         .source = {{s("a.txt"), "same"}},
-         .target = {{s("a.txt"), "else"}},
-         .answer = ClashAnswer::replace,
-         .skipsSame = true,
-         .targetIsNewerBy = 60,
-         .expected = {{s("a.txt"), "same"}},
-         .copied = 1},
-        {.name = "a file and a folder never replace each other",
-         .source = {{s("a"), "file"}, {s("b/"), {}}, {s("b/x"), "x"}, {s("c"), "c"}},
-         .target = {{s("a/"), {}}, {s("a/y"), "y"}, {s("b"), "file"}},
-         .answer = ClashAnswer::replace,
-         .expected = {{s("a/"), {}}, {s("a/y"), "y"}, {s("b"), "file"}, {s("c"), "c"}},
-         .copied = 1,
-         .leftOut = {s("a: folderInTheWay"), s("b: fileInTheWay")}},
+        // what, here, there, answer, then there, copied, stayed, skips the same, there newer by
+        {"a tree", tree, {}, keepBoth, tree, 4},
+        {"both are kept", coming, old, keepBoth, both, 2},
+        {"folders merge", coming, old, merge, merged, 2},
+        {"what is there stays", coming, old, skip, old, 0, 2},
+        {"replaced", coming, old, replace, coming, 2},
+        {"older ones are replaced", coming, old, replaceOlder, coming, 2, 0, false, -60},
+        {"newer ones stay", coming, old, replaceOlder, old, 0, 2, false, 60},
+        {"only what is new", changed, partly, keepBoth, newBeside, 2, 1, true},
+        {"and what differs stays", changed, partly, skip, onlyNew, 1, 2, true},
+        {"and what differs is replaced", changed, partly, replace, changed, 2, 1, true},
+        {"and what is older is replaced", changed, partly, replaceOlder, changed, 3, 0, true, -60},
+        {"sizes around a piece", pieces, {}, keepBoth, pieces, pieces.size()},
+        {"numbered before is not new", longer, numbered, keepBoth, numbered, 0, 1, true},
+        {"another time is not the same", same, other, replace, same, 1, 0, true, 60},
+        {"a file and a folder", kinds, otherKinds, replace, bothKinds, 1, 0, false, 0, inTheWay},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.name);
