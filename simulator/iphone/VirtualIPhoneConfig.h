@@ -38,11 +38,11 @@ struct VirtualIPhoneConfig {
     QString buildVersion = QStringLiteral("20H115");
     /// The address of its Wi-Fi side, e.g. "127.0.0.1": lockdown listens there on port 62078, so
     /// that each phone needs an address of its own. Empty: it is never on Wi-Fi.
-    QString wifiAddress;
+    QString wifiAddress{};
 
-    std::vector<VirtualIPhoneApp> apps;
+    std::vector<VirtualIPhoneApp> apps{};
     /// The media folder on disk, absolute, created when missing. Empty: there is no such service.
-    QString mediaFolder;
+    QString mediaFolder{};
     /// Names at its top below which the phone lets files be made and changed; elsewhere in it they
     /// may only be read and deleted.
     QStringList writableMedia = {QStringLiteral("Downloads"), QStringLiteral("Books")};

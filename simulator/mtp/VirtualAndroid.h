@@ -19,17 +19,17 @@ struct VirtualAndroidConfig {
     std::uint16_t productID = 0x4EE1;
     QString vendorName = QStringLiteral("Google");
     QString productName = QStringLiteral("Pixel 7");
-    QString serialNumber; ///< empty: none
+    QString serialNumber{}; ///< empty: none
     QString location = QStringLiteral("1-1");
     std::uint16_t maxPacketSize = 512; ///< 64, 512 or 1024
     std::vector<VirtualUSBInterfaceDescription> interfaces =
         std::vector<VirtualUSBInterfaceDescription>(1);
     /// Ids are 0x00010001, 0x00020001, … in this order.
-    std::vector<VirtualStorage> storages;
+    std::vector<VirtualStorage> storages{};
     int battery = 80; ///< percent
     bool locked = false;
     double megabytesPerSecond = 0; ///< of 10^6 bytes, in data phases; 0 for no limit
-    VirtualBehaviour behaviour;
+    VirtualBehaviour behaviour{};
 };
 
 /// A virtual Android phone in MTP mode. Thread-safe. It answers on a thread of its own while it is

@@ -187,14 +187,6 @@ TEST_F(CliIPhoneTest, refusalsAreOneClearLine) {
 }
 
 TEST(CliIPhone, whatThePhoneWaitsForIsSaidInWords) {
-    const auto untrusted = [](VirtualTrust trust) {
-        VirtualIPhoneConfig config;
-        config.isPaired = false;
-        config.trust = trust;
-        return config;
-    };
-    VirtualIPhoneConfig locked;
-    locked.isLocked = true;
     const struct {
         const char* name;
         VirtualIPhoneConfig config;
@@ -206,11 +198,15 @@ TEST(CliIPhone, whatThePhoneWaitsForIsSaidInWords) {
          "InvalidHostID",
          "The phone has forgotten this computer. Unplug the phone, plug it in again and tap "
          "“Trust” on it."},
-        {"asks", untrusted(VirtualTrust::asking), "",
+        {"asks",
+         {.trust = VirtualTrust::asking, .isPaired = false},
+         "",
          "The phone has not allowed this computer yet. Unlock the phone and answer its question"},
-        {"denied", untrusted(VirtualTrust::denied), "",
+        {"denied",
+         {.trust = VirtualTrust::denied, .isPaired = false},
+         "",
          "The phone has not allowed this computer yet."},
-        {"locked", locked, "", "The phone is locked. Unlock the phone and try again."},
+        {"locked", {.isLocked = true}, "", "The phone is locked. Unlock the phone and try again."},
     };
     for (const auto& row : rows) {
         PluggedIPhone iphone(row.config);

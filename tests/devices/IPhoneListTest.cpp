@@ -58,9 +58,7 @@ TEST_F(IPhoneListTest, phonesComeAndGoWithTheirDetails) {
 }
 
 TEST_F(IPhoneListTest, aPhoneOnCableAndWifiIsOneRow) {
-    VirtualIPhoneConfig config;
-    config.wifiAddress = u"127.0.0.31"_s;
-    PluggedIPhone iphone(config);
+    PluggedIPhone iphone({.wifiAddress = u"127.0.0.31"_s});
     ASSERT_NE(iphone.phone.joinWifi(iphone.mux), 0U);
     refresh(true);
     ASSERT_TRUE(eventually([&] { return hasDetails(); }));

@@ -36,21 +36,11 @@ protected:
 
 TEST(AFCFileSystem, opensDocumentsWhereverTheContainerHasThem) {
     for (const bool areRoot : {false, true}) {
-        VirtualIPhoneConfig config;
-        config.documentsAreRoot = areRoot;
-        IPhoneFiles iphone(config);
-        iphone.write(u"folder/a.txt"_s, "content");
-        EXPECT_EQ(iphone.names(u"/"_s), QStringList(u"folder"_s));
-        EXPECT_EQ(iphone.get(u"/folder/a.txt"_s), "content");
-    }
-    // A folder called like the root is not the root.
-    for (const bool areRoot : {false, true}) {
-        VirtualIPhoneConfig config;
-        config.documentsAreRoot = areRoot;
-        IPhoneFiles iphone(config);
-        iphone.write(u"Documents/a"_s, "1");
+        IPhoneFiles iphone({.documentsAreRoot = areRoot});
+        iphone.write(u"Documents/a"_s, "1"); // a folder called like the root is not the root
         iphone.write(u"keep"_s, "2");
         EXPECT_EQ(iphone.names(u"/"_s), (QStringList{u"Documents"_s, u"keep"_s}));
+        EXPECT_EQ(iphone.get(u"/Documents/a"_s), "1");
         iphone.files.removeTree(iphone.item(u"/Documents"_s), {});
         EXPECT_EQ(iphone.names(u"/"_s), QStringList(u"keep"_s));
     }
@@ -65,9 +55,7 @@ TEST(AFCFileSystem, aLookForTheDocumentsThatIsRefusedOpensNoOtherFolder) {
                 SCOPED_TRACE(std::to_string(before) + ", status " + std::to_string(status));
                 if (before == 1 && status == permissionDenied)
                     continue; // so phones keep to themselves what lies beside the documents
-                VirtualIPhoneConfig config;
-                config.documentsAreRoot = areRoot;
-                IPhoneFiles iphone(config);
+                IPhoneFiles iphone({.documentsAreRoot = areRoot});
                 iphone.write(u"Documents/a"_s, "1");
                 iphone.write(u"keep"_s, "2");
                 iphone.faults([&](VirtualIPhoneFaults& faults) {
@@ -154,24 +142,12 @@ TEST_F(AFCFileSystemTest, aRefusalOfALockedPhoneIsNotTheFilesDoing) {
 TEST_F(AFCFileSystemTest, nothingIsRemovedOrRenamedThatIsNotWhatWasSeen) {
     iphone_.write(u"a"_s, "12345");
     const FileItem seen = iphone_.item(u"/a"_s);
-    const struct {
-        const char* name;
-        std::function<void()> change;
-    } rows[] = {
-        {"another size",
-         [&] {
-             iphone_.write(u"a"_s, "123456");
-             files_.setModified(iphone_.item(u"/a"_s), *seen.modifiedDate, {});
-         }},
-        {"another date",
-         [&] {
-             iphone_.write(u"a"_s, "54321");
-             files_.setModified(iphone_.item(u"/a"_s), someDate, {});
-         }},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
-        row.change();
+    const std::tuple<const char*, const char*, QDateTime> rows[] = {
+        {"another size", "123456", *seen.modifiedDate}, {"another date", "54321", someDate}};
+    for (const auto& [name, content, date] : rows) {
+        SCOPED_TRACE(name);
+        iphone_.write(u"a"_s, content);
+        files_.setModified(iphone_.item(u"/a"_s), date, {});
         EXPECT_EQ(errorOf([&] { files_.remove(seen, {}); }), "changed (/a)");
         EXPECT_EQ(errorOf([&] { files_.removeTree(seen, {}); }), "changed (/a)");
         EXPECT_EQ(errorOf([&] { files_.rename(seen, u"b"_s, TakenName::refused, {}); }),
@@ -182,9 +158,7 @@ TEST_F(AFCFileSystemTest, nothingIsRemovedOrRenamedThatIsNotWhatWasSeen) {
 
 TEST(AFCFileSystem, aFullFolderStaysUnlessTheTreeIsMeantWhateverTheRefusalsNumber) {
     for (const std::uint64_t status : {33, 1}) {
-        VirtualIPhoneConfig config;
-        config.fullFolderStatus = status;
-        IPhoneFiles iphone(config);
+        IPhoneFiles iphone({.fullFolderStatus = status});
         iphone.write(u"tree/a/b/c.txt"_s, "1");
         iphone.write(u"tree/d.txt"_s, "2");
         iphone.write(u"stays.txt"_s, "3");
@@ -232,9 +206,7 @@ TEST_F(AFCFileSystemTest, aPhoneThatReplacesNothingByARenameIsBelievedFromThenOn
 TEST(AFCFileSystem, theMediaFolderIsReadAndWrittenWhereThePhoneTakesIt) {
     const TemporaryFolder media;
     media.write(u"DCIM/100APPLE/IMG_0001.HEIC"_s, "picture");
-    VirtualIPhoneConfig config;
-    config.mediaFolder = media.path();
-    IPhoneFiles iphone(config, true);
+    IPhoneFiles iphone({.mediaFolder = media.path()}, true);
     EXPECT_EQ(iphone.names(u"/DCIM/100APPLE"_s), QStringList(u"IMG_0001.HEIC"_s));
     EXPECT_EQ(iphone.get(u"/DCIM/100APPLE/IMG_0001.HEIC"_s), "picture");
     EXPECT_EQ(errorOf([&] {

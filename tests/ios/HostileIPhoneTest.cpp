@@ -76,14 +76,8 @@ IPhoneHelper::Limits shortPatience() {
 /// A phone beside the hostile one.
 class HostileIPhoneTest : public testing::Test {
 protected:
-    HostileIPhoneTest() : honest_(config()) {
+    HostileIPhoneTest() {
         honest_.plugInto(hostile_.mux);
-    }
-    static VirtualIPhoneConfig config() {
-        VirtualIPhoneConfig config;
-        config.udid = u"00008101-000A1B2C3D4E0002"_s;
-        config.name = u"Honest"_s;
-        return config;
     }
     void send(const QString& request, const VirtualRawAnswer& answer) {
         hostile_.faults([&](VirtualIPhoneFaults& faults) {
@@ -92,7 +86,7 @@ protected:
     }
 
     IPhoneFiles hostile_;
-    FaultyIPhone honest_;
+    FaultyIPhone honest_{{.udid = u"00008101-000A1B2C3D4E0002"_s, .name = u"Honest"_s}};
 };
 
 TEST_F(HostileIPhoneTest, whateverItSendsIsOneErrorOfItsOwn) {

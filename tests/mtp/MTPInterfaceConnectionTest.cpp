@@ -36,9 +36,7 @@ TEST(MTPInterfaceConnection, likeliestInterfaceIsOpened) {
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
         VirtualUSBBus bus;
-        VirtualAndroidConfig config;
-        config.interfaces = row.interfaces;
-        const PluggedPhone phone(bus, config);
+        const PluggedPhone phone(bus, {.interfaces = row.interfaces});
         int opened = -1;
         EXPECT_EQ(
             mtpFailureOf([&] { opened = openMTPInterface(bus, anyOfModel()).interface->number(); }),

@@ -11,14 +11,9 @@ struct Framing {
     std::uint16_t packetSize = 512;
 };
 
-VirtualAndroidConfig withPackets(std::uint16_t size) {
-    VirtualAndroidConfig config;
-    config.maxPacketSize = size;
-    return config;
-}
-
 struct FramedPhone : public MTPPhoneFixture {
-    explicit FramedPhone(std::uint16_t packetSize) : MTPPhoneFixture(withPackets(packetSize)) {}
+    explicit FramedPhone(std::uint16_t packetSize)
+        : MTPPhoneFixture({.maxPacketSize = packetSize}) {}
     void TestBody() override {}
 
     /// Objects whose containers end around a packet, around the first read, around a request, or so

@@ -31,11 +31,8 @@ std::string run(const PluggedIPhone& iphone, const char* tool, const char* argum
 TEST(VirtualIPhone, toolsListPhonesTheirValuesAndApps) {
     for (const bool tls : {true, false}) {
         SCOPED_TRACE(tls);
-        VirtualIPhoneConfig config;
-        config.sessionTls = tls;
-        config.serviceTls = tls;
-        config.name = u"Zoë’s phone"_s;
-        const PluggedIPhone iphone(config);
+        const PluggedIPhone iphone(
+            {.name = u"Zoë’s phone"_s, .sessionTls = tls, .serviceTls = tls});
         EXPECT_EQ(run(iphone, "idevice_id", "-l"), "00008101-000A1B2C3D4E001E\n");
         EXPECT_THAT(run(iphone, "ideviceinfo", ""),
                     AllOf(HasSubstr("DeviceName: Zoë’s phone\n"),

@@ -7,10 +7,7 @@
 namespace tessary {
 
 inline VirtualAndroidConfig phoneConfig(const char* serial, const char* location = "1-1") {
-    VirtualAndroidConfig config;
-    config.serialNumber = QString::fromUtf8(serial);
-    config.location = QString::fromUtf8(location);
-    return config;
+    return {.serialNumber = QString::fromUtf8(serial), .location = QString::fromUtf8(location)};
 }
 
 /// A virtual Android phone that is plugged in, with its storages in a temporary folder.
@@ -46,6 +43,12 @@ public:
     template <typename Change>
     void behave(Change change) {
         android.behaviour().update(change);
+    }
+    /// Knows an operation no more, whatever it announced.
+    void unlearn(MTPOperationCode operation) {
+        behave([operation](VirtualBehaviour& behaviour) {
+            behaviour.unsupportedOperations.insert(static_cast<std::uint16_t>(operation));
+        });
     }
     /// Pulls the cable after so many bytes of the `phase`th data phase from now on.
     void unplugAfter(USBDirection direction, std::uint64_t bytes, unsigned phase) {
