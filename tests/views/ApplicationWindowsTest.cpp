@@ -11,7 +11,6 @@
 #include <QTest>
 #include <QTimer>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 using namespace tessary;

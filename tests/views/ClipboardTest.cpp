@@ -128,9 +128,7 @@ TEST_F(ClipboardTest, entriesGoFromPhoneToPhone) {
     press(Qt::Key_X, Qt::ControlModifier);
     PluggedPhone other(bus_, phoneConfig("OTHER", "1-2"));
     other.write(u"here.txt"_s, "here");
-    QListView& devices = list("deviceList");
-    ASSERT_TRUE(wait([&] { return devices.model()->rowCount() == 2; }));
-    clickRow(devices, 1 - devices.currentIndex().row());
+    chooseOtherPhone();
     ASSERT_TRUE(wait([this] { return isShown(u"here.txt"_s); }));
     window_->choice().browseFiles();
     activate();
@@ -139,7 +137,7 @@ TEST_F(ClipboardTest, entriesGoFromPhoneToPhone) {
     EXPECT_TRUE(wait([&] { return other.content(u"alpha.txt"_s) == "a"; }));
     EXPECT_TRUE(wait([this] { return phone_.names(u"DCIM"_s) == QStringList{u"beta.txt"_s}; }))
         << "they were cut";
-    clickRow(devices, 1 - devices.currentIndex().row());
+    chooseOtherPhone();
     EXPECT_TRUE(wait([this] { return isShown(u"beta.txt"_s); })) << "in the folder that was left";
     EXPECT_FALSE(row(u"alpha.txt"_s).isValid());
     close();

@@ -1,6 +1,5 @@
 #include "WindowFixture.h"
 
-#include <QListView>
 #include <QScrollBar>
 
 namespace tessary {
@@ -26,6 +25,13 @@ protected:
     [[nodiscard]] QScrollBar& scrolling() const {
         return *window_->browserView().currentListing().verticalScrollBar();
     }
+    /// Where the listing stands then.
+    int scrollAndSelect() {
+        scrolling().setValue(1500);
+        window_->browser().selection().select(window_->browser().rows().item(70).id());
+        QCoreApplication::processEvents();
+        return scrolling().value();
+    }
 };
 
 TEST_F(FolderPositionsTest, backAndForwardLeadToWhatWasLeft) {
@@ -34,10 +40,7 @@ TEST_F(FolderPositionsTest, backAndForwardLeadToWhatWasLeft) {
         window_->browser().setViewMode(mode);
         go(u"/sdcard/Many"_s, u"file 000.txt"_s);
         EXPECT_EQ(scrolling().value(), 0) << "a new folder begins at its top";
-        scrolling().setValue(1500);
-        window_->browser().selection().select(window_->browser().rows().item(70).id());
-        QCoreApplication::processEvents();
-        const int left = scrolling().value();
+        const int left = scrollAndSelect();
         ASSERT_GT(left, 900);
 
         go(u"/sdcard/More"_s, u"file 000.txt"_s);
@@ -62,19 +65,14 @@ TEST_F(FolderPositionsTest, backAndForwardLeadToWhatWasLeft) {
 TEST_F(FolderPositionsTest, anotherPhoneAndBackLeadsToWhatWasLeft) {
     go(u"/sdcard/Many"_s, u"file 000.txt"_s);
     go(u"/sdcard/More"_s, u"file 000.txt"_s);
-    scrolling().setValue(1500);
-    window_->browser().selection().select(window_->browser().rows().item(70).id());
-    QCoreApplication::processEvents();
-    const int left = scrolling().value();
+    const int left = scrollAndSelect();
     PluggedPhone other(bus_, phoneConfig("OTHER", "1-2"));
     other.write(u"here.txt"_s, "here");
-    QListView& devices = list("deviceList");
-    ASSERT_TRUE(wait([&] { return devices.model()->rowCount() == 2; }));
-    clickRow(devices, 1 - devices.currentIndex().row());
+    chooseOtherPhone();
     ASSERT_TRUE(wait([this] { return isShown(u"here.txt"_s); }));
     EXPECT_FALSE(window_->browser().canGoBack()) << "a history of its own";
 
-    clickRow(devices, 1 - devices.currentIndex().row());
+    chooseOtherPhone();
     ASSERT_TRUE(wait([this] { return isShown(u"file 000.txt"_s); }));
     EXPECT_EQ(window_->browser().currentPath(), u"/sdcard/More"_s);
     EXPECT_TRUE(wait([&] { return scrolling().value() == left; })) << scrolling().value();

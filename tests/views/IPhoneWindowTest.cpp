@@ -52,13 +52,6 @@ protected:
                 return part;
         return nullptr;
     }
-    static void pressInQuestion(const QString& button) {
-        auto* question = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        ASSERT_NE(question, nullptr);
-        for (QAbstractButton* each : question->buttons())
-            if (each->text() == button)
-                each->click();
-    }
     [[nodiscard]] bool showsLetter() const {
         const auto& items = window_->browser().items();
         return !window_->browser().isLoading() && items.size() == 1 &&
@@ -153,12 +146,7 @@ TEST_F(PhotosIPhoneWindowTest, theyAreAVolumeBesideTheApps) {
     EXPECT_TRUE(wait([this] { return local_.read(u"IMG_0001.JPG"_s) == "a picture"; }));
     // What is deleted here is gone in another way than on the phone.
     QString asked;
-    QTimer::singleShot(50, window_.get(), [&asked] {
-        auto* question = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        ASSERT_NE(question, nullptr);
-        asked = question->informativeText();
-        question->reject();
-    });
+    whileAsked(u"Cancel"_s, [&] { asked = question()->informativeText(); });
     window_->browserView().actions().remove->trigger();
     EXPECT_TRUE(asked.contains(u"Recently Deleted"_s)) << asked.toStdString();
     clickRow(list("volumeList"), 1);
@@ -170,13 +158,8 @@ TEST_F(PhotosIPhoneWindowTest, theyAreAVolumeBesideTheApps) {
 /// The page of an iPhone that cannot be read yet.
 class UntrustingIPhoneWindowTest : public IPhoneWindowTest {
 protected:
-    UntrustingIPhoneWindowTest() : IPhoneWindowTest(wishes()) {}
-    static VirtualIPhoneConfig wishes() {
-        VirtualIPhoneConfig config;
-        config.isPaired = false;
-        config.trust = VirtualTrust::asking;
-        return config;
-    }
+    UntrustingIPhoneWindowTest()
+        : IPhoneWindowTest({.trust = VirtualTrust::asking, .isPaired = false}) {}
     [[nodiscard]] bool saysWhatToDo(const QString& advice) const {
         const auto& device = app_->deviceManager().devices();
         const auto trouble =
@@ -210,16 +193,10 @@ TEST_F(UntrustingIPhoneWindowTest, itsAppsAreShownOnceItTrustsThisComputer) {
 
 class LockedIPhoneWindowTest : public PhotosIPhoneWindowTest {
 protected:
-    LockedIPhoneWindowTest() : PhotosIPhoneWindowTest(wishes()) {}
+    LockedIPhoneWindowTest() : PhotosIPhoneWindowTest({.isPaired = false, .isLocked = true}) {}
     [[nodiscard]] bool knowsTrouble() const {
         const DeviceManager& manager = app_->deviceManager();
         return manager.devices().size() == 1 && manager.trouble(manager.devices()[0].id());
-    }
-    static VirtualIPhoneConfig wishes() {
-        VirtualIPhoneConfig config;
-        config.isPaired = false;
-        config.isLocked = true;
-        return config;
     }
 };
 
@@ -251,11 +228,13 @@ protected:
         phone_.phone.plugInto(phone_.mux);
         awaitPhones(2);
     }
-    void choose(DevicePlatform platform) {
+    [[nodiscard]] int rowOf(DevicePlatform platform) const {
         const auto& devices = app_->deviceManager().devices();
-        for (std::size_t n = 0; n < devices.size(); ++n)
-            if (devices[n].platform == platform)
-                clickRow(list("deviceList"), static_cast<int>(n));
+        return static_cast<int>(std::ranges::find(devices, platform, &DeviceInfo::platform) -
+                                devices.begin());
+    }
+    void choose(DevicePlatform platform) {
+        clickRow(list("deviceList"), rowOf(platform));
     }
     void openNotes() {
         choose(DevicePlatform::iOS);
@@ -280,28 +259,19 @@ protected:
     }
     /// Whether it stands in the window.
     [[nodiscard]] bool says(const QString& text) const {
-        const auto labels = window_->findChildren<QLabel*>();
-        return std::any_of(labels.begin(), labels.end(), [&](const QLabel* label) {
+        return std::ranges::any_of(window_->findChildren<QLabel*>(), [&](const QLabel* label) {
             return label->isVisible() && label->text().contains(text);
         });
     }
     [[nodiscard]] QPushButton* buttonCalled(const QString& text) const {
-        const auto buttons = window_->findChildren<QPushButton*>();
-        const auto found = std::find_if(buttons.begin(), buttons.end(), [&](QPushButton* one) {
-            return one->isVisible() && one->text() == text;
-        });
-        return found == buttons.end() ? nullptr : *found;
+        for (QPushButton* button : window_->findChildren<QPushButton*>())
+            if (button->isVisible() && button->text() == text)
+                return button;
+        return nullptr;
     }
-    [[nodiscard]] QString rowOf(DevicePlatform platform) const {
-        const auto& devices = app_->deviceManager().devices();
-        for (std::size_t n = 0; n < devices.size(); ++n)
-            if (devices[n].platform == platform)
-                return list("deviceList")
-                    .model()
-                    ->index(static_cast<int>(n), 0)
-                    .data(Qt::AccessibleTextRole)
-                    .toString();
-        return {};
+    [[nodiscard]] QString spokenRowOf(DevicePlatform platform) const {
+        const QModelIndex row = list("deviceList").model()->index(rowOf(platform), 0);
+        return row.data(Qt::AccessibleTextRole).toString();
     }
 
     PluggedPhone android_{bus_, phoneConfig("ANDROID1")};
@@ -338,8 +308,9 @@ TEST_F(TwoPhonesWindowTest, aCancelEndsTheWaitForAMutePhonesApps) {
 
 TEST_F(TwoPhonesWindowTest, aPhoneThatHasForgottenThisComputerIsToBePluggedInAgain) {
     choose(DevicePlatform::iOS);
-    EXPECT_TRUE(wait([this] { return rowOf(DevicePlatform::iOS).contains(u"Battery 80 %"_s); }))
-        << rowOf(DevicePlatform::iOS).toStdString();
+    EXPECT_TRUE(wait([this] {
+        return spokenRowOf(DevicePlatform::iOS).contains(u"Battery 80 %"_s);
+    })) << spokenRowOf(DevicePlatform::iOS).toStdString();
     unplug();
     phone_.faults([](VirtualIPhoneFaults& faults) {
         faults.handshakesToFail = 1000;
@@ -360,7 +331,7 @@ TEST_F(TwoPhonesWindowTest, whatALockedPhoneRefusesIsNotTheAppsDoing) {
         faults.statuses[u"afc.removePath"_s] = {10, true};
     });
     window_->browser().selection().selectAll();
-    QTimer::singleShot(50, window_.get(), [] { pressInQuestion(u"Delete"_s); });
+    whileAsked(u"Delete"_s);
     window_->browserView().actions().remove->trigger();
     EXPECT_TRUE(
         wait([this] { return says(u"“letter.txt” could not be deleted: The phone is locked"_s); }));

@@ -32,9 +32,7 @@ protected:
             EXPECT_TRUE(file.open(QIODevice::ReadWrite) &&
                         file.setFileTime(today().addSecs(-++age), QFile::FileModificationTime));
         }
-        VirtualIPhoneConfig config;
-        config.mediaFolder = camera.path();
-        return config;
+        return {.mediaFolder = camera.path()};
     }
 
     static QDateTime today() {
@@ -71,14 +69,8 @@ protected:
         return texts;
     }
     /// Presses the page's button for it, and answers the question.
-    void deleteFromThePhone() const {
-        QTimer::singleShot(100, window_.get(), [] {
-            auto* question = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-            ASSERT_NE(question, nullptr);
-            for (QAbstractButton* button : question->buttons())
-                if (button->text() == u"Delete"_s)
-                    button->click();
-        });
+    void deleteFromThePhone() {
+        whileAsked(u"Delete"_s);
         pressText(u"Delete from the Phone…"_s);
     }
     /// What has been imported, by name.

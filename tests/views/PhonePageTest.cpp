@@ -73,7 +73,7 @@ TEST_F(PhonePageTest, whatFillsThePhoneIsAddedUpWhileSomebodyLooks) {
         return devices.size() == 2 && !devices[0].volumes.empty() && !devices[1].volumes.empty();
     }));
     other.fault([](VirtualFaults& faults) { faults.delayEach = std::chrono::seconds(1); });
-    clickRow(list("deviceList"), 1 - list("deviceList").currentIndex().row());
+    chooseOtherPhone();
     EXPECT_TRUE(uses.isLooking());
     window_->choice().browseFiles();
     EXPECT_FALSE(uses.isLooking()) << "nobody looks any more";

@@ -5,7 +5,6 @@
 #include "views/window/Panes.h"
 #include "views/window/WindowSession.h"
 
-#include <QDropEvent>
 #include <QJsonObject>
 #include <QMenuBar>
 #include <QStyle>
@@ -114,23 +113,10 @@ TEST_F(TabsTest, aFolderOpensBehindAndTakesWhatIsDroppedOnItsTab) {
 
     const QString id = row(u"alpha.txt"_s).data(FileListModel::idRole).toString();
     const EntryMimeData dragged(window_->browser().files(), {*window_->browser().itemWithId(id)});
-    const Qt::DropActions actions = Qt::MoveAction | Qt::CopyAction;
-    const auto hover = [&](int tab) {
-        QDragEnterEvent enter(middleOf(tab), actions, &dragged, Qt::LeftButton, {});
-        QApplication::sendEvent(&bar(), &enter);
-        QDragMoveEvent move(middleOf(tab), actions, &dragged, Qt::LeftButton, {});
-        QApplication::sendEvent(&bar(), &move);
-        return move.isAccepted();
-    };
-    const auto drop = [&](int tab) {
-        const bool isTaken = hover(tab);
-        QDropEvent end(middleOf(tab), actions, &dragged, Qt::LeftButton, {});
-        if (isTaken)
-            QApplication::sendEvent(&bar(), &end);
-        return isTaken;
-    };
-    EXPECT_FALSE(drop(0)) << "it is there already";
-    EXPECT_TRUE(drop(1));
+    const auto hover = [&](int tab) { return drag(bar(), middleOf(tab), dragged); };
+    EXPECT_FALSE(hover(0)) << "it is there already";
+    ASSERT_TRUE(hover(1));
+    drop(bar(), middleOf(1), dragged);
     EXPECT_TRUE(wait([this] { return phone_.content(u"DCIM/Trip/alpha.txt"_s) == "a"; }));
     EXPECT_TRUE(phone_.content(u"DCIM/alpha.txt"_s).isNull());
 

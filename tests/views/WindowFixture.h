@@ -10,13 +10,13 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QDropEvent>
 #include <QListView>
 #include <QMessageBox>
 #include <QTest>
 #include <QTimer>
 #include <QTreeView>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <mutex>
 
@@ -115,6 +115,47 @@ protected:
         QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, view.visualRect(index).center());
     }
 
+    static QMessageBox* question() {
+        return qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    }
+    /// Does something while the next question is open, then clicks its button.
+    void whileAsked(const QString& button, std::function<void()> meanwhile = {}) {
+        QTimer::singleShot(50, window_.get(), [this, button, meanwhile = std::move(meanwhile)] {
+            QMessageBox* asked = question();
+            if (asked == nullptr) {
+                whileAsked(button, meanwhile);
+                return;
+            }
+            if (meanwhile)
+                meanwhile();
+            for (QAbstractButton* each : asked->buttons())
+                if (each->text() == button)
+                    each->click();
+        });
+    }
+    /// Whether a widget takes what is dragged over it there.
+    static bool drag(QWidget& over, const QPoint& spot, const QMimeData& data,
+                     Qt::KeyboardModifiers keys = {}) {
+        QDragEnterEvent enter(spot, dropActions, &data, Qt::LeftButton, keys);
+        QApplication::sendEvent(&over, &enter);
+        QDragMoveEvent move(spot, dropActions, &data, Qt::LeftButton, keys);
+        QApplication::sendEvent(&over, &move);
+        return move.isAccepted();
+    }
+    static void drop(QWidget& on, const QPoint& spot, const QMimeData& data,
+                     Qt::KeyboardModifiers keys = {}) {
+        QDropEvent drop(spot, dropActions, &data, Qt::LeftButton, keys);
+        QApplication::sendEvent(&on, &drop);
+    }
+    static constexpr Qt::DropActions dropActions = Qt::MoveAction | Qt::CopyAction;
+
+    /// Of two phones the one that is not shown.
+    void chooseOtherPhone() const {
+        QListView& devices = list("deviceList");
+        ASSERT_TRUE(wait([&] { return devices.model()->rowCount() == 2; }));
+        clickRow(devices, 1 - devices.currentIndex().row());
+    }
+
     TemporaryFolder local_;
     TemporaryFolder records_; ///< of copies
     QStringList filesToCopy_;
@@ -183,24 +224,6 @@ protected:
         QTest::keyClick(QApplication::focusWidget() != nullptr ? QApplication::focusWidget()
                                                                : window_.get(),
                         key, keys);
-    }
-    static QMessageBox* question() {
-        return qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-    }
-    /// Does something while the next question is open, then clicks its button.
-    void whileAsked(const QString& button, std::function<void()> meanwhile = {}) {
-        QTimer::singleShot(50, window_.get(), [this, button, meanwhile = std::move(meanwhile)] {
-            QMessageBox* asked = question();
-            if (asked == nullptr) {
-                whileAsked(button, meanwhile);
-                return;
-            }
-            if (meanwhile)
-                meanwhile();
-            for (QAbstractButton* each : asked->buttons())
-                if (each->text() == button)
-                    each->click();
-        });
     }
     void go(const QString& path, const QString& holds) {
         window_->browser().navigateTo(path);

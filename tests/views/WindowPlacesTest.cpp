@@ -1,6 +1,5 @@
 #include "WindowFixture.h"
 
-#include <QDropEvent>
 #include <QMimeData>
 
 namespace tessary {
@@ -15,14 +14,8 @@ protected:
         BrowserView& view = window_->browserView();
         const QPoint spot =
             table().viewport()->mapTo(&view, table().visualRect(row(name)).center());
-        const Qt::DropActions actions = Qt::MoveAction | Qt::CopyAction;
-        QDragEnterEvent enter(spot, actions, &data, Qt::LeftButton, keys);
-        QApplication::sendEvent(&view, &enter);
-        QDragMoveEvent move(spot, actions, &data, Qt::LeftButton, keys);
-        QApplication::sendEvent(&view, &move);
-        QDropEvent drop(spot, actions, &data, Qt::LeftButton, keys);
-        if (move.isAccepted())
-            QApplication::sendEvent(&view, &drop);
+        if (drag(view, spot, data, keys))
+            drop(view, spot, data, keys);
     }
     [[nodiscard]] const FileItem& entry(const QString& name) const {
         return *window_->browser().itemWithId(row(name).data(FileListModel::idRole).toString());
@@ -65,18 +58,6 @@ TEST_F(WindowPlacesTest, shortcutsLeadOnlyToFoldersThatAreThere) {
     phone_.write(u"Music/song.mp3"_s, "la");
     press(Qt::Key_F5);
     EXPECT_TRUE(wait([&] { return shortcuts().contains(u"Music"_s); })) << "once it is there";
-}
-
-TEST(DeviceListModel, tabletsAreKnownByTheirNames) {
-    const std::pair<const char*, bool> rows[] = {
-        {"Ada’s iPad", true},      {"iPad Pro", true},
-        {"Galaxy Tab S9", true},   {"Lenovo Tablet", true},
-        {"Redmi Pad", true},       {"MatePad 11", true},
-        {"Google Pixel 7", false}, {"Table Phone", false},
-        {"Ada’s iPhone", false},   {"", false},
-    };
-    for (const auto& [name, isTablet] : rows)
-        EXPECT_EQ(looksLikeTablet(QString::fromUtf8(name)), isTablet) << name;
 }
 
 } // namespace

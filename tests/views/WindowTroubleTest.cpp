@@ -81,10 +81,7 @@ TEST_F(WindowTroubleTest, answersCountOnlyForThePhoneThatWasAskedAbout) {
 
 TEST_F(WindowTroubleTest, theNumbersBehindAFailureAreFoldedAwayAndCanBeCopied) {
     openFolder();
-    phone_.fault([](VirtualFaults& faults) {
-        faults.errors[static_cast<std::uint16_t>(MTPOperationCode::deleteObject)] = {
-            static_cast<std::uint16_t>(MTPResponseCode::accessDenied), true};
-    });
+    phone_.refuse(MTPOperationCode::deleteObject, MTPResponseCode::accessDenied);
     click(u"alpha.txt"_s);
     whileAsked(u"Delete"_s, [] {});
     press(Qt::Key_Delete);
