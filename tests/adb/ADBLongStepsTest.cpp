@@ -4,9 +4,6 @@
 
 #include <QCryptographicHash>
 
-#include <atomic>
-#include <thread>
-
 namespace tessary {
 namespace {
 
@@ -109,62 +106,6 @@ TEST_P(ADBLongStepsTest, commandsThatWorkForLongLeaveThePhoneToOthers) {
     files_->removeTree(item(u"/folder"_s), {});
     EXPECT_FALSE(disk_.has(u"phone/folder"_s));
     EXPECT_EQ(others, 2);
-}
-
-TEST_P(ADBLongStepsTest, othersGetInBetweenThePiecesOfAFile) {
-    write(u"film"_s, bytes_);
-    write(u"part"_s, bytes_.first(4'194'304));
-    const Call call{{}, Urgency::copy};
-    std::atomic<qint64> crossed = 0;
-    std::jthread other;
-    qint64 crossedWhenListed = 0;
-    const auto meet = [&](qint64 bytes) {
-        crossed += bytes;
-        if (other.joinable())
-            return;
-        other = std::jthread([&] {
-            files_->list(u"/sdcard"_s, {[&](auto&&) { crossedWhenListed = crossed; }, {}}, {});
-        });
-        while (queue_->waitingCount() == 0)
-            std::this_thread::yield();
-        // No turn is passed before there was some time for one's own work.
-        const auto enough = std::chrono::steady_clock::now() + 60ms;
-        while (std::chrono::steady_clock::now() < enough)
-            std::this_thread::yield();
-    };
-    const auto sink = [&](ByteView piece) { meet(static_cast<qint64>(piece.size())); };
-    const auto source = [&](qint64 from) {
-        return [&, give = sourceOf(bytes_.mid(from))](std::span<std::byte> to) mutable {
-            const std::size_t count = give(to);
-            meet(static_cast<qint64>(count));
-            return count;
-        };
-    };
-    const std::pair<const char*, std::function<void()>> rows[] = {
-        {"read", [&] { files_->read(item(u"/film"_s), {}, sink, call); }},
-        {"read of a part",
-         [&] {
-             files_->read(item(u"/film"_s), {1'000'000, -1}, sink, call);
-         }},
-        {"write",
-         [&] {
-             files_->write({u"/sdcard"_s, u"new"_s, bytes_.size(), {}}, source(0), {}, call);
-         }},
-        {"append",
-         [&] {
-             files_->append(item(u"/part"_s), 4'194'304, whole(), source(4'194'304), {}, call);
-         }},
-    };
-    for (const auto& [name, work] : rows) {
-        SCOPED_TRACE(name);
-        crossed = 0;
-        work();
-        other.join();
-        EXPECT_GT(crossedWhenListed, 0);
-        EXPECT_LT(crossedWhenListed, crossed);
-    }
-    EXPECT_TRUE(content(u"part"_s) == bytes_);
-    EXPECT_TRUE(content(u"new"_s) == bytes_);
 }
 
 INSTANTIATE_TEST_SUITE_P(Ways, ADBLongStepsTest, allADBWays, testing::PrintToStringParamName());

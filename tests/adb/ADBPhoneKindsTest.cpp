@@ -29,15 +29,8 @@ TEST_P(CaselessPhoneTest, ofNamesThatThePhoneTakesForOneTheFirstIsMade) {
 
 INSTANTIATE_TEST_SUITE_P(Ways, CaselessPhoneTest, allADBWays, testing::PrintToStringParamName());
 
-/// A phone of Android 6 to 7: no second version of anything, but a shell with the commands.
 struct OldPhoneTest : ADBFilesFixture {
-    OldPhoneTest()
-        : ADBFilesFixture({.folder = {},
-                           .hasShellV2 = false,
-                           .hasStatV2 = false,
-                           .hasLsV2 = false,
-                           .apiLevel = 23,
-                           .missingCommands = {"sha256sum"}}) {}
+    OldPhoneTest() : ADBFilesFixture(oldADBD(23)) {}
 };
 
 TEST_P(OldPhoneTest, everythingGoesByTheOlderRecords) {
@@ -58,12 +51,7 @@ TEST_P(OldPhoneTest, everythingGoesByTheOlderRecords) {
 INSTANTIATE_TEST_SUITE_P(Ways, OldPhoneTest, allADBWays, testing::PrintToStringParamName());
 
 struct AncientPhoneTest : ADBFilesFixture {
-    AncientPhoneTest()
-        : ADBFilesFixture({.folder = {},
-                           .hasShellV2 = false,
-                           .hasStatV2 = false,
-                           .hasLsV2 = false,
-                           .apiLevel = 22}) {}
+    AncientPhoneTest() : ADBFilesFixture(oldADBD(22)) {}
 };
 
 TEST_P(AncientPhoneTest, isLeftToMTPAndTheCauseSaysWhy) {

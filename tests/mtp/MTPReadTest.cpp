@@ -25,18 +25,13 @@ TEST_F(MTPReadTest, rangesCostNoMoreThanTheyHold) {
         for (const auto& [offset, length, expected] : rows)
             EXPECT_EQ(read(file, {offset, length}), expected) << offset << ' ' << length;
         EXPECT_EQ(phone().requests(getObject), 0U);
-        phone().behave([](VirtualBehaviour& behaviour) {
-            behaviour.unsupportedOperations.insert(
-                static_cast<std::uint16_t>(androidGetPartialObject64));
-        });
+        phone().unlearn(androidGetPartialObject64);
         (void)hasWide; // announced still: the second round finds out
         if (hasWide)
             replug();
     }
     // Where the phone hands out no parts, a length ends the reading early.
-    phone().behave([](VirtualBehaviour& behaviour) {
-        behaviour.unsupportedOperations.insert(static_cast<std::uint16_t>(getPartialObject));
-    });
+    phone().unlearn(getPartialObject);
     replug();
     EXPECT_EQ(read(item("/f.bin"), {0, 10}), bytes.left(10)); // by now the plug was noticed
     EXPECT_FALSE(files_.capabilities({}).readsRanges);
@@ -48,35 +43,6 @@ TEST_F(MTPReadTest, partsThatThePhoneAnnouncesAndRefusesAreDoneWithout) {
     phone().refuse(androidGetPartialObject64, MTPResponseCode::operationNotSupported);
     EXPECT_EQ(read(item("/f.bin"), {10, 20}), manyBytes(5000).mid(10, 20));
     EXPECT_FALSE(files_.capabilities({}).readsRanges);
-}
-
-TEST_F(MTPReadTest, largeFilesLetOthersInBetweenTheirPieces) {
-    const QByteArray bytes = manyBytes(large);
-    phone().write(u"film"_s, bytes);
-    phone().write(u"other"_s, "o");
-    const FileItem film = item("/film");
-    std::jthread guest;
-    std::atomic<qint64> received = 0;
-    std::atomic<qint64> guestAt = -1;
-    QByteArray got;
-    files_.read(
-        film, {},
-        [&](ByteView more) {
-            if (received == 0)
-                guest = std::jthread([&] {
-                    (void)list("/");
-                    guestAt = received.load();
-                });
-            got.append(reinterpret_cast<const char*>(more.data()),
-                       static_cast<qsizetype>(more.size()));
-            received += static_cast<qint64>(more.size());
-        },
-        Call({}, Urgency::copy));
-    guest.join();
-    EXPECT_EQ(got, bytes);
-    EXPECT_GT(guestAt, 0);
-    EXPECT_LE(guestAt, 2 * MTPFileReader::pieceSize);
-    EXPECT_EQ(phone().requests(getObject), 0U);
 }
 
 TEST_F(MTPReadTest, fileThatChangesBetweenTwoPiecesIsNotPutTogether) {

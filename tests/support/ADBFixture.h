@@ -22,6 +22,16 @@ inline QString realADB() {
     return QStringLiteral("/usr/bin/adb");
 }
 
+/// One of an Android before 7: no second version of anything; from 6 on a shell with the commands.
+inline ADBDConfig oldADBD(int apiLevel) {
+    return {.folder = {},
+            .hasShellV2 = false,
+            .hasStatV2 = false,
+            .hasLsV2 = false,
+            .apiLevel = apiLevel,
+            .missingCommands = {"sha256sum"}};
+}
+
 /// The real adb, with a server of the test's own, and one virtual phone that it can reach.
 class ADBPhone {
 protected:

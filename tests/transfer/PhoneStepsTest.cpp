@@ -11,6 +11,9 @@
 
 #include <gmock/gmock.h>
 
+#include <atomic>
+#include <thread>
+
 namespace tessary {
 namespace {
 
@@ -54,14 +57,8 @@ private:
             std::function<QStringList()>(), 300ms));
 };
 
-/// One of Android 6 to 7: no second version of anything, but a shell with the commands.
 std::unique_ptr<CopyEnd> overOldADB() {
-    return std::make_unique<StraightADBSide>(ADBDConfig{.folder = {},
-                                                        .hasShellV2 = false,
-                                                        .hasStatV2 = false,
-                                                        .hasLsV2 = false,
-                                                        .apiLevel = 23,
-                                                        .missingCommands = {"sha256sum"}});
+    return std::make_unique<StraightADBSide>(oldADBD(23));
 }
 
 struct StepWay {
@@ -365,6 +362,69 @@ TEST_P(PhoneStepsTest, sourcesAndSinksThatFailPassThroughAndNothingIsLeft) {
     EXPECT_THROW(files_.write({end_->root(), s("x"), 5'000'000, {}}, broken, {}, {}), Stop);
     EXPECT_TRUE(read(file) == content) << "the next step is done as ever";
     EXPECT_EQ(end_->contents(), (Contents{{s("f"), content}}));
+}
+
+TEST_P(PhoneStepsTest, othersGetInBetweenThePiecesOfALargeFile) {
+    const auto queue = files_.queue();
+    if (!queue)
+        GTEST_SKIP() << "nobody waits for a turn";
+    constexpr qint64 kept = 4'194'304;
+    const QByteArray content = manyBytes(40'000'000);
+    end_->fill({{s("film"), content}, {s("part"), content.first(kept)}}, noon);
+    const Call call{{}, Urgency::copy};
+    std::jthread other;
+    std::atomic<qint64> crossed = 0;
+    qint64 crossedWhenListed = 0;
+    const auto meet = [&](qint64 bytes) {
+        crossed += bytes;
+        if (other.joinable())
+            return;
+        other = std::jthread([&] {
+            files_.list(end_->root(), {[&](auto&&) { crossedWhenListed = crossed; }, {}}, {});
+        });
+        while (queue->waitingCount() == 0)
+            std::this_thread::yield();
+        // No turn is passed before there was some time for one's own work.
+        const auto enough = std::chrono::steady_clock::now() + 60ms;
+        while (std::chrono::steady_clock::now() < enough)
+            std::this_thread::yield();
+    };
+    const auto readFrom = [&](qint64 offset) {
+        QByteArray got;
+        const auto sink = [&, into = sinkInto(got)](ByteView piece) {
+            into(piece);
+            meet(static_cast<qint64>(piece.size()));
+        };
+        files_.read(item(s("film")), {offset, -1}, sink, call);
+        EXPECT_TRUE(got == content.mid(offset));
+    };
+    const auto source = [&](qint64 from) {
+        return sourceOf(content.mid(from), [&, last = qint64{0}](qint64 drawn) mutable {
+            meet(drawn - std::exchange(last, drawn));
+        });
+    };
+    std::vector<std::pair<const char*, std::function<void()>>> rows{{"read", [&] { readFrom(0); }}};
+    const auto can = files_.capabilities({});
+    if (can.readsRanges)
+        rows.emplace_back("read of a part", [&] { readFrom(1'000'000); });
+    if (can.appends && can.appendsFrom <= content.size()) {
+        const NewFile made{end_->root(), s("new"), content.size(), {}};
+        const NewFile whole{end_->root(), s("part"), content.size(), noon, true};
+        rows.emplace_back("write", [&, made] { files_.write(made, source(0), {}, call); });
+        rows.emplace_back("append", [&, whole] {
+            files_.append(item(s("part")), kept, whole, source(kept), {}, call);
+        });
+    }
+    for (const auto& [name, work] : rows) {
+        SCOPED_TRACE(name);
+        crossed = 0;
+        work();
+        other.join();
+        EXPECT_GT(crossedWhenListed, 0);
+        EXPECT_LT(crossedWhenListed, crossed);
+    }
+    for (const auto& [name, there] : end_->contents().asKeyValueRange())
+        EXPECT_TRUE(there == content || (rows.size() < 4 && name == s("part")));
 }
 
 TEST_P(PhoneStepsTest, aCancelIsHeardAndNothingIsLeft) {
