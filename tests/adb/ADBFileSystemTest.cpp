@@ -62,11 +62,8 @@ TEST_P(ADBFileSystemTest, lostLinkIsAnErrorAndTheNextCallConnectsAnew) {
 TEST_P(ADBFileSystemTest, entriesThatCannotBeUsedAreReportedAndNeverLeftOut) {
     write(u"good"_s, "1");
     const QByteArray folder = QFile::encodeName(disk_.path(u"phone/"_s));
-    ASSERT_EQ(::close(::open((folder + "bad\xFF"
-                                       "name")
-                                 .constData(),
-                             O_CREAT | O_WRONLY, 0600)),
-              0);
+    const QByteArray bad = folder + "bad\xFF.txt";
+    ASSERT_EQ(::close(::open(bad.constData(), O_CREAT | O_WRONLY, 0600)), 0);
     ASSERT_EQ(::mkfifo((folder + "pipe").constData(), 0600), 0);
     ASSERT_EQ(::symlink("good", (folder + "link").constData()), 0);
     ASSERT_EQ(::symlink("nowhere", (folder + "broken").constData()), 0);
@@ -81,10 +78,7 @@ TEST_P(ADBFileSystemTest, entriesThatCannotBeUsedAreReportedAndNeverLeftOut) {
     EXPECT_THAT(codes, ElementsAre("nameNotAllowed", "nameNotAllowed", "nameNotAllowed", "notAFile",
                                    "unreadable"));
     breakPhone([](ADBDFaults& faults) { faults = {}; });
-    ASSERT_EQ(::unlink((folder + "bad\xFF"
-                                 "name")
-                           .constData()),
-              0);
+    ASSERT_EQ(::unlink(bad.constData()), 0);
     EXPECT_EQ(readAll(item(u"/link"_s)), "1");
     files_->remove(item(u"/link"_s), {});
     files_->remove(item(u"/loop"_s), {});

@@ -73,10 +73,10 @@ protected:
     [[nodiscard]] std::shared_ptr<ADBConnection>
     connect(std::chrono::milliseconds trustPatience = 2s) {
         if (GetParam() == ADBWay::server) {
-            ADBServerAddress address;
-            address.port = server_.port();
-            return std::make_shared<ADBServerConnection>(std::make_shared<ADBServerClient>(address),
-                                                         ADBPhoneSought{serial(), {}});
+            return std::make_shared<ADBServerConnection>(
+                std::make_shared<ADBServerClient>(
+                    ADBServerAddress{.port = server_.port(), .socketPath = {}}),
+                ADBPhoneSought{serial(), {}});
         }
         const auto transport = [this](const Wait& wait) -> std::unique_ptr<ADBTransport> {
             if (GetParam() == ADBWay::network)

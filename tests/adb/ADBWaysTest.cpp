@@ -16,9 +16,8 @@ using testing::IsEmpty;
 
 /// A port at which nothing listens.
 ADBServerAddress nowhere() {
-    ADBServerAddress address;
-    address.port = PhoneSockets::portOf(PhoneSockets::listenAt(u"127.0.0.1"_s, 0));
-    return address;
+    return {.port = PhoneSockets::portOf(PhoneSockets::listenAt(u"127.0.0.1"_s, 0)),
+            .socketPath = {}};
 }
 
 /// Waits until `isSo`.

@@ -101,11 +101,6 @@ protected:
         adbd_.start();
         used_ = &withoutADB_;
     }
-    [[nodiscard]] static ADBServerAddress nowhere() {
-        ADBServerAddress address;
-        address.port = 1;
-        return address;
-    }
     [[nodiscard]] CliRequest request(Command command, const QString& path,
                                      const QString& local = {}) const {
         CliRequest request;
@@ -118,7 +113,8 @@ protected:
     }
 
     VirtualADBD adbd_{{.folder = folder_.makeFolder(u"phone"_s)}};
-    DeviceServices withoutADB_{{bus_, processes_, nowhere(), QStringList()}};
+    DeviceServices withoutADB_{
+        {bus_, processes_, ADBServerAddress{.port = 1, .socketPath = {}}, QStringList()}};
 };
 
 } // namespace

@@ -47,29 +47,16 @@ protected:
         return holds();
     }
 
-    [[nodiscard]] ADBServerAddress serverAddress() const {
-        ADBServerAddress address;
-        address.port = server_.port();
-        return address;
+    static ADBServerAddress at(std::uint16_t port) {
+        return {.port = port, .socketPath = {}};
     }
 
-    [[nodiscard]] static ADBServerAddress addressOf(const FileHandle& socket) {
-        ADBServerAddress address;
-        address.port = PhoneSockets::portOf(socket);
-        return address;
-    }
-    /// Where no server listens.
-    [[nodiscard]] static ADBServerAddress nowhere() {
-        ADBServerAddress address;
-        address.port = 1;
-        return address;
-    }
-
-    DeviceServices services_{{bus_, runner_, serverAddress(), QStringList{realADB()}}};
-    DeviceServices servicesWithoutADB_{{bus_, runner_, nowhere(), QStringList()}};
+    DeviceServices services_{{bus_, runner_, at(server_.port()), QStringList{realADB()}}};
+    DeviceServices servicesWithoutADB_{{bus_, runner_, at(1), QStringList()}}; // nobody listens
     /// Takes connections and never says a word.
     const FileHandle silent_ = PhoneSockets::listenAt(u"127.0.0.1"_s, 0);
-    DeviceServices servicesThatHang_{{bus_, runner_, addressOf(silent_), QStringList()}};
+    DeviceServices servicesThatHang_{
+        {bus_, runner_, at(PhoneSockets::portOf(silent_)), QStringList()}};
     const std::shared_ptr<MemoryUserDefaults> defaults_ = std::make_shared<MemoryUserDefaults>();
 };
 

@@ -19,6 +19,13 @@ using testing::StartsWith;
 
 constexpr qint64 size = qint64{5} << 19;
 
+struct FilledPhone : IPhoneFiles {
+    FilledPhone() {
+        write(u"a"_s, manyBytes(size));
+        write(u"tree/b"_s, "b");
+    }
+};
+
 struct Operation {
     const char* name;
     const char* requests; ///< that it makes
@@ -71,9 +78,7 @@ TEST(AFCReplug, pullingTheCableEndsEveryOperationAtEveryRequestSoon) {
             for (const bool afterwards : {false, true}) {
                 SCOPED_TRACE(std::string(operation.name) + " at " + request.toStdString() +
                              (afterwards ? ", afterwards" : ""));
-                IPhoneFiles iphone;
-                iphone.write(u"a"_s, manyBytes(size));
-                iphone.write(u"tree/b"_s, "b");
+                FilledPhone iphone;
                 (void)iphone.files.freeBytes(u"/"_s, {}); // opens the connection
                 iphone.faults([&](VirtualIPhoneFaults& faults) {
                     faults.requestFault = {u"afc."_s + request, 1, afterwards, VirtualCut::unplug};
@@ -90,9 +95,7 @@ TEST(AFCReplug, pullingTheCableEndsEveryOperationAtEveryRequestSoon) {
 TEST(AFCReplug, whatWasNotBegunIsDoneOnANewConnectionAfterAReplug) {
     for (const Operation& operation : operations) {
         SCOPED_TRACE(operation.name);
-        IPhoneFiles iphone;
-        iphone.write(u"a"_s, manyBytes(size));
-        iphone.write(u"tree/b"_s, "b");
+        FilledPhone iphone;
         (void)iphone.names(u"/"_s);
         iphone.phone.unplug();
         iphone.phone.plugInto(iphone.mux);
@@ -118,9 +121,7 @@ TEST(AFCReplug, aChangeWhoseAnswerWasLostIsNotMadeTwice) {
                 !request.startsWith(u"make") && request != u"fileWrite"_s)
                 continue;
             SCOPED_TRACE(operation.name);
-            IPhoneFiles iphone;
-            iphone.write(u"a"_s, manyBytes(size));
-            iphone.write(u"tree/b"_s, "b");
+            FilledPhone iphone;
             (void)iphone.names(u"/"_s);
             iphone.faults([&](VirtualIPhoneFaults& faults) {
                 faults.requestFault = {u"afc."_s + request, 1, true, VirtualCut::close};

@@ -106,10 +106,7 @@ TEST_F(MTPListingTest, lockedPhoneHasNoStorageUntilItIsUnlocked) {
 TEST_F(MTPListingTest, rowsComeAsTheyArriveAndAStopEndsTheListing) {
     for (int n = 0; n < 40; ++n)
         phone().write(u"Many/%1"_s.arg(n), "x");
-    phone().behave([](VirtualBehaviour& behaviour) {
-        behaviour.unsupportedOperations.insert(
-            static_cast<std::uint16_t>(MTPOperationCode::getObjectPropList));
-    });
+    phone().unlearn(getObjectPropList);
     (void)list("/");
     phone().fault([](VirtualFaults& faults) {
         faults.delay[static_cast<std::uint16_t>(MTPOperationCode::getObjectInfo)] = 10ms;
@@ -144,10 +141,8 @@ TEST_F(MTPListingTest, everyRootThatPhonesListIsUnderstood) {
 
 TEST_F(MTPListingTest, sizesThatThePhoneCutsTo32BitsAreListedWhole) {
     constexpr qint64 fiveGiB = qint64{5} << 30;
-    phone().behave([](VirtualBehaviour& behaviour) {
-        behaviour.cutsSizesTo32Bits = true;
-        behaviour.unsupportedOperations.insert(static_cast<std::uint16_t>(getObjectPropList));
-    });
+    phone().behave([](VirtualBehaviour& behaviour) { behaviour.cutsSizesTo32Bits = true; });
+    phone().unlearn(getObjectPropList);
     (void)phone().disk.writeSparse(u"0/films/a"_s, fiveGiB);
     (void)phone().disk.writeSparse(u"0/films/b"_s, (qint64{4} << 30) + 5);
     phone().write(u"films/c"_s, "small");

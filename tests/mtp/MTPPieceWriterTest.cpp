@@ -124,9 +124,7 @@ TEST_F(MTPPieceWriterTest, whatEndsACopyIsToldAndLeavesNoOpenEdit) {
                                 [](std::span<std::byte>) { return std::size_t{0}; }, {}, {});
               }),
               "wrongSize");
-    phone().behave([](VirtualBehaviour& behaviour) {
-        behaviour.unsupportedOperations.insert(static_cast<std::uint16_t>(androidBeginEditObject));
-    });
+    phone().unlearn(androidBeginEditObject);
     replug();
     (void)list("/"); // what a phone announces is known from when its session began
     EXPECT_EQ(codeOf([&] { files_.append(begun, 0, newFile(), from(0), {}, {}); }), "notSupported");

@@ -127,12 +127,7 @@ TEST_F(MTPFolderPropertiesTest, phonesThatDoNotAnswerOrLieAreAskedOneByOne) {
         std::function<void(PluggedPhone&)> be;
     };
     const Row rows[] = {
-        {"not announced",
-         [](PluggedPhone& phone) {
-             phone.behave([](VirtualBehaviour& b) {
-                 b.unsupportedOperations.insert(static_cast<std::uint16_t>(getObjectPropList));
-             });
-         }},
+        {"not announced", [](PluggedPhone& phone) { phone.unlearn(getObjectPropList); }},
         {"announced and refused",
          [](PluggedPhone& phone) {
              phone.refuse(getObjectPropList, MTPResponseCode::operationNotSupported);

@@ -40,16 +40,14 @@ public:
     }
     /// Writes a file by the file system, from memory.
     FileItem put(const NewFile& file, const QByteArray& content, const Call& call = {}) {
-        return files.write(
-            file, sourceOf(content), [this](qint64 done) { progress.push_back(done); }, call);
+        return files.write(file, sourceOf(content), {}, call);
     }
-    [[nodiscard]] QByteArray get(const QString& path, ByteRange range = {}, const Call& call = {}) {
-        return readBytes(files, item(path), range, call);
+    [[nodiscard]] QByteArray get(const QString& path) {
+        return readBytes(files, item(path));
     }
 
     std::shared_ptr<PhoneQueue> queue;
     AFCFileSystem files;
-    std::vector<qint64> progress; ///< of the files that were put
 };
 
 /// The log text of the Error that `call` ends with; "nothing was thrown" when there is none.

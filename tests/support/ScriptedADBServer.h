@@ -34,9 +34,7 @@ public:
           }) {}
 
     [[nodiscard]] ADBServerAddress address() const {
-        ADBServerAddress address;
-        address.port = PhoneSockets::portOf(socket_);
-        return address;
+        return {.port = PhoneSockets::portOf(socket_), .socketPath = {}};
     }
     /// But for those for its version and its list of phones.
     [[nodiscard]] QByteArrayList requests() const {

@@ -151,12 +151,12 @@ private:
             connectPhone();
             PhoneIdentity identity;
             identity.udid = identity.serialNumber = serial();
-            ADBServerAddress address;
-            address.port = server_.port();
             files = std::make_shared<ADBFileSystem>(
                 identity, std::make_shared<PhoneQueue>(),
-                std::make_shared<ADBServerConnection>(std::make_shared<ADBServerClient>(address),
-                                                      ADBPhoneSought{serial(), {}}));
+                std::make_shared<ADBServerConnection>(
+                    std::make_shared<ADBServerClient>(
+                        ADBServerAddress{.port = server_.port(), .socketPath = {}}),
+                    ADBPhoneSought{serial(), {}}));
         }
         void cut() {
             adbd_->cut();
