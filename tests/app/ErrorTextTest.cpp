@@ -10,7 +10,6 @@
 #include "sync/plan/SyncError.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 using namespace tessary;

@@ -6,7 +6,6 @@
 #include <QJsonObject>
 #include <QSignalSpy>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 using namespace tessary;

@@ -2,7 +2,6 @@
 #include "support/QtPrinters.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 using namespace tessary;

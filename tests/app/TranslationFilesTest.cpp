@@ -9,7 +9,6 @@
 #include <QRegularExpression>
 #include <QSet>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <algorithm>
 

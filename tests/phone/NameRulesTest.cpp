@@ -1,7 +1,6 @@
 #include "phone/NameRules.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <QSet>
 

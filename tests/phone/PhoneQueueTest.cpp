@@ -4,7 +4,6 @@
 #include "phone/PhoneError.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <atomic>
 #include <latch>

@@ -12,7 +12,6 @@
 #include <QLocalSocket>
 #include <QtEndian>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <unistd.h>
 

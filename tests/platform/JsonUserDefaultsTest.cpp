@@ -7,7 +7,6 @@
 #include <QJsonArray>
 #include <QJsonObject>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <thread>
 

@@ -5,7 +5,6 @@
 #include <QTemporaryFile>
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace tessary {
 namespace {

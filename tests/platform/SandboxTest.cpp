@@ -6,7 +6,6 @@
 #include <QFile>
 #include <QLocalServer>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <csignal>
 #include <string_view>

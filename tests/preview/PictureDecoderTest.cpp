@@ -7,10 +7,8 @@
 
 #include <QBuffer>
 #include <QElapsedTimer>
-#include <QPainter>
 #include <QProcess>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <sys/resource.h>
 #include <sys/stat.h>

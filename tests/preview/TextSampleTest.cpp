@@ -3,7 +3,6 @@
 
 #include <QStringEncoder>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 using namespace tessary;

@@ -5,7 +5,6 @@
 #include "platform/usb/SystemUSBBus.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <array>
 #include <condition_variable>

@@ -5,7 +5,6 @@
 #include "transfer/copy/Leftovers.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace tessary {
 namespace {

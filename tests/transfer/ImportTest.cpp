@@ -6,7 +6,6 @@
 #include "transfer/import/CameraFolders.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace tessary {
 namespace {

@@ -5,7 +5,6 @@
 #include "transfer/CopySides.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <QProcess>
 

@@ -4,7 +4,6 @@
 #include "transfer/CopySides.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace tessary {
 namespace {
