@@ -14,7 +14,7 @@ constexpr std::size_t minimumReadSize = 4096;
 constexpr std::size_t streamRequestSize = 0x40000;
 constexpr std::size_t streamDepth = 4;
 /// Data and response; and for how many broken-off transactions they are looked out for.
-constexpr int containersPerTransaction = 2;
+constexpr std::size_t containersPerTransaction = 2;
 constexpr std::size_t abandonedLimit = 8 * containersPerTransaction;
 /// A response container has at most five parameters.
 constexpr std::uint32_t longestResponse = MTPContainerHeader::size + 5 * 4;
@@ -50,18 +50,46 @@ std::optional<std::uint64_t> payloadSize(const MTPContainerHeader& header,
 
 } // namespace
 
+std::size_t MTPContainerReader::readSize() const {
+    return roundUp(minimumReadSize, pipes_.connection.maxPacketSize);
+}
+
+USBCode MTPContainerReader::startRead() {
+    if (!reads_)
+        reads_ = pipes_.connection.interface->readStream(pipes_.connection.inPipe, readSize(),
+                                                         containersPerTransaction);
+    return reads_ ? reads_->submit(readSize()) : usb::noMemory;
+}
+
+void MTPContainerReader::readAhead() {
+    while (readsInFlight() < containersPerTransaction)
+        if (startRead() != usb::success)
+            return; // the next read tells
+}
+
+void MTPContainerReader::callBackReads() noexcept {
+    constexpr std::chrono::milliseconds atOnce{1};
+    while (readsInFlight() > 0 && readOnce({atOnce, atOnce}) == usb::success)
+        continue;
+}
+
 /// One read of the pipe into the incoming stream; an empty read leaves it as it is.
 USBCode MTPContainerReader::readOnce(USBTimeouts timeouts) {
-    const std::size_t packetSize = pipes_.connection.maxPacketSize;
-    const std::size_t size = roundUp(std::max(packetSize, minimumReadSize), packetSize);
-    const std::size_t held = incomingStream_.size();
-    incomingStream_.resize(held + size);
-    std::size_t transferred = 0;
-    const USBCode code = pipes_.connection.interface->readPipeTO(
-        pipes_.connection.inPipe, std::span(incomingStream_).subspan(held), transferred, timeouts);
-    incomingStream_.resize(held + std::min(transferred, size));
-    lastReadWasFull_ = transferred == size;
+    USBCode code = readsInFlight() > 0 ? usb::success : startRead();
+    if (code != usb::success)
+        return code;
+    ByteView arrived;
+    code = reads_->next(arrived, timeouts);
+    incomingStream_.insert(incomingStream_.end(), arrived.begin(), arrived.end());
+    lastReadWasFull_ = arrived.size() == readSize();
     return code;
+}
+
+/// For a payload that is read by other means: the bytes of the reads that wait already come first.
+Bytes MTPContainerReader::takeFromReads(std::uint64_t most) {
+    if (const USBCode code = readOnce(pipes_.timeouts()); code != usb::success)
+        failRead(code);
+    return take(static_cast<std::size_t>(std::min<std::uint64_t>(most, incomingStream_.size())));
 }
 
 void MTPContainerReader::failRead(USBCode code) const {
@@ -168,6 +196,8 @@ MTPContainerHeader MTPContainerReader::receiveAnyHeader(std::chrono::millisecond
         throw MTPTransportError(MTPTransportError::Case::invalidPacketHeader);
     (void)take(MTPContainerHeader::size);
     afterData_ = header->type == MTPContainerType::data;
+    if (header->type == MTPContainerType::response)
+        callBackReads();
     return *header;
 }
 
@@ -216,6 +246,8 @@ void MTPContainerReader::receivePayload(std::uint64_t size, const MTPDataSink& s
     if (!incomingStream_.empty() && size > 0)
         deliver(
             take(static_cast<std::size_t>(std::min<std::uint64_t>(size, incomingStream_.size()))));
+    while (received < size && readsInFlight() > 0)
+        deliver(takeFromReads(size - received));
     if (received == size)
         return;
 
@@ -277,6 +309,12 @@ void MTPContainerReader::receiveUntilShortPacket(std::uint64_t before, const MTP
         deliver(take(incomingStream_.size()));
     if (!more)
         return;
+    while (readsInFlight() > 0) {
+        if (const Bytes bytes = takeFromReads(readSize()); !bytes.empty())
+            deliver(bytes);
+        if (!lastReadWasFull_)
+            return;
+    }
     Bytes buffer(roundUp(streamRequestSize, pipes_.connection.maxPacketSize));
     do {
         throwIfStopped(options.stop);

@@ -2,6 +2,7 @@
 
 #include "mtp/client/MTPPipes.h"
 
+#include <memory>
 #include <vector>
 
 namespace tessary {
@@ -17,6 +18,13 @@ public:
     [[nodiscard]] MTPPacket receiveContainer(const MTPDataSink& sink,
                                              const MTPStreamOptions& options);
 
+    /// Lets reads for a data container and a response wait at the device, which can send both
+    /// without this computer coming between. What no container came for ends with the response:
+    /// some devices do not notice a command while a read waits.
+    void readAhead();
+    /// Ends those that still wait; what they have got is held.
+    void callBackReads() noexcept;
+
     /// Something has arrived that was not handed out.
     [[nodiscard]] bool holdsAnything() const {
         return !incomingStream_.empty();
@@ -31,7 +39,13 @@ public:
     void abandon(std::uint32_t transactionID);
 
 private:
+    [[nodiscard]] std::size_t readSize() const;
+    [[nodiscard]] std::size_t readsInFlight() const {
+        return reads_ ? reads_->inFlight() : 0;
+    }
+    [[nodiscard]] USBCode startRead();
     [[nodiscard]] USBCode readOnce(USBTimeouts timeouts);
+    [[nodiscard]] Bytes takeFromReads(std::uint64_t most);
     [[noreturn]] void failRead(USBCode code) const;
     void fill(std::size_t count);
     [[nodiscard]] Bytes take(std::size_t count);
@@ -50,7 +64,8 @@ private:
     [[nodiscard]] bool isAbandoned(const MTPContainerHeader& header);
 
     const MTPPipes pipes_;
-    Bytes incomingStream_; ///< read from the device, not handed out yet
+    std::unique_ptr<USBReadStream> reads_; ///< of readSize() each, made by the first one
+    Bytes incomingStream_;                 ///< read from the device, not handed out yet
     /// The last container carried data.
     bool afterData_ = false;
     /// The last read was filled to its end: the transfer may go on, or end by a zero-length packet.

@@ -15,6 +15,12 @@ constexpr std::uint16_t rawAlreadyOpen =
     static_cast<std::uint16_t>(MTPResponseCode::sessionAlreadyOpen);
 constexpr std::uint32_t full32Bits = std::numeric_limits<std::uint32_t>::max();
 
+/// What is asked of one object after the other, and answered in a few hundred bytes.
+bool isAskedInARow(MTPOperationCode operation) {
+    return operation == MTPOperationCode::getObjectInfo ||
+           operation == MTPOperationCode::getObjectPropValue;
+}
+
 bool isResponse(const MTPPacket& packet) {
     return packet.header.type == MTPContainerType::response;
 }
@@ -50,6 +56,8 @@ std::uint32_t MTPSession::sendCommand(MTPOperationCode operation, MTPParameters 
     isSettled_ = false;
     phase_ = MTPDataPhase::toHost;
     transport_->send(MTPPacketCodec::buildCommandPacket(operation, transactionID, parameters));
+    if (isAskedInARow(operation))
+        transport_->readAhead();
     return transactionID;
 }
 

@@ -78,6 +78,10 @@ public:
         send(data, {});
     }
 
+    /// Says, after a command was sent, that a short data container and a response will be asked
+    /// for: the device need not wait in between.
+    virtual void readAhead() = 0;
+
     /// One whole container, whose payload may have 64 MiB, else `bufferOverflow`. A device that
     /// stays silent before the first byte is waited for as long as `patience`, and at least as
     /// setWaits() says.

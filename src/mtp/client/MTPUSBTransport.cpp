@@ -49,6 +49,11 @@ void MTPUSBTransport::send(ByteView data, const MTPByteProgress& progress) {
     link().writer.send(data, progress);
 }
 
+void MTPUSBTransport::readAhead() {
+    const std::scoped_lock lock(mutex_);
+    link().reader.readAhead();
+}
+
 MTPPacket MTPUSBTransport::receivePacket(std::chrono::milliseconds patience) {
     const std::scoped_lock lock(mutex_);
     return link().reader.receivePacket(patience);
@@ -73,6 +78,7 @@ MTPPipeState MTPUSBTransport::recover(std::uint32_t transactionID, MTPDataPhase 
         return MTPPipeState::quiet;
     auto& [connection, reader, writer, events] = *link_;
     const MTPWaits waits = std::exchange(waits_, MTPWaits{limit, {}});
+    reader.callBackReads();
     // Phones acknowledge a cancel request in the middle of their data phase, and read on.
     const bool hasData = phase == MTPDataPhase::toDevice && writer.hasSentData();
     if (hasData)

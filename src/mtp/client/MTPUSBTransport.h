@@ -27,6 +27,7 @@ public:
     void close() override;
     using MTPTransportProtocol::send;
     void send(ByteView data, const MTPByteProgress& progress) override;
+    void readAhead() override;
     using MTPTransportProtocol::receivePacket;
     [[nodiscard]] MTPPacket receivePacket(std::chrono::milliseconds patience) override;
     void sendContainer(const MTPContainerHeader& header, std::uint64_t payloadSize,
