@@ -1,6 +1,6 @@
 #include "base/hash/ContentHash.h"
 
-#include <openssl/evp.h>
+#include <gcrypt.h>
 
 #include <new>
 
@@ -8,33 +8,42 @@ namespace tessary {
 
 namespace {
 
-/// Nothing but memory can be missing.
-void check(int result) {
-    if (result != 1)
-        throw std::bad_alloc();
+constexpr int sha256 = GCRY_MD_SHA256;
+
+/// The library wants to be asked for its version before anything else, once.
+bool isReady() {
+    static const bool ready = [] {
+        const bool isRecent = gcry_check_version(GCRYPT_VERSION) != nullptr;
+        if (isRecent && !gcry_control(GCRYCTL_INITIALIZATION_FINISHED_P)) {
+            gcry_control(GCRYCTL_DISABLE_SECMEM, 0); // a hash is no secret
+            gcry_control(GCRYCTL_INITIALIZATION_FINISHED, 0);
+        }
+        return isRecent;
+    }();
+    return ready;
 }
 
 } // namespace
 
-ContentHash::ContentHash() : context_(EVP_MD_CTX_new()) {
-    if (!context_)
+ContentHash::ContentHash() {
+    gcry_md_hd_t context = nullptr;
+    // Nothing but memory can be missing.
+    if (!isReady() || gcry_md_open(&context, sha256, 0) != 0)
         throw std::bad_alloc();
-    check(EVP_DigestInit_ex(context_.get(), EVP_sha256(), nullptr));
+    context_.reset(context);
 }
 
-void ContentHash::Free::operator()(evp_md_ctx_st* context) const {
-    EVP_MD_CTX_free(context);
+void ContentHash::Free::operator()(gcry_md_handle* context) const {
+    gcry_md_close(context);
 }
 
 void ContentHash::add(ByteView bytes) {
-    check(EVP_DigestUpdate(context_.get(), bytes.data(), bytes.size()));
+    gcry_md_write(context_.get(), bytes.data(), bytes.size());
 }
 
 QByteArray ContentHash::finish() {
-    QByteArray hash(EVP_MD_get_size(EVP_sha256()), Qt::Uninitialized);
-    check(
-        EVP_DigestFinal_ex(context_.get(), reinterpret_cast<unsigned char*>(hash.data()), nullptr));
-    return hash;
+    return {reinterpret_cast<const char*>(gcry_md_read(context_.get(), sha256)),
+            static_cast<qsizetype>(gcry_md_get_algo_dlen(sha256))};
 }
 
 } // namespace tessary

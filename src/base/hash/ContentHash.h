@@ -6,7 +6,7 @@
 
 #include <memory>
 
-struct evp_md_ctx_st;
+struct gcry_md_handle;
 
 namespace tessary {
 
@@ -22,9 +22,9 @@ public:
 
 private:
     struct Free {
-        void operator()(evp_md_ctx_st* context) const;
+        void operator()(gcry_md_handle* context) const;
     };
-    std::unique_ptr<evp_md_ctx_st, Free> context_;
+    std::unique_ptr<gcry_md_handle, Free> context_;
 };
 
 } // namespace tessary
