@@ -1,4 +1,5 @@
-#include "adb/protocol/ADBAuthManager.h"
+#include "adb/keys/ADBAuthManager.h"
+#include "adb/ways/ADBKeyHelper.h"
 #include "platform/keys/FileKeyStore.h"
 #include "platform/process/QtProcessRunner.h"
 #include "simulator/faults/FaultyADBD.h"
@@ -105,6 +106,28 @@ TEST_F(ADBAuthManagerTest, whatCannotBeUsedIsAnErrorAndStaysAsItIs) {
             EXPECT_THAT(error.what(), HasSubstr("Failed to generate RSA key: "));
         }
         EXPECT_EQ(folder_.read(storedKey()), stored);
+    }
+}
+
+// What the program for the key does with the user's own store.
+TEST_F(ADBAuthManagerTest, programForTheKeyAnswersAsTheKeyItself) {
+    QProcessEnvironment home;
+    home.insert(QStringLiteral("XDG_DATA_HOME"), folder_.path());
+    home.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), QStringLiteral("unix:path=/nowhere"));
+    QtProcessRunner runner(home);
+    ADBKeyHelper helper(runner);
+    const Bytes signature = helper.sign(token);
+    ADBDKeys phone;
+    ASSERT_TRUE(phone.trust(helper.getPhonePublicKeyPayload()));
+    EXPECT_TRUE(phone.hasSigned(token, signature));
+
+    folder_.write(QStringLiteral("tessary/") + storedKey(), "damaged");
+    try {
+        (void)helper.sign(token);
+        ADD_FAILURE() << "signed";
+    } catch (const Error& error) {
+        EXPECT_TRUE(error.is(ADBError::noKey));
+        EXPECT_THAT(error.what(), HasSubstr("no RSA key of 2048 bits"));
     }
 }
 

@@ -4,6 +4,7 @@
 #include "adb/direct/ADBTCPTransport.h"
 #include "adb/direct/ADBUSBTransport.h"
 #include "adb/files/ADBFileSystem.h"
+#include "adb/keys/ADBAuthManager.h"
 #include "adb/protocol/ADBError.h"
 #include "adb/server/ADBServerConnection.h"
 #include "platform/keys/FileKeyStore.h"

@@ -1,4 +1,5 @@
 #include "adb/direct/ADBLink.h"
+#include "adb/keys/ADBAuthManager.h"
 
 #include "adb/ADBFilesFixture.h"
 #include "support/Soon.h"

@@ -1,4 +1,5 @@
 #include "adb/ways/ADBWays.h"
+#include "adb/keys/ADBAuthManager.h"
 
 #include "adb/ADBFilesFixture.h"
 #include "simulator/wire/PhoneSockets.h"

@@ -1,5 +1,6 @@
 // Single steps over every way to a phone, and on the disk: what holds for one holds for all.
 
+#include "adb/keys/ADBAuthManager.h"
 #include "transfer/PhoneSides.h"
 
 #include "adb/direct/ADBDirectConnection.h"

@@ -4,7 +4,7 @@
 
 namespace tessary {
 
-ADBDirectConnection::ADBDirectConnection(Connect connect, std::shared_ptr<ADBAuthManager> keys,
+ADBDirectConnection::ADBDirectConnection(Connect connect, std::shared_ptr<ADBHostKey> keys,
                                          std::function<QStringList()> programsHolding,
                                          std::chrono::milliseconds trustPatience)
     : connect_(std::move(connect)),

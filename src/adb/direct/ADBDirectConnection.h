@@ -2,7 +2,7 @@
 
 #include "adb/direct/ADBLink.h"
 #include "adb/direct/ADBTransport.h"
-#include "adb/protocol/ADBAuthManager.h"
+#include "adb/protocol/ADBHostKey.h"
 #include "adb/services/ADBStream.h"
 
 #include <functional>
@@ -21,7 +21,7 @@ public:
     static constexpr std::chrono::milliseconds defaultTrustPatience{15'000};
 
     /// `programsHolding` names the programs that keep the phone from us; may be empty.
-    ADBDirectConnection(Connect connect, std::shared_ptr<ADBAuthManager> keys,
+    ADBDirectConnection(Connect connect, std::shared_ptr<ADBHostKey> keys,
                         std::function<QStringList()> programsHolding = {},
                         std::chrono::milliseconds trustPatience = defaultTrustPatience);
 
@@ -35,7 +35,7 @@ private:
     [[nodiscard]] std::shared_ptr<ADBLink> link(const Wait& wait, bool& isNew);
 
     const Connect connect_;
-    const std::shared_ptr<ADBAuthManager> keys_;
+    const std::shared_ptr<ADBHostKey> keys_;
     const std::function<QStringList()> programsHolding_;
     const std::chrono::milliseconds trustPatience_;
     std::mutex mutex_;

@@ -72,7 +72,7 @@ private:
     Channel channel_;
 };
 
-ADBLink::ADBLink(std::unique_ptr<ADBTransport> transport, std::shared_ptr<ADBAuthManager> keys)
+ADBLink::ADBLink(std::unique_ptr<ADBTransport> transport, std::shared_ptr<ADBHostKey> keys)
     : transport_(std::move(transport)), keys_(std::move(keys)) {
     send(ADBCommand::cnxn, ADBConstants::versionV2, ADBConstants::maxPayloadV2,
          bytesOf(ADBConstants::defaultHostFeatures));

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "adb/direct/ADBTransport.h"
-#include "adb/protocol/ADBAuthManager.h"
+#include "adb/protocol/ADBHostKey.h"
 #include "adb/services/ADBStream.h"
 #include "base/values/Error.h"
 
@@ -25,7 +25,7 @@ namespace tessary {
 class ADBLink : public std::enable_shared_from_this<ADBLink> {
 public:
     /// Greets the phone on a thread of its own. `keys` may be asked on that thread.
-    ADBLink(std::unique_ptr<ADBTransport> transport, std::shared_ptr<ADBAuthManager> keys);
+    ADBLink(std::unique_ptr<ADBTransport> transport, std::shared_ptr<ADBHostKey> keys);
     /// No stream may be left.
     ~ADBLink();
     ADBLink(const ADBLink&) = delete;
@@ -78,7 +78,7 @@ private:
     void close(Channel& channel);
 
     const std::unique_ptr<ADBTransport> transport_;
-    const std::shared_ptr<ADBAuthManager> keys_;
+    const std::shared_ptr<ADBHostKey> keys_;
     mutable std::mutex mutex_; ///< guards all below but the threads
     std::condition_variable_any changed_;
     State state_ = State::greeting;

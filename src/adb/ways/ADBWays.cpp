@@ -1,5 +1,7 @@
 #include "adb/ways/ADBWays.h"
 
+#include "adb/ways/ADBKeyHelper.h"
+
 #include "adb/direct/ADBDirectConnection.h"
 #include "adb/direct/ADBTCPTransport.h"
 #include "adb/direct/ADBUSBTransport.h"
@@ -86,7 +88,7 @@ ADBWays::ADBWays(Setup setup)
     : setup_(std::move(setup)),
       tool_(setup_.adbPaths),
       server_(std::make_shared<const ADBServerClient>(setup_.server)),
-      keys_(setup_.keys ? setup_.keys : std::make_shared<ADBAuthManager>()),
+      keys_(setup_.keys ? setup_.keys : std::make_shared<ADBKeyHelper>(setup_.processes)),
       tracker_(server_, setup_.changed) {}
 
 ADBWays::~ADBWays() = default;

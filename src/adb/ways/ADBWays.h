@@ -1,6 +1,6 @@
 #pragma once
 
-#include "adb/protocol/ADBAuthManager.h"
+#include "adb/protocol/ADBHostKey.h"
 #include "adb/server/ADBDeviceTracker.h"
 #include "adb/server/ADBServerClient.h"
 #include "adb/services/ADBStream.h"
@@ -29,7 +29,7 @@ public:
         ProcessRunner& processes;                         ///< outlives it
         ADBServerAddress server = ADBServerAddress::of(); ///< that is used
         std::optional<QStringList> adbPaths{};            ///< instead of the usual places
-        std::shared_ptr<ADBAuthManager> keys{};           ///< null: this computer's
+        std::shared_ptr<ADBHostKey> keys{};               ///< null: this computer's
         std::function<void()> changed{};                  ///< devices() has another answer
     };
 
@@ -72,7 +72,7 @@ private:
     const Setup setup_;
     const ADBTool tool_;
     const std::shared_ptr<const ADBServerClient> server_;
-    const std::shared_ptr<ADBAuthManager> keys_;
+    const std::shared_ptr<ADBHostKey> keys_;
     ADBDeviceTracker tracker_;
     std::mutex startMutex_; ///< one start of a server at a time
     mutable std::mutex mutex_;

@@ -1,4 +1,4 @@
-#include "adb/protocol/ADBAuthManager.h"
+#include "adb/keys/ADBAuthManager.h"
 
 #include "base/values/FreeWith.h"
 #include "base/values/LittleEndian.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "adb/protocol/ADBError.h"
-#include "base/values/Bytes.h"
+#include "adb/protocol/ADBHostKey.h"
 #include "platform/keys/KeyStore.h"
 #include "platform/keys/SystemKeyStore.h"
 
@@ -21,11 +21,9 @@ struct ADBHostIdentity {
     [[nodiscard]] static ADBHostIdentity ofThisComputer();
 };
 
-/// The RSA key by which phones know this computer. It lies in the key store under `keyTag`, is
-/// made on first use, and is looked up anew each time, so that every program of this user signs
-/// with the same one. Thread-safe; calls block as the key store does. Failures are
-/// Error(ADBError).
-class ADBAuthManager {
+/// The key in the key store under `keyTag`. It is made on first use and looked up anew each time,
+/// so that every program of this user signs with the same one.
+class ADBAuthManager final : public ADBHostKey {
 public:
     static constexpr QLatin1StringView keyTag{"com.kestrine.adb.privatekey"};
 
@@ -41,18 +39,13 @@ public:
     /// RSA, 2048 bits. What is stored is never replaced, even when it is no such key.
     [[nodiscard]] PrivateKey getOrCreatePrivateKey();
 
-    /// The answer to AUTH with a token: its PKCS #1 v1.5 signature (256 bytes), with the token
-    /// (20 bytes) taken for a SHA-1 digest as it is.
-    [[nodiscard]] Bytes sign(ByteView token);
+    [[nodiscard]] Bytes sign(ByteView token) override;
 
     /// What AUTH with the public key carries: base64 of the key's PKCS #1 RSAPublicKey in DER,
     /// a blank, "<user>@<host>" and one NUL.
     [[nodiscard]] Bytes getPublicKeyPayload();
 
-    /// The same in the form that phones take: base64 of 524 bytes { u32 words of the modulus (64),
-    /// u32 -1/n mod 2^32, the modulus n, R^2 mod n with R = 2^2048 (256 bytes each), u32 exponent
-    /// }, all little-endian.
-    [[nodiscard]] Bytes getPhonePublicKeyPayload();
+    [[nodiscard]] Bytes getPhonePublicKeyPayload() override;
 
 private:
     [[nodiscard]] Bytes payloadOf(const QByteArray& key) const;
