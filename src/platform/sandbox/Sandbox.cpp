@@ -6,13 +6,13 @@
 #include <algorithm>
 #include <cerrno>
 #include <csignal>
+#include <ctime>
 #include <filesystem>
 #include <iterator>
 #include <system_error>
 
 #include <sys/prctl.h>
 #include <sys/resource.h>
-#include <sys/time.h>
 #include <unistd.h>
 
 namespace tessary {
@@ -44,13 +44,14 @@ void limitResources(const SandboxRules& rules) {
 #if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
     limit(RLIMIT_AS, static_cast<rlim_t>(rules.memory)); // a sanitizer's shadow takes terabytes
 #endif
-    sigset_t alarm;
-    sigemptyset(&alarm);
-    sigaddset(&alarm, SIGALRM);
-    const itimerval timer{{}, {rules.wallTime.count(), 0}};
-    if (std::signal(SIGALRM, SIG_DFL) == SIG_ERR ||
-        sigprocmask(SIG_UNBLOCK, &alarm, nullptr) != 0 ||
-        setitimer(ITIMER_REAL, &timer, nullptr) != 0)
+    // Nothing in here can turn a deaf ear to this signal, or disarm the timer.
+    sigevent deadly{};
+    deadly.sigev_notify = SIGEV_SIGNAL;
+    deadly.sigev_signo = SIGKILL;
+    timer_t timer{};
+    const itimerspec once{{}, {rules.wallTime.count(), 0}};
+    if (timer_create(CLOCK_MONOTONIC, &deadly, &timer) != 0 ||
+        timer_settime(timer, 0, &once, nullptr) != 0)
         fail("cannot set the limit of time");
 }
 
