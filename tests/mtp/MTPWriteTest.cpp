@@ -91,6 +91,29 @@ TEST_F(MTPWriteTest, cancelAndFailureLeaveNoPartialObject) {
     EXPECT_EQ(write("/DCIM", u"big.bin"_s, bytes).size, 3'000'000) << "nothing stands in its way";
 }
 
+TEST_F(MTPWriteTest, stopBetweenTheBytesLeavesNothingEither) {
+    phone().behave([](VirtualBehaviour& behaviour) { behaviour.createsObjectEarly = true; });
+    for (const MTPOperationCode place : {sendObjectInfo, getObjectInfo})
+        phone().fault([&](VirtualFaults& faults) {
+            faults.delay[static_cast<std::uint16_t>(place)] = 300ms;
+        });
+    for (const MTPOperationCode place : {sendObjectInfo, getObjectInfo}) {
+        SCOPED_TRACE(static_cast<int>(place));
+        std::stop_source stop;
+        std::jthread hand([&, sent = phone().requests(sendObjectInfo)] {
+            while (phone().requests(sendObjectInfo) == sent)
+                std::this_thread::sleep_for(1ms);
+            const std::size_t asked = place == sendObjectInfo ? sent : phone().requests(place);
+            while (phone().requests(place) == asked)
+                std::this_thread::sleep_for(1ms);
+            stop.request_stop();
+        });
+        EXPECT_EQ(codeOf([&] { write("/DCIM", u"a.txt"_s, "text", {}, stop.get_token()); }),
+                  "cancelled");
+        EXPECT_TRUE(phone().names(u"DCIM"_s).isEmpty());
+    }
+}
+
 TEST_F(MTPWriteTest, neighbourThatAppearsMeanwhileOutlivesARefusedUpload) {
     (void)list("/DCIM");
     phone().write(u"DCIM/a.txt"_s, "theirs");

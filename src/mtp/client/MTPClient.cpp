@@ -92,9 +92,9 @@ void MTPClient::setStop(std::stop_token stop) {
     session_.setStop(std::move(stop));
 }
 
-bool MTPClient::isSettled() const {
+bool MTPClient::settleSoon() {
     const std::scoped_lock lock(mutex_);
-    return session_.isSettled();
+    return session_.settleSoon();
 }
 
 void MTPClient::openSession(std::uint32_t sessionID) {

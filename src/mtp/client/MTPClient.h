@@ -26,9 +26,9 @@ public:
     /// From now on `stop` ends any call early, with CancellationError, except closeSession(). May
     /// be called before openSession().
     void setStop(std::stop_token stop);
-    /// Whether the last transaction ran to its end. If not, the next one first brings the device
-    /// to rest, which may take a while.
-    [[nodiscard]] bool isSettled() const;
+    /// Whether the device is at rest; a transaction that was broken off is ended first, which is
+    /// tried for a few seconds and once only. If it is not, the next call waits for it.
+    [[nodiscard]] bool settleSoon();
 
     /// How many transactions were begun so far.
     [[nodiscard]] std::uint64_t asked() const {

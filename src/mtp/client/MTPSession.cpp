@@ -53,7 +53,7 @@ std::uint32_t MTPSession::sendCommand(MTPOperationCode operation, MTPParameters 
         throw MTPTransportError(MTPTransportError::Case::timeout);
     const std::uint32_t transactionID = transactionIDCounter_++;
     ++asked_;
-    isSettled_ = false;
+    isSettled_ = isBusy_ = false;
     phase_ = MTPDataPhase::toHost;
     transport_->send(MTPPacketCodec::buildCommandPacket(operation, transactionID, parameters));
     if (isAskedInARow(operation))
@@ -70,7 +70,8 @@ void MTPSession::sendData(MTPOperationCode operation, std::uint32_t transactionI
 /// Ends the last transaction, which was broken off, on the device's side.
 MTPPipeState MTPSession::recover() {
     const MTPPipeState state = transport_->recover(transactionIDCounter_ - 1, phase_);
-    isSettled_ = state != MTPPipeState::busy;
+    isBusy_ = state == MTPPipeState::busy;
+    isSettled_ = !isBusy_;
     return state;
 }
 
@@ -79,7 +80,14 @@ MTPPipeState MTPSession::recover() {
 void MTPSession::recoverSoon() noexcept {
     constexpr std::chrono::milliseconds limit{700};
     const MTPPipeState state = transport_->recover(transactionIDCounter_ - 1, phase_, limit);
-    isSettled_ = state != MTPPipeState::busy;
+    isBusy_ = state == MTPPipeState::busy;
+    isSettled_ = !isBusy_;
+}
+
+bool MTPSession::settleSoon() noexcept {
+    if (!isSettled_ && !isBusy_)
+        recoverSoon();
+    return isSettled_;
 }
 
 MTPPacket MTPSession::receiveResponse(std::chrono::milliseconds patience) {

@@ -38,9 +38,7 @@ public:
     void setStop(std::stop_token stop);
     void open(std::uint32_t sessionID);
     void close();
-    [[nodiscard]] bool isSettled() const {
-        return isSettled_;
-    }
+    [[nodiscard]] bool settleSoon() noexcept;
     [[nodiscard]] std::uint64_t asked() const {
         return asked_;
     }
@@ -98,6 +96,7 @@ private:
     std::uint32_t transactionIDCounter_ = 1;
     bool isOpen_ = false;
     bool isSettled_ = true;                     ///< the last transaction ran to its response
+    bool isBusy_ = false;                       ///< it did not, and could not be ended either
     MTPDataPhase phase_ = MTPDataPhase::toHost; ///< of the last transaction
 };
 

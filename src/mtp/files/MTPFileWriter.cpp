@@ -65,7 +65,8 @@ MTPObjectInfo MTPFileWriter::send(const NewFile& file, const ByteSource& content
         return count;
     };
     qint64 sent = 0;
-    std::optional<std::uint32_t> announced; // none: the phone has made nothing
+    std::optional<std::uint32_t> announced; // none: the phone has not said that it made anything
+    const std::uint64_t asked = tree_.client().asked();
     MTPStreamOptions options;
     options.stop = stop_;
     options.accepted = [&announced](std::uint32_t handle) { announced = handle; };
@@ -85,6 +86,11 @@ MTPObjectInfo MTPFileWriter::send(const NewFile& file, const ByteSource& content
         // A device that is gone or mute is not asked for more.
         if (announced && (!endsSession(error) || isStalled))
             removeLeftover(file.name, *announced, size);
+        throw;
+    } catch (const CancellationError&) {
+        // Some devices make the object before they say so.
+        if (tree_.client().asked() != asked)
+            removeLeftover(file.name, announced.value_or(0), size);
         throw;
     } catch (...) {
         if (announced)
@@ -140,7 +146,7 @@ MTPObjectInfo MTPFileWriter::requireNew(const QString& name, std::uint32_t annou
 void MTPFileWriter::removeLeftover(const QString& name, std::uint32_t announced,
                                    std::uint64_t size) noexcept {
     // Whoever stopped the call does not wait for a phone that is still busy with it.
-    if (!tree_.client().isSettled())
+    if (!tree_.client().settleSoon())
         return;
     tree_.client().setStop({});
     try {

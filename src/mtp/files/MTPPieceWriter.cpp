@@ -156,7 +156,7 @@ void MTPPieceWriter::finish(MTPTree& tree) {
 
 /// Ends the edit after a failure, where the phone still listens.
 void MTPPieceWriter::breakOff(MTPTree& tree) noexcept {
-    if (serial_ != tree.serial() || !tree.client().isSettled())
+    if (serial_ != tree.serial() || !tree.client().settleSoon())
         return;
     serial_ = 0;
     tree.client().setStop({});
