@@ -4,11 +4,13 @@
 #include "support/FakeProcessRunner.h"
 #include "support/MainLoop.h"
 #include "support/PluggedPhone.h"
+#include "sync/run/SyncLock.h"
 
 #include <QEventLoop>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QTimer>
 
 #include <chrono>
 #include <cstdio>
@@ -64,10 +66,12 @@ protected:
         return run(request);
     }
     Result run(const CliRequest& request, const std::stop_token& stop = {},
-               Capture* shared = nullptr) {
+               Capture* shared = nullptr, Capture* sharedError = nullptr) {
         Capture own;
         Capture& out = shared != nullptr ? *shared : own;
-        Capture error;
+        Capture ownError;
+        Capture& error = sharedError != nullptr ? *sharedError : ownError;
+        std::setvbuf(error.stream, nullptr, _IONBF, 0); // as stderr
         CliRunner runner(
             {bus_, *used_, defaults_, out.stream, error.stream, folder_.path(u"ledgers"_s)});
         CliRunner::ExitStatus status = CliRunner::failed;
@@ -313,6 +317,19 @@ TEST_F(CliRunnerTest, syncPreviewsCopiesAndDeletesOnlyOnRequest) {
     EXPECT_EQ(result.status, CliRunner::done);
     EXPECT_EQ(lengths(result, "downloaded"), 2);
     EXPECT_EQ(folder_.read(u"pictures/sub/two.txt"_s), "second");
+
+    // A sync of another program comes first, and that is said at once.
+    Capture error;
+    std::optional<SyncLock> before(std::in_place, SyncLock::defaultFile(), nullptr,
+                                   std::stop_token());
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, [&] {
+        if (error.text().contains(u"Another sync is running"_s))
+            before.reset();
+    });
+    look.start(std::chrono::milliseconds(10));
+    EXPECT_EQ(run(request, {}, nullptr, &error).status, CliRunner::done);
+    look.stop();
 
     // What is left out and could come is no success.
     CliRequest other = request;
