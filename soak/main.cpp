@@ -27,6 +27,7 @@ const QString adb = u"/usr/bin/adb"_s;
 void soak(Story& story, Dice& dice, std::chrono::seconds time, bool withADB) {
     const TemporaryFolder disk;
     qputenv("XDG_CACHE_HOME", disk.path(u"cache"_s).toUtf8());
+    qputenv("XDG_DATA_HOME", disk.path(u"data"_s).toUtf8()); // the trash
     LoggingMux mux(disk.path(u"mux"_s));
     mux.useInThisProcess();
     VirtualUSBBus bus;

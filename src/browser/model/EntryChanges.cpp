@@ -1,12 +1,11 @@
 #include "browser/model/EntryChanges.h"
 
 #include "base/local/LocalError.h"
+#include "base/local/Trash.h"
 #include "base/text/PathNames.h"
 #include "browser/model/FileBrowserViewModel.h"
 #include "phone/TreeLimits.h"
 #include "transfer/local/LocalFileSystem.h"
-
-#include <QFile>
 
 #include <algorithm>
 #include <iterator>
@@ -47,7 +46,7 @@ What problemOf(UndoStep::Kind kind) {
 void removeWhole(PhoneFileSystem& files, const FileItem& item, const std::stop_token& stop) {
     if (dynamic_cast<LocalFileSystem*>(&files) == nullptr)
         files.removeTree(item, stop);
-    else if (!QFile::moveToTrash(item.path))
+    else if (!moveToTrash(item.path))
         throw Error(LocalError::cannotWrite, {item.path, QString()});
 }
 

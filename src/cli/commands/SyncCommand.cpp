@@ -2,6 +2,7 @@
 
 #include "app/texts/ErrorText.h"
 #include "app/texts/SyncGuardText.h"
+#include "base/local/Trash.h"
 #include "base/text/ByteFormat.h"
 #include "base/text/Printable.h"
 #include "base/threads/CancellationError.h"

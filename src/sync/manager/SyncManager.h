@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/local/Trash.h"
 #include "phone/records/AppInfo.h"
 #include "phone/records/DeviceInfo.h"
 #include "platform/settings/StoredList.h"

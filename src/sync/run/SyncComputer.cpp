@@ -4,7 +4,6 @@
 #include "transfer/local/LocalFolder.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 
 #include <cerrno>
@@ -23,10 +22,6 @@ SyncComputer syncComputer(LocalFileSystem& folder) {
             },
             [&folder] { folder.flush(); },
             {}};
-}
-
-bool moveToTrash(const QString& path) {
-    return QFile::moveToTrash(path);
 }
 
 } // namespace tessary

@@ -23,7 +23,4 @@ struct SyncComputer {
 /// A real folder; must outlive the result. A code of LocalError from `makeFolder`.
 [[nodiscard]] SyncComputer syncComputer(LocalFileSystem& folder);
 
-/// The desktop's trash.
-[[nodiscard]] bool moveToTrash(const QString& path);
-
 } // namespace tessary
