@@ -41,6 +41,15 @@ TEST_F(MTPWriteTest, filesThatOthersPutIntoAKnownFolderAreNotWrittenOver) {
     EXPECT_EQ(phone().content(u"DCIM/late"_s), "t");
 }
 
+TEST_F(MTPWriteTest, folderIsMadeEmptyAlsoUnderAHandleThatWasAnothers) {
+    for (const char* content : {"first", "second"}) {
+        (void)files_.makeFolder(u"/DCIM"_s, u"new"_s, {});
+        EXPECT_EQ(read(write("/DCIM/new", u"a"_s, content)), content);
+        QDir(phone().disk.path(u"0/DCIM/new"_s)).removeRecursively();
+        (void)list("/DCIM");
+    }
+}
+
 TEST_F(MTPWriteTest, announcedHandleMayBeWorthNothing) {
     phone().behave([](VirtualBehaviour& behaviour) { behaviour.forgetsSentHandle = true; });
     const FileItem made = write("/DCIM", u"a.txt"_s, "content");

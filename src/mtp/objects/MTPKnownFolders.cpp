@@ -24,6 +24,9 @@ const MTPKnownFolder* MTPKnownFolders::find(std::uint32_t storageID, std::uint32
 }
 
 void MTPKnownFolders::added(const MTPFound& folder, const MTPObjectInfo& info) {
+    // A phone may give a new folder the handle of one that went without its saying so.
+    if (info.isDirectory())
+        forget(folder.location.storageID, info.id);
     const auto one = folders_.find({folder.location.storageID, folder.object.handle});
     if (one != folders_.end())
         one->contents.insert(info);
