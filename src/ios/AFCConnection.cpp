@@ -118,8 +118,10 @@ void AFCConnection::openContainer() {
         ask([&](afc_client_t afc) { return afc_read_directory(afc, "/Documents", &texts); });
     const AFCTexts owner(texts);
     // Where the look itself was refused, nobody knows which folder would be opened.
-    if (probe == AFC_E_OBJECT_NOT_FOUND)
+    if (probe == AFC_E_OBJECT_NOT_FOUND) {
+        (void)readNames(QString(slash)); // a top that is closed has documents, whatever was said
         return;
+    }
     if (probe != AFC_E_SUCCESS)
         throw errorOf(probe, QString(slash));
     if (!isDocumentsOf(*this))

@@ -46,6 +46,17 @@ TEST(AFCFileSystem, opensDocumentsWhereverTheContainerHasThem) {
     }
 }
 
+TEST(AFCFileSystem, aLieAboutTheDocumentsDoesNotOutliveItsQuestion) {
+    constexpr std::uint64_t notFound = 8;
+    IPhoneFiles iphone;
+    iphone.write(u"a.txt"_s, "content");
+    iphone.faults([](VirtualIPhoneFaults& faults) {
+        faults.statuses[u"afc.readDir"_s] = {notFound, false};
+    });
+    EXPECT_THROW((void)iphone.names(u"/"_s), Error);
+    EXPECT_EQ(iphone.names(u"/"_s), QStringList(u"a.txt"_s));
+}
+
 /// Whoever keeps folders in step would find another folder in the place of his own.
 TEST(AFCFileSystem, aLookForTheDocumentsThatIsRefusedOpensNoOtherFolder) {
     constexpr std::uint64_t permissionDenied = 10;
