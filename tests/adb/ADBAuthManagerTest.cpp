@@ -57,26 +57,13 @@ protected:
     QtProcessRunner runner_;
 };
 
-TEST_F(ADBAuthManagerTest, signatureAndExportedKeyHoldForOpenssl) {
-    const Bytes signature = manager().sign(token);
-    EXPECT_EQ(signature.size(), 256u);
-    const QByteArray payload = textOf(manager().getPublicKeyPayload());
-    folder_.write(QStringLiteral("key.der"),
-                  QByteArray::fromBase64(payload.left(payload.indexOf(' '))));
-    folder_.write(QStringLiteral("signature"), textOf(signature));
-    folder_.write(QStringLiteral("token"), textOf(token));
-    expectSucceeds("openssl rsa -RSAPublicKey_in -inform DER -in @key.der -pubout -out @key.pem");
-    expectSucceeds("openssl pkeyutl -verify -pubin -inkey @key.pem -sigfile @signature -in @token "
-                   "-pkeyopt rsa_padding_mode:pkcs1 -pkeyopt digest:sha1");
-}
-
 TEST_F(ADBAuthManagerTest, keyOfTheADBToolSignsForItsPublicKeyAndForOurs) {
     folder_.makeFolder(QStringLiteral("keys"));
     expectSucceeds("adb keygen @keys/com.kestrine.adb.privatekey");
     ASSERT_TRUE(folder_.has(storedKey()));
-    const Bytes signature = manager().sign(token);
+    const Bytes signature = manager().sign(token, {});
     for (const Bytes& publicKey : {bytesOfFile(folder_.read(storedKey() + QStringLiteral(".pub"))),
-                                   manager().getPhonePublicKeyPayload()}) {
+                                   manager().getPhonePublicKeyPayload({})}) {
         ADBDKeys phone;
         ASSERT_TRUE(phone.trust(publicKey)) << textOf(publicKey).toStdString();
         EXPECT_TRUE(phone.hasSigned(token, signature));
@@ -86,7 +73,7 @@ TEST_F(ADBAuthManagerTest, keyOfTheADBToolSignsForItsPublicKeyAndForOurs) {
 
 TEST_F(ADBAuthManagerTest, whatCannotBeUsedIsAnErrorAndStaysAsItIs) {
     try {
-        (void)manager().sign(ByteView(token).first(19));
+        (void)manager().sign(ByteView(token).first(19), {});
         ADD_FAILURE() << "signed";
     } catch (const Error& error) {
         EXPECT_TRUE(error.is(ADBError::notSigned));
@@ -99,7 +86,7 @@ TEST_F(ADBAuthManagerTest, whatCannotBeUsedIsAnErrorAndStaysAsItIs) {
     for (const QByteArray& stored : {QByteArray("damaged"), QByteArray(""), shortKey}) {
         folder_.write(storedKey(), stored); // keeps its permissions
         try {
-            (void)manager().getPublicKeyPayload();
+            (void)manager().getPhonePublicKeyPayload({});
             ADD_FAILURE() << stored.toStdString();
         } catch (const Error& error) {
             EXPECT_TRUE(error.is(ADBError::noKey));
@@ -116,14 +103,14 @@ TEST_F(ADBAuthManagerTest, programForTheKeyAnswersAsTheKeyItself) {
     home.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), QStringLiteral("unix:path=/nowhere"));
     QtProcessRunner runner(home);
     ADBKeyHelper helper(runner);
-    const Bytes signature = helper.sign(token);
+    const Bytes signature = helper.sign(token, {});
     ADBDKeys phone;
-    ASSERT_TRUE(phone.trust(helper.getPhonePublicKeyPayload()));
+    ASSERT_TRUE(phone.trust(helper.getPhonePublicKeyPayload({})));
     EXPECT_TRUE(phone.hasSigned(token, signature));
 
     folder_.write(QStringLiteral("tessary/") + storedKey(), "damaged");
     try {
-        (void)helper.sign(token);
+        (void)helper.sign(token, {});
         ADD_FAILURE() << "signed";
     } catch (const Error& error) {
         EXPECT_TRUE(error.is(ADBError::noKey));

@@ -6,6 +6,7 @@
 
 #include <condition_variable>
 #include <deque>
+#include <semaphore>
 
 namespace tessary {
 
@@ -221,6 +222,30 @@ TEST_P(USBPhoneTest, whyThePhoneCannotBeOpenedIsTold) {
 
 INSTANTIATE_TEST_SUITE_P(Ways, USBPhoneTest, testing::Values(ADBWay::cable),
                          testing::PrintToStringParamName());
+
+// The desktop may be asking for the password of the key store for a minute.
+TEST_F(ADBLinkTest, linkThatGoesWaitsForNoKey) {
+    class LockedKey final : public ADBHostKey {
+    public:
+        Bytes sign(ByteView /*token*/, const std::stop_token& stop) override {
+            return getPhonePublicKeyPayload(stop);
+        }
+        Bytes getPhonePublicKeyPayload(const std::stop_token& stop) override {
+            isAsked.release();
+            std::binary_semaphore isOver{0};
+            const std::stop_callback wake(stop, [&] { isOver.release(); });
+            EXPECT_TRUE(isOver.try_acquire_for(soon));
+            throw CancellationError();
+        }
+        std::binary_semaphore isAsked{0};
+    };
+    const auto key = std::make_shared<LockedKey>();
+    phone_ = std::make_shared<ScriptedTransport::State>();
+    link_ = std::make_shared<ADBLink>(std::make_unique<ScriptedTransport>(phone_), key);
+    say(ADBCommand::auth, ADBConstants::authTypeToken, 0, QByteArray(20, 't'), false);
+    ASSERT_TRUE(key->isAsked.try_acquire_for(soon));
+    link_.reset();
+}
 
 } // namespace
 

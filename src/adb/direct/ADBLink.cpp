@@ -92,6 +92,7 @@ void ADBLink::lose(const Error& error) {
         state_ = State::lost;
         outbox_.clear();
     }
+    end_.request_stop();
     transport_->close();
     changed_.notify_all();
 }
@@ -149,6 +150,8 @@ void ADBLink::readAll() {
     try {
         for (;;)
             handle(transport_->read());
+    } catch (const CancellationError&) {
+        // It is lost already.
     } catch (const Error& error) {
         lose(error);
     }
@@ -225,7 +228,8 @@ void ADBLink::authenticate(const ADBMessage& message) {
         const std::scoped_lock lock(mutex_);
         return !std::exchange(hasSigned_, true);
     }();
-    Bytes answer = signs ? keys_->sign(message.payload) : keys_->getPhonePublicKeyPayload();
+    Bytes answer = signs ? keys_->sign(message.payload, end_.get_token())
+                         : keys_->getPhonePublicKeyPayload(end_.get_token());
     const std::scoped_lock lock(mutex_);
     if (state_ != State::greeting)
         return;

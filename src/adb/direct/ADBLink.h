@@ -82,6 +82,7 @@ private:
     mutable std::mutex mutex_; ///< guards all below but the threads
     std::condition_variable_any changed_;
     State state_ = State::greeting;
+    std::stop_source end_; ///< of what is asked for this link, once it is lost
     std::optional<Error> lostBy_;
     bool hasSigned_ = false;
     bool hasChecksums_ = true; ///< until the phone has said that it does without

@@ -108,7 +108,7 @@ ADBAuthManager::PrivateKey ADBAuthManager::getOrCreatePrivateKey() {
     return key;
 }
 
-Bytes ADBAuthManager::sign(ByteView token) {
+Bytes ADBAuthManager::sign(ByteView token, const std::stop_token& /*stop*/) {
     const PrivateKey key = getOrCreatePrivateKey();
     ERR_clear_error();
     const Context context(EVP_PKEY_CTX_new(key.get(), nullptr));
@@ -126,19 +126,7 @@ Bytes ADBAuthManager::sign(ByteView token) {
     return signature;
 }
 
-Bytes ADBAuthManager::getPublicKeyPayload() {
-    const PrivateKey key = getOrCreatePrivateKey();
-    unsigned char* encoded = nullptr;
-    const int size = i2d_PublicKey(key.get(), &encoded);
-    const std::unique_ptr<unsigned char, FreeWith<[](void* bytes) { OPENSSL_free(bytes); }>> der(
-        encoded);
-    if (size <= 0)
-        throw Error(ADBError::noPublicKey,
-                    {QStringLiteral("Failed to export public key representation")});
-    return payloadOf(QByteArray(reinterpret_cast<const char*>(der.get()), size));
-}
-
-Bytes ADBAuthManager::getPhonePublicKeyPayload() {
+Bytes ADBAuthManager::getPhonePublicKeyPayload(const std::stop_token& /*stop*/) {
     constexpr int size = keyBits / 8;
     constexpr std::uint32_t words = size / 4;
     const PrivateKey key = getOrCreatePrivateKey();
@@ -162,14 +150,10 @@ Bytes ADBAuthManager::getPhonePublicKeyPayload() {
     form.insert(form.end(), modulus.begin(), modulus.end());
     form.insert(form.end(), squareBytes.begin(), squareBytes.end());
     appendLittleEndian(form, static_cast<std::uint32_t>(BN_get_word(e.get())));
-    return payloadOf(QByteArray(reinterpret_cast<const char*>(form.data()),
-                                static_cast<qsizetype>(form.size())));
-}
-
-/// base64 of a key, and whose it is.
-Bytes ADBAuthManager::payloadOf(const QByteArray& key) const {
     const QString host = identity_.host.isEmpty() ? QStringLiteral("macOS") : identity_.host;
-    QByteArray text = key.toBase64();
+    QByteArray text =
+        QByteArray(reinterpret_cast<const char*>(form.data()), static_cast<qsizetype>(form.size()))
+            .toBase64();
     text += ' ' + identity_.user.toUtf8() + '@' + host.toUtf8() + '\0';
     const auto* bytes = reinterpret_cast<const std::byte*>(text.constData());
     return {bytes, bytes + text.size()};

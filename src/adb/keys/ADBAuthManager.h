@@ -39,17 +39,11 @@ public:
     /// RSA, 2048 bits. What is stored is never replaced, even when it is no such key.
     [[nodiscard]] PrivateKey getOrCreatePrivateKey();
 
-    [[nodiscard]] Bytes sign(ByteView token) override;
-
-    /// What AUTH with the public key carries: base64 of the key's PKCS #1 RSAPublicKey in DER,
-    /// a blank, "<user>@<host>" and one NUL.
-    [[nodiscard]] Bytes getPublicKeyPayload();
-
-    [[nodiscard]] Bytes getPhonePublicKeyPayload() override;
+    /// The key store hears no stop.
+    [[nodiscard]] Bytes sign(ByteView token, const std::stop_token& stop) override;
+    [[nodiscard]] Bytes getPhonePublicKeyPayload(const std::stop_token& stop) override;
 
 private:
-    [[nodiscard]] Bytes payloadOf(const QByteArray& key) const;
-
     const std::unique_ptr<KeyStore> store_;
     const ADBHostIdentity identity_;
 };

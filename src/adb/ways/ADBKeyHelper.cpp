@@ -1,31 +1,38 @@
 #include "adb/ways/ADBKeyHelper.h"
 
 #include "adb/protocol/ADBKeyCommands.h"
+#include "base/threads/CancellationError.h"
 #include "platform/process/ChildChannel.h"
 
 namespace tessary {
 
-Bytes ADBKeyHelper::sign(ByteView token) {
+Bytes ADBKeyHelper::sign(ByteView token, const std::stop_token& stop) {
     const QByteArray bytes(reinterpret_cast<const char*>(token.data()),
                            static_cast<qsizetype>(token.size()));
-    return ask({adb_key::sign, QString::fromLatin1(bytes.toHex())});
+    return ask({adb_key::sign, QString::fromLatin1(bytes.toHex())}, stop);
 }
 
-Bytes ADBKeyHelper::getPhonePublicKeyPayload() {
-    return ask({adb_key::phonePublicKey});
+Bytes ADBKeyHelper::getPhonePublicKeyPayload(const std::stop_token& stop) {
+    return ask({adb_key::phonePublicKey}, stop);
 }
 
-Bytes ADBKeyHelper::ask(const QStringList& arguments) const {
+Bytes ADBKeyHelper::ask(const QStringList& arguments, const std::stop_token& stop) const {
     // The desktop may ask for a password first, and gives a person a minute.
     constexpr std::chrono::seconds patience{90};
     const QString program = installedHelper(adb_key::program);
     if (program.isEmpty())
         throw Error(ADBError::noKey, {QStringLiteral("%1 is not installed").arg(adb_key::program)});
-    const ProcessResult result = processes_.run(program, arguments, patience);
+    ProcessRequest request;
+    request.program = program;
+    request.arguments = arguments;
+    request.limit = patience;
+    request.stop = stop;
+    const ProcessResult result = processes_.follow(request);
     if (result.succeeded()) {
         const auto* bytes = reinterpret_cast<const std::byte*>(result.standardOutput.constData());
         return {bytes, bytes + result.standardOutput.size()};
     }
+    throwIfStopped(stop);
     const QString reason = QString::fromUtf8(result.standardError).trimmed();
     if (result.outcome == ProcessResult::Outcome::exited)
         for (const adb_key::Failure& failure : adb_key::failures)

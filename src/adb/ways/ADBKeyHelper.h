@@ -14,11 +14,11 @@ public:
     /// `processes` must outlive it.
     explicit ADBKeyHelper(ProcessRunner& processes) : processes_(processes) {}
 
-    [[nodiscard]] Bytes sign(ByteView token) override;
-    [[nodiscard]] Bytes getPhonePublicKeyPayload() override;
+    [[nodiscard]] Bytes sign(ByteView token, const std::stop_token& stop) override;
+    [[nodiscard]] Bytes getPhonePublicKeyPayload(const std::stop_token& stop) override;
 
 private:
-    [[nodiscard]] Bytes ask(const QStringList& arguments) const;
+    [[nodiscard]] Bytes ask(const QStringList& arguments, const std::stop_token& stop) const;
 
     ProcessRunner& processes_;
 };

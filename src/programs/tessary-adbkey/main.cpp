@@ -17,9 +17,9 @@ constexpr int usage = 2;
 Bytes answer(const QStringList& question) {
     ADBAuthManager keys;
     if (question.size() == 1)
-        return keys.getPhonePublicKeyPayload();
+        return keys.getPhonePublicKeyPayload({});
     const QByteArray token = QByteArray::fromHex(question[1].toLatin1());
-    return keys.sign(std::as_bytes(std::span(token.constData(), std::size_t(token.size()))));
+    return keys.sign(std::as_bytes(std::span(token.constData(), std::size_t(token.size()))), {});
 }
 
 } // namespace
