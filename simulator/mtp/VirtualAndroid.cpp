@@ -43,6 +43,11 @@ bool VirtualAndroid::isPlugged() const {
     return port_ && port_->isPlugged();
 }
 
+std::size_t VirtualAndroid::waitingReads() const {
+    const std::lock_guard lock(mutex_);
+    return port_ ? port_->in().waitingReads() : 0;
+}
+
 void VirtualAndroid::sendEvent(MTPEventCode code, std::uint32_t parameter) {
     responder_->sendEvent(static_cast<std::uint16_t>(code), parameter);
 }
@@ -80,6 +85,7 @@ VirtualUSBDescription VirtualAndroid::description() const {
     description.serialNumber = config_.serialNumber;
     description.maxPacketSize = config_.maxPacketSize;
     description.interfaces = config_.interfaces;
+    description.isDeafWhileReadWaits = true; // as some devices are
     return description;
 }
 

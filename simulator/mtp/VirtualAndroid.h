@@ -48,6 +48,8 @@ public:
     /// Pulls the cable and waits for the phone's thread. Not from a hook.
     void unplug();
     [[nodiscard]] bool isPlugged() const;
+    /// How many reads the host has asked for that this phone has nothing for yet.
+    [[nodiscard]] std::size_t waitingReads() const;
 
     [[nodiscard]] const VirtualAndroidConfig& config() const {
         return config_;

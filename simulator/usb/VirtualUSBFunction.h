@@ -32,6 +32,8 @@ struct VirtualUSBDescription {
     QString productName;
     QString serialNumber;
     std::uint16_t maxPacketSize = 512; ///< of the bulk pipes: 64, 512 or 1024 bytes
+    /// Takes nothing from the host as long as a read of the host waits for data.
+    bool isDeafWhileReadWaits = false;
     /// Numbered from 0.
     std::vector<VirtualUSBInterfaceDescription> interfaces =
         std::vector<VirtualUSBInterfaceDescription>(1);

@@ -94,6 +94,8 @@ USBCode VirtualUSBInterface::writePipeTO(std::uint8_t pipe, std::span<const std:
     // The pipes close one after the other: a call that begins after the first has is too late.
     if (!port_->isPlugged())
         return usb::noDevice;
+    if (port_->description().isDeafWhileReadWaits && port_->in().waitingReads() > 0)
+        return usb::timeout;
     VirtualUSBPipe* const target = pipeFor(pipe, USBDirection::out);
     return target ? target->hostWrite(data, transferred, timeouts) : usb::badArgument;
 }

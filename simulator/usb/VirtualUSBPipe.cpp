@@ -132,6 +132,7 @@ USBCode VirtualUSBPipe::hostTake(VirtualUSBChunk& chunk, std::size_t length, USB
     chunk = VirtualUSBChunk{};
     if (!expected_.empty())
         expected_.pop_front();
+    isTaking_ = true;
     Reading reading;
     bool collecting = false;
     const USBCode code = hostWait(lock, timeouts, [&](bool& progressed) -> std::optional<USBCode> {
@@ -151,6 +152,7 @@ USBCode VirtualUSBPipe::hostTake(VirtualUSBChunk& chunk, std::size_t length, USB
         progressed = outcome || reading.filled != before;
         return outcome;
     });
+    isTaking_ = false;
     if (collecting)
         chunk.end = reading.filled;
     return code;
@@ -213,6 +215,11 @@ void VirtualUSBPipe::expectRead(std::size_t length) {
 void VirtualUSBPipe::forgetReads() {
     const std::lock_guard lock(mutex_);
     expected_.clear();
+}
+
+std::size_t VirtualUSBPipe::waitingReads() const {
+    const std::lock_guard lock(mutex_);
+    return queue_.empty() ? expected_.size() + (isTaking_ ? 1 : 0) : 0;
 }
 
 /// Bytes from the end of what is queued to where one of the host's reads ends.

@@ -74,6 +74,8 @@ public:
     /// is taken or with forgetReads().
     void expectRead(std::size_t length);
     void forgetReads();
+    /// How many reads of a stream there is nothing for.
+    [[nodiscard]] std::size_t waitingReads() const;
 
     // The device's side. These wait without a bound, but end with usb::noDevice when unplugged and
     // with usb::aborted from interrupt() until resume().
@@ -132,6 +134,7 @@ private:
     std::size_t queued_ = 0; ///< bytes in queue_
     std::deque<std::size_t> expected_;
     std::size_t lastExpected_ = 0;
+    bool isTaking_ = false; ///< the oldest read, which expected_ holds no more
     std::vector<VirtualUSBChunk> pool_;
     bool stalled_ = false;
     bool refusesEmpty_ = false;

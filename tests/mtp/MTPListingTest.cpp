@@ -111,6 +111,11 @@ TEST_F(MTPListingTest, rowsComeAsTheyArriveAndAStopEndsTheListing) {
     phone().fault([](VirtualFaults& faults) {
         faults.delay[static_cast<std::uint16_t>(MTPOperationCode::getObjectInfo)] = 10ms;
     });
+    std::size_t mostReads = 0; // that wait while the phone looks an object up
+    std::jthread watch([&](const std::stop_token& end) {
+        for (; !end.stop_requested(); std::this_thread::sleep_for(1ms))
+            mostReads = std::max(mostReads, phone().android.waitingReads());
+    });
     std::vector<std::size_t> pieces;
     std::stop_source stop;
     const ListingReceiver receiver{[&](std::vector<FileItem>&& rows) {
@@ -122,6 +127,8 @@ TEST_F(MTPListingTest, rowsComeAsTheyArriveAndAStopEndsTheListing) {
     EXPECT_EQ(codeOf([&] { files_.list(u"/Many"_s, receiver, stop.get_token()); }), "cancelled");
     ASSERT_EQ(pieces.size(), 2U);
     EXPECT_LT(pieces[0] + pieces[1], 40U);
+    watch = {};
+    EXPECT_EQ(mostReads, 2U) << "the answer waits for this computer between its two parts";
     phone().fault([](VirtualFaults& faults) { faults.delay.clear(); });
     EXPECT_EQ(list("/Many").size(), 40U) << "what was broken off is not taken for the whole";
 }
