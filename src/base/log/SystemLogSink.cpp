@@ -3,14 +3,12 @@
 #include "base/log/LogQueue.h"
 
 #include <QFileInfo>
+#include <QLibrary>
 
 #include <array>
 #include <cstdio>
 
-#ifdef TESSARY_HAVE_JOURNAL
 #include <syslog.h>
-#include <systemd/sd-journal.h>
-#endif
 
 namespace tessary {
 
@@ -24,14 +22,18 @@ LogLevel minimumFromEnvironment() {
     return LogLevel::standard;
 }
 
-#ifdef TESSARY_HAVE_JOURNAL
+/// The library is there where the journal is. It is loaded for the first record: with the four that
+/// it brings along it would be a sixth of what each start has to load.
 void writeToJournal(const LogRecord& record) {
     static constexpr std::array priorities{LOG_DEBUG, LOG_INFO, LOG_NOTICE, LOG_ERR};
-    sd_journal_send("MESSAGE=%s", record.message.toUtf8().constData(), "PRIORITY=%i",
-                    priorities[static_cast<std::size_t>(record.level)], "SUBSYSTEM=%s",
-                    record.subsystem, "CATEGORY=%s", record.category, nullptr);
+    using SendToJournal = int (*)(const char* format, ...);
+    static const auto send = reinterpret_cast<SendToJournal>(
+        QLibrary::resolve(QStringLiteral("systemd"), 0, "sd_journal_send"));
+    if (send)
+        send("MESSAGE=%s", record.message.toUtf8().constData(), "PRIORITY=%i",
+             priorities[static_cast<std::size_t>(record.level)], "SUBSYSTEM=%s", record.subsystem,
+             "CATEGORY=%s", record.category, nullptr);
 }
-#endif
 
 } // namespace
 
@@ -47,7 +49,6 @@ LogSink makeStandardErrorSink(LogLevel minimum) {
 }
 
 LogSink makeSystemLogSink() {
-#ifdef TESSARY_HAVE_JOURNAL
     if (QFileInfo::exists(QStringLiteral("/run/systemd/journal/socket"))) {
         // Destroyed when the program ends: what is logged after that is dropped.
         static const auto queue = std::make_shared<LogQueue>(writeToJournal);
@@ -57,7 +58,6 @@ LogSink makeSystemLogSink() {
                         there->add(record);
                 }};
     }
-#endif
     return makeStandardErrorSink(minimumFromEnvironment());
 }
 
