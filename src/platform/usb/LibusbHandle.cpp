@@ -95,6 +95,7 @@ void LibusbHandle::handleEventsAside(int* completed, microseconds wait,
     }
     isAsideAtBus_.store(true);
     // Whoever began to wait before that did not see it.
+    const std::stop_callback wake(stop, [this] { libusb_interrupt_event_handler(context_); });
     if (waits_.load() == waits)
         handleEventsOnce(context_, completed, wait);
     isAsideAtBus_.store(false);

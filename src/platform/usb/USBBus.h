@@ -203,7 +203,7 @@ class USBBus {
 public:
     virtual ~USBBus() = default;
 
-    /// Everything that is attached, in order of location. Opens no device. A machine without USB
+    /// Everything that is attached but hubs, in order of location. Opens no device. A machine without USB
     /// has an empty list.
     [[nodiscard]] virtual std::vector<USBDeviceEntry> devices() = 0;
 

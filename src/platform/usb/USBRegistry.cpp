@@ -127,9 +127,11 @@ std::optional<USBRegistryEntry> USBRegistry::read(const QByteArray& sysPath) {
 
 std::vector<USBRegistryEntry> USBRegistry::scan() {
     std::vector<USBRegistryEntry> found;
+    constexpr std::uint16_t hub = 0x09;
     for (const QByteArray& sysPath : deviceFolders())
-        if (auto entry = read(sysPath))
-            found.push_back(std::move(*entry));
+        if (hexOf(sysPath, "bDeviceClass") != hub)
+            if (auto entry = read(sysPath))
+                found.push_back(std::move(*entry));
     return found;
 }
 

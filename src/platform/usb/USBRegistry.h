@@ -24,7 +24,8 @@ struct USBRegistryEntry {
 /// for too long names nothing, rather than another device at the same place.
 class USBRegistry {
 public:
-    /// In order of location.
+    /// In order of location. Hubs are left out: every machine has several, and each attribute that
+    /// is read costs the kernel's time.
     [[nodiscard]] static std::vector<USBRegistryEntry> scan();
     [[nodiscard]] static std::optional<USBRegistryEntry> find(std::uint64_t id);
     /// The device of a folder in sysfs. No value when it is gone, or isn't a whole USB device.
