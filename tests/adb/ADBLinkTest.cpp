@@ -6,6 +6,7 @@
 
 #include <condition_variable>
 #include <deque>
+#include <future>
 #include <semaphore>
 
 namespace tessary {
@@ -244,6 +245,13 @@ TEST_F(ADBLinkTest, linkThatGoesWaitsForNoKey) {
     link_ = std::make_shared<ADBLink>(std::make_unique<ScriptedTransport>(phone_), key);
     say(ADBCommand::auth, ADBConstants::authTypeToken, 0, QByteArray(20, 't'), false);
     ASSERT_TRUE(key->isAsked.try_acquire_for(soon));
+    std::stop_source stop;
+    auto waiting = std::async(std::launch::async, [link = link_, stop = stop.get_token()] {
+        return codeOf([&] { link->awaitReady({stop, 50ms}, soon); });
+    });
+    EXPECT_EQ(waiting.wait_for(300ms), std::future_status::timeout) << "it is not the phone's";
+    stop.request_stop();
+    EXPECT_EQ(waiting.get(), "cancelled");
     link_.reset();
 }
 

@@ -115,7 +115,17 @@ void ADBLink::await(std::unique_lock<std::mutex>& lock, const Wait& wait, Ready 
 
 void ADBLink::awaitReady(const Wait& wait, std::chrono::milliseconds trustPatience) {
     std::unique_lock lock(mutex_);
-    await(lock, wait, [this] { return state_ == State::ready || state_ == State::asking; });
+    const auto isAnswered = [this] { return state_ == State::ready || state_ == State::asking; };
+    for (;;) {
+        await(lock, wait, [&] { return isAnswered() || asksForKey_; });
+        if (!asksForKey_)
+            break;
+        // A person who unlocks the key store first is no silence of the phone.
+        changed_.wait(lock, wait.stop, [this] { return !asksForKey_ || state_ == State::lost; });
+        throwIfStopped(wait.stop);
+        if (state_ == State::lost)
+            throwLost();
+    }
     const auto isReady = [this] { return state_ == State::ready || state_ == State::lost; };
     const bool isOver = changed_.wait_for(lock, wait.stop, trustPatience, isReady);
     throwIfStopped(wait.stop);
@@ -226,17 +236,19 @@ void ADBLink::authenticate(const ADBMessage& message) {
         return;
     const bool signs = [&] {
         const std::scoped_lock lock(mutex_);
+        asksForKey_ = true;
+        changed_.notify_all();
         return !std::exchange(hasSigned_, true);
     }();
     Bytes answer = signs ? keys_->sign(message.payload, end_.get_token())
                          : keys_->getPhonePublicKeyPayload(end_.get_token());
     const std::scoped_lock lock(mutex_);
+    asksForKey_ = false;
+    changed_.notify_all();
     if (state_ != State::greeting)
         return;
-    if (!signs) {
+    if (!signs)
         state_ = State::asking;
-        changed_.notify_all();
-    }
     send(ADBCommand::auth,
          signs ? ADBConstants::authTypeSignature : ADBConstants::authTypeRSAPublicKey, 0,
          std::move(answer));

@@ -79,12 +79,13 @@ private:
 
     const std::unique_ptr<ADBTransport> transport_;
     const std::shared_ptr<ADBHostKey> keys_;
+    std::stop_source end_;     ///< of the question for the key, once this link is lost
     mutable std::mutex mutex_; ///< guards all below but the threads
     std::condition_variable_any changed_;
     State state_ = State::greeting;
-    std::stop_source end_; ///< of what is asked for this link, once it is lost
     std::optional<Error> lostBy_;
     bool hasSigned_ = false;
+    bool asksForKey_ = false;  ///< until there is an answer for the phone, or for good once lost
     bool hasChecksums_ = true; ///< until the phone has said that it does without
     std::size_t largestPayload_ = ADBConstants::maxPayloadV1;
     QByteArrayList features_;
