@@ -94,8 +94,8 @@ void LibusbHandle::handleEventsAside(int* completed, microseconds wait,
         return;
     }
     isAsideAtBus_.store(true);
-    // Whoever began to wait before that did not see it.
     const std::stop_callback wake(stop, [this] { libusb_interrupt_event_handler(context_); });
+    // Whoever began to wait before that did not see it.
     if (waits_.load() == waits)
         handleEventsOnce(context_, completed, wait);
     isAsideAtBus_.store(false);

@@ -36,8 +36,8 @@ public:
     /// number of threads.
     void handleEvents(int* completed, std::chrono::microseconds wait) const;
     /// The same for what seldom comes: while others wait for theirs, they handle the events, so
-    /// that what they wait for need not be handed over by this thread. A stop is heard at once
-    /// then. Of one thread at a time.
+    /// that what they wait for need not be handed over by this thread. A stop is heard at once.
+    /// Of one thread at a time.
     void handleEventsAside(int* completed, std::chrono::microseconds wait,
                            const std::stop_token& stop) const;
 

@@ -203,8 +203,8 @@ class USBBus {
 public:
     virtual ~USBBus() = default;
 
-    /// Everything that is attached but hubs, in order of location. Opens no device. A machine without USB
-    /// has an empty list.
+    /// Everything that is attached but hubs, in order of location. Opens no device. A machine
+    /// without USB has an empty list.
     [[nodiscard]] virtual std::vector<USBDeviceEntry> devices() = 0;
 
     /// The device of an entry, closed; null when it is no longer attached.

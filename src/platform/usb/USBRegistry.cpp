@@ -127,9 +127,8 @@ std::optional<USBRegistryEntry> USBRegistry::read(const QByteArray& sysPath) {
 
 std::vector<USBRegistryEntry> USBRegistry::scan() {
     std::vector<USBRegistryEntry> found;
-    constexpr std::uint16_t hub = 0x09;
     for (const QByteArray& sysPath : deviceFolders())
-        if (hexOf(sysPath, "bDeviceClass") != hub)
+        if (!isHub(sysPath))
             if (auto entry = read(sysPath))
                 found.push_back(std::move(*entry));
     return found;
@@ -140,6 +139,11 @@ std::optional<USBRegistryEntry> USBRegistry::find(std::uint64_t id) {
         if (inodeOf(sysPath) == id)
             return read(sysPath);
     return std::nullopt;
+}
+
+bool USBRegistry::isHub(const QByteArray& sysPath) {
+    constexpr std::uint16_t hub = 0x09;
+    return hexOf(sysPath, "bDeviceClass") == hub;
 }
 
 bool USBRegistry::isAttached(const USBRegistryEntry& entry) {

@@ -30,6 +30,8 @@ public:
     [[nodiscard]] static std::optional<USBRegistryEntry> find(std::uint64_t id);
     /// The device of a folder in sysfs. No value when it is gone, or isn't a whole USB device.
     [[nodiscard]] static std::optional<USBRegistryEntry> read(const QByteArray& sysPath);
+    /// Whether the folder of a device in sysfs is one of a hub.
+    [[nodiscard]] static bool isHub(const QByteArray& sysPath);
     /// Whether the entry's folder is still the one that was read.
     [[nodiscard]] static bool isAttached(const USBRegistryEntry& entry);
 };

@@ -85,7 +85,7 @@ void UdevMonitor::handle(const Message& message) {
     if (message.action == "remove") {
         awaitRemoval(message.sysPath);
         detach(message.sysPath);
-    } else if (message.action == "add") {
+    } else if (message.action == "add" && !USBRegistry::isHub(message.sysPath)) {
         if (const auto found = USBRegistry::read(message.sysPath))
             attach(message.sysPath, found->entry);
     }

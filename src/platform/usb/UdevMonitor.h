@@ -15,8 +15,8 @@
 
 namespace tessary {
 
-/// Tells of USB devices that come and go, on a thread of its own named "tessary-usb", from the
-/// moment it is made until it is destroyed. Not to be destroyed from within the callback.
+/// Tells of USB devices but hubs that come and go, on a thread of its own named "tessary-usb", from
+/// the moment it is made until it is destroyed. Not to be destroyed from within the callback.
 ///
 /// Listens to udevd where it runs, since only after its rules is a device node usable, and to the
 /// kernel where it does not.
