@@ -29,10 +29,13 @@ void writeToJournal(const LogRecord& record) {
     using SendToJournal = int (*)(const char* format, ...);
     static const auto send = reinterpret_cast<SendToJournal>(
         QLibrary::resolve(QStringLiteral("systemd"), 0, "sd_journal_send"));
+    static const LogSink instead = makeStandardErrorSink(minimumFromEnvironment());
     if (send)
         send("MESSAGE=%s", record.message.toUtf8().constData(), "PRIORITY=%i",
              priorities[static_cast<std::size_t>(record.level)], "SUBSYSTEM=%s", record.subsystem,
              "CATEGORY=%s", record.category, nullptr);
+    else if (instead.isEnabled(record.level))
+        instead.write(record);
 }
 
 } // namespace
