@@ -32,7 +32,8 @@ struct VirtualUSBDescription {
     QString productName;
     QString serialNumber;
     std::uint16_t maxPacketSize = 512; ///< of the bulk pipes: 64, 512 or 1024 bytes
-    /// Takes nothing from the host as long as a read of the host waits for data.
+    /// Takes no command (`writePipeTO`) as long as a read of a stream waits for data: the write has
+    /// timed out, at once.
     bool isDeafWhileReadWaits = false;
     /// Numbered from 0.
     std::vector<VirtualUSBInterfaceDescription> interfaces =
