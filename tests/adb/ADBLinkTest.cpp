@@ -224,6 +224,29 @@ TEST_P(USBPhoneTest, whyThePhoneCannotBeOpenedIsTold) {
 INSTANTIATE_TEST_SUITE_P(Ways, USBPhoneTest, testing::Values(ADBWay::cable),
                          testing::PrintToStringParamName());
 
+TEST_F(ADBLinkTest, phoneThatAsksOnAndOnIsAnsweredTwice) {
+    class CountingKey final : public ADBHostKey {
+    public:
+        Bytes sign(ByteView /*token*/, const std::stop_token& /*stop*/) override {
+            ++asked;
+            return Bytes(256);
+        }
+        Bytes getPhonePublicKeyPayload(const std::stop_token& /*stop*/) override {
+            ++asked;
+            return Bytes(700);
+        }
+        std::atomic<int> asked = 0;
+    };
+    const auto key = std::make_shared<CountingKey>();
+    phone_ = std::make_shared<ScriptedTransport::State>();
+    link_ = std::make_shared<ADBLink>(std::make_unique<ScriptedTransport>(phone_), key);
+    for (int n = 0; n < 5; ++n)
+        say(ADBCommand::auth, ADBConstants::authTypeToken, 0, QByteArray(20, 't'), false);
+    greet();
+    link_->awaitReady({{}, soon}, soon);
+    EXPECT_EQ(key->asked, 2) << "its signature, and its public half";
+}
+
 // The desktop may be asking for the password of the key store for a minute.
 TEST_F(ADBLinkTest, linkThatGoesWaitsForNoKey) {
     class LockedKey final : public ADBHostKey {
@@ -246,8 +269,8 @@ TEST_F(ADBLinkTest, linkThatGoesWaitsForNoKey) {
     say(ADBCommand::auth, ADBConstants::authTypeToken, 0, QByteArray(20, 't'), false);
     ASSERT_TRUE(key->isAsked.try_acquire_for(soon));
     std::stop_source stop;
-    auto waiting = std::async(std::launch::async, [link = link_, stop = stop.get_token()] {
-        return codeOf([&] { link->awaitReady({stop, 50ms}, soon); });
+    auto waiting = std::async(std::launch::async, [this, stop = stop.get_token()] {
+        return codeOf([&] { link_->awaitReady({stop, 50ms}, soon); });
     });
     EXPECT_EQ(waiting.wait_for(300ms), std::future_status::timeout) << "it is not the phone's";
     stop.request_stop();

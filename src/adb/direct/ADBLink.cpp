@@ -234,12 +234,15 @@ void ADBLink::beReady(const ADBMessage& message) {
 void ADBLink::authenticate(const ADBMessage& message) {
     if (message.arg0 != ADBConstants::authTypeToken)
         return;
-    const bool signs = [&] {
+    bool signs = false;
+    {
         const std::scoped_lock lock(mutex_);
+        if (state_ != State::greeting)
+            return; // each question is a program's run
+        signs = !std::exchange(hasSigned_, true);
         asksForKey_ = true;
         changed_.notify_all();
-        return !std::exchange(hasSigned_, true);
-    }();
+    }
     Bytes answer = signs ? keys_->sign(message.payload, end_.get_token())
                          : keys_->getPhonePublicKeyPayload(end_.get_token());
     const std::scoped_lock lock(mutex_);
