@@ -1,6 +1,7 @@
 #include "app/TessaryApp.h"
 
 #include "app/texts/ErrorText.h"
+#include "base/local/PrivateFolder.h"
 #include "base/threads/Background.h"
 #include "sync/manager/SyncConnection.h"
 
@@ -20,14 +21,27 @@ QString wordsForStatus(const Error& error) {
     return errorText(error).text();
 }
 
+/// What is to be forgotten with the program gets a folder for so long; null when nothing is.
+std::unique_ptr<ScratchFolder> fillIn(TessaryAppSetup& setup) {
+    if (!setup.importLedgers.isEmpty() && !setup.copyRecords.isEmpty())
+        return nullptr;
+    const PrivateFolder parent(PrivateFolder::Place::cache, QStringLiteral("window"));
+    parent.removeAbandoned();
+    auto folder = std::make_unique<ScratchFolder>(parent);
+    for (QString* path : {&setup.importLedgers, &setup.copyRecords})
+        if (path->isEmpty())
+            *path = folder->path();
+    return folder;
+}
+
 } // namespace
 
 TessaryApp::TessaryApp(DeviceSources sources, DeviceServices& services, TessaryAppSetup setup)
     : services_(services),
+      scratch_(fillIn(setup)),
       setup_(std::move(setup)),
       deviceManager_(sources, services, setup_.alsoAccept),
-      rememberedCopies_(copies_, deviceManager_, services.files(),
-                        setup_.copyRecords.isEmpty() ? scratch_.path() : setup_.copyRecords),
+      rememberedCopies_(copies_, deviceManager_, services.files(), setup_.copyRecords),
       phoneMounts_(deviceManager_, services.files(), setup_.showFolder),
       syncManager_(*setup_.defaults, {deviceConnector(services.files()), wordsForStatus}),
       updateChecker_(setup_.http, setup_.defaults, setup_.openAddress, setup_.updates),

@@ -5,6 +5,7 @@
 #include "app/favorites/FavoritesManager.h"
 #include "app/mounts/PhoneMounts.h"
 #include "app/updates/UpdateCheckerService.h"
+#include "base/local/ScratchFolder.h"
 #include "devices/files/DeviceServices.h"
 #include "devices/list/DeviceManager.h"
 #include "platform/desktop/Notifier.h"
@@ -17,7 +18,6 @@
 #include "transfer/staging/StagedFiles.h"
 
 #include <QObject>
-#include <QTemporaryDir>
 
 #include <functional>
 #include <memory>
@@ -105,7 +105,7 @@ public:
     }
     /// The folder that keeps what was imported from phones.
     [[nodiscard]] QString importLedgers() const {
-        return setup_.importLedgers.isEmpty() ? scratch_.path() : setup_.importLedgers;
+        return setup_.importLedgers;
     }
     /// What was dragged out of the windows.
     [[nodiscard]] DragMount& promisedFiles() {
@@ -127,8 +127,8 @@ public:
 
 private:
     DeviceServices& services_;
-    TessaryAppSetup setup_;
-    QTemporaryDir scratch_;
+    std::unique_ptr<ScratchFolder> scratch_; ///< of what has no folder in setup_; null for none
+    const TessaryAppSetup setup_;
     StagedFiles staged_{QStringLiteral("files")};
     DragMount promisedFiles_;
     CopyQueue copies_;

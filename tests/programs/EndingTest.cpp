@@ -164,6 +164,7 @@ TEST_F(EndingTest, whatAKilledProgramLeftIsRemovedByTheNext) {
     const QStringList left =
         QDir(home.disk.path(u"cache/tessary/demo"_s)).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
     ASSERT_EQ(left.size(), 1);
+    EXPECT_EQ(home.leftIn(u"tmp"_s), QStringList()) << "where nobody would remove it";
     const QString folder = home.disk.path(u"cache/tessary/demo/"_s + left.constFirst());
     const ShellRun older(
         home, u"touch -d '11 minutes ago' '%1'; $cli $phones devices >/dev/null"_s.arg(folder),

@@ -1,12 +1,13 @@
 // The command line with virtual phones in it. tessary-cli hands over to it.
 
 #include "adb/tool/ADBTool.h"
+#include "base/local/PrivateFolder.h"
+#include "base/local/ScratchFolder.h"
 #include "cli/program/CliProgram.h"
 #include "devices/list/DeviceManager.h"
 #include "simulator/demo/DemoPhones.h"
 
 #include <QJsonObject>
-#include <QTemporaryDir>
 
 #include <optional>
 
@@ -54,11 +55,11 @@ private:
     QString ledgersOf(const CliRequest& request) {
         if (!request.demoFolder.isEmpty())
             return request.demoFolder + QStringLiteral("/imports");
-        scratch_.emplace();
+        scratch_.emplace(PrivateFolder(PrivateFolder::Place::cache, QStringLiteral("demo")));
         return scratch_->path();
     }
 
-    std::optional<QTemporaryDir> scratch_;
+    std::optional<ScratchFolder> scratch_;
     const QString ledgers_;
     DemoPhones demo_;
 };
