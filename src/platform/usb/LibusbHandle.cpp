@@ -77,8 +77,12 @@ LibusbHandle::~LibusbHandle() {
         libusb_exit(context_);
 }
 
-void LibusbHandle::handleEvents(int* completed, microseconds wait) const {
+void LibusbHandle::beginWait() const {
     waits_.fetch_add(1);
+}
+
+void LibusbHandle::handleEvents(int* completed, microseconds wait) const {
+    beginWait();
     if (isAsideAtBus_.load())
         libusb_interrupt_event_handler(context_);
     handleEventsOnce(context_, completed, wait);

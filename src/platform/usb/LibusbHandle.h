@@ -32,6 +32,8 @@ public:
         return handle_;
     }
 
+    /// Somebody is about to look whether something is completed that is not aside.
+    void beginWait() const;
     /// Handles events until `*completed` is not 0, or for `wait` at most; may return early. Any
     /// number of threads.
     void handleEvents(int* completed, std::chrono::microseconds wait) const;

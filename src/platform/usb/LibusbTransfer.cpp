@@ -102,6 +102,8 @@ bool LibusbTransfer::waitUntil(steady_clock::time_point until, const std::stop_t
     // How long a stop may go unheard, and how long an interrupt.
     constexpr microseconds slice = 20ms;
     const bool isAside = stop && state_->transfer->type == LIBUSB_TRANSFER_TYPE_INTERRUPT;
+    if (!isAside)
+        state_->handle->beginWait(); // also when there is nothing left to wait for
     while (!completed() && !(stop && stop->stop_requested())) {
         const auto left = duration_cast<microseconds>(until - steady_clock::now());
         if (left <= 0us)
