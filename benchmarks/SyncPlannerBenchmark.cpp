@@ -21,8 +21,8 @@ struct Trees {
             const QString folder = QStringLiteral("DCIM/%1").arg(n / 100, 6, 10, QLatin1Char('0'));
             const QString path =
                 folder + QStringLiteral("/IMG_%1.jpg").arg(n, 8, 10, QLatin1Char('0'));
-            const SyncFile file{n, date.addSecs(n)};
-            const SyncFileEntry entry{n, date.addSecs(n), {}, {}, true};
+            const SyncFile file{n, syncDate(date.addSecs(n))};
+            const SyncFileEntry entry{n, file.date, {}, {}, true};
             // Each side has texts of its own, as listings give them.
             const auto add = [](auto& files, const QString& text, const auto& value) {
                 files.insert_or_assign(files.end(), QString(text.constData(), text.size()), value);

@@ -229,14 +229,14 @@ SyncHostEntry hostOf(const QJsonValue& value) {
 
 QDateTime syncDate(const std::optional<QDateTime>& date) {
     const qint64 msecs = date && date->isValid() ? date->toMSecsSinceEpoch() : 0;
-    return QDateTime::fromMSecsSinceEpoch(std::clamp(msecs, earliest, latest), QTimeZone::utc());
+    return QDateTime::fromMSecsSinceEpoch(std::clamp(msecs, earliest, latest), Qt::UTC);
 }
 
 QDateTime wholeSeconds(const QDateTime& date) {
     constexpr qint64 second = 1000;
     const qint64 msecs = date.toMSecsSinceEpoch();
     const qint64 below = (msecs % second + second) % second;
-    return QDateTime::fromMSecsSinceEpoch(msecs - below, QTimeZone::utc());
+    return QDateTime::fromMSecsSinceEpoch(msecs - below, Qt::UTC);
 }
 
 bool isSyncPath(const QString& path) {

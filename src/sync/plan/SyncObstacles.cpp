@@ -85,6 +85,29 @@ struct Spelling {
     const QString* path;
 };
 
+const QString& pathOf(const QString& folder) {
+    return folder;
+}
+
+const QString& pathOf(const std::pair<const QString, SyncFile>& file) {
+    return file.first;
+}
+
+/// Adds the paths of both in ascending order, each once.
+template <typename Container>
+void addOnce(std::vector<const QString*>& paths, const Container& some, const Container& others) {
+    auto other = others.begin();
+    for (const auto& one : some) {
+        for (; other != others.end() && pathOf(*other) < pathOf(one); ++other)
+            paths.push_back(&pathOf(*other));
+        if (other != others.end() && pathOf(*other) == pathOf(one))
+            ++other;
+        paths.push_back(&pathOf(one));
+    }
+    for (; other != others.end(); ++other)
+        paths.push_back(&pathOf(*other));
+}
+
 bool holds(const SyncTree& scan, const QString& path) {
     return scan.files.contains(path) || scan.folders.contains(path);
 }
@@ -181,13 +204,10 @@ Reason SyncObstacles::reasonAbove(QStringView folder) const {
 QSet<QString> clashingPaths(const SyncTree& local, const SyncTree& device,
                             const NameRules& localNames, const NameRules& deviceNames) {
     QSet<QString> clashes;
+    // One that both sides have in one spelling stands for both.
     std::vector<const QString*> paths;
-    for (const SyncTree* side : {&local, &device}) {
-        for (const auto& [path, entry] : side->files)
-            paths.push_back(&path);
-        for (const QString& folder : side->folders)
-            paths.push_back(&folder);
-    }
+    addOnce(paths, local.files, device.files);
+    addOnce(paths, local.folders, device.folders);
     addClashes(clashes, paths, localNames, local);
     addClashes(clashes, paths, deviceNames, device);
     return clashes;

@@ -29,10 +29,17 @@ const SyncRecord& orNone(const SyncRecord* record) {
     return record != nullptr ? *record : none;
 }
 
-qint64 seconds(const QDateTime& date) {
+qint64 secondsOf(qint64 msecs) {
     constexpr qint64 second = 1000;
-    const qint64 msecs = date.toMSecsSinceEpoch();
     return (msecs - (msecs < 0 ? second - 1 : 0)) / second;
+}
+
+qint64 seconds(const QDateTime& date) {
+    return secondsOf(date.toMSecsSinceEpoch());
+}
+
+bool isNear(qint64 msecs, qint64 others) {
+    return std::abs(msecs - others) <= dateTolerance.count();
 }
 
 SyncReason reason(SyncError error, const QString& path) {
@@ -75,7 +82,7 @@ qint64 SyncPlannedAction::bytes() const {
 }
 
 bool SyncPlanner::isSameDate(const QDateTime& a, const QDateTime& b) {
-    return std::chrono::milliseconds(std::abs(a.msecsTo(b))) <= dateTolerance;
+    return isNear(a.toMSecsSinceEpoch(), b.toMSecsSinceEpoch());
 }
 
 SyncPlanner::SyncPlanner(const SyncPlanInput& input) : input_(input) {
@@ -158,13 +165,18 @@ void SyncPlanner::decideFreshOnes(bool changesRecord) {
 SyncPlanner::Change SyncPlanner::change(const SyncFile& file, qint64 recordedSize,
                                         const QDateTime& recordedDate, std::chrono::seconds shift,
                                         std::chrono::milliseconds step) const {
-    const QDateTime expected = recordedDate.addSecs(shift.count());
-    if (file.size != recordedSize || step >= 1min || !isSameDate(file.date, expected))
+    if (file.size != recordedSize || step >= 1min)
         return Change::changed;
-    if (seconds(file.date) != seconds(expected))
+    const qint64 date = file.date.toMSecsSinceEpoch();
+    const qint64 recorded = recordedDate.toMSecsSinceEpoch();
+    const qint64 expected = recorded + std::chrono::milliseconds(shift).count();
+    if (!isNear(date, expected))
+        return Change::changed;
+    if (secondsOf(date) != secondsOf(expected))
         return Change::near;
     // An edit within the second, or within that of the last run, leaves the date as it is.
-    const bool wasSettled = recordedDate.addMSecs(dateTolerance.count()) < input_.record->startedAt;
+    const bool wasSettled =
+        recorded + dateTolerance.count() < input_.record->startedAt.toMSecsSinceEpoch();
     return wasSettled ? Change::none : Change::unsure;
 }
 
