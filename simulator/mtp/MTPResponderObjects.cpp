@@ -135,7 +135,8 @@ void MTPResponderObjects::getObjectPropList(Transaction& transaction) {
     }
     Bytes dataset;
     appendLittleEndian(dataset, count);
-    dataset.insert(dataset.end(), list.begin(), list.end());
+    dataset.resize(dataset.size() + list.size());
+    std::ranges::copy_backward(list, dataset.end());
     transaction.link.sendDataset(command, dataset);
 }
 
