@@ -49,6 +49,10 @@ FileItem PhoneFileSystem::append(const FileItem& begun, qint64, const NewFile&, 
     throw Error(PhoneError::notSupported, {begun.path});
 }
 
+ByteSource PhoneFileSystem::draw(const FileItem&, qint64, const Call&) {
+    return {};
+}
+
 std::vector<std::optional<QByteArray>> PhoneFileSystem::readTogether(const std::vector<FileItem>&,
                                                                      const Call&) {
     throw Error(PhoneError::notSupported);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/values/Bytes.h"
+#include "phone/ByteSource.h"
 #include "phone/NameRules.h"
 #include "phone/PhoneCall.h"
 #include "phone/PhoneError.h"
@@ -100,9 +101,6 @@ struct ByteRange {
 
 /// Takes the bytes of a file as they arrive. What it throws ends the reading and is passed on.
 using ByteSink = std::function<void(ByteView)>;
-/// Fills a buffer with the next bytes of a file and says how many; 0 only at its end. What it
-/// throws ends the writing and is passed on.
-using ByteSource = std::function<std::size_t(std::span<std::byte>)>;
 /// Bytes of one file that are across; called after each piece, on the thread of the call.
 using ByteProgress = std::function<void(qint64 done)>;
 
@@ -157,6 +155,10 @@ public:
     /// cannot be read, `offset` is 0; a length then ends the reading early.
     virtual qint64 read(const FileItem& file, ByteRange range, const ByteSink& sink,
                         const Call& call) = 0;
+    /// The same bytes from `offset` on, to be drawn one by one, on any one thread, for as long as
+    /// the file system lives; empty where they come only as the phone sends them. Drawing throws as
+    /// `read` does.
+    [[nodiscard]] virtual ByteSource draw(const FileItem& file, qint64 offset, const Call& call);
     /// The whole contents of small files, in a few steps for all of them. What has no value could
     /// not be read as it was announced: `read` says why. PhoneError::notSupported without
     /// `readsTogether`.

@@ -2,10 +2,13 @@
 
 #include "base/threads/CancellationError.h"
 #include "support/CodeOf.h"
+#include "support/ManyBytes.h"
 #include "support/QtPrinters.h"
+#include "support/TemporaryFolder.h"
 #include "transfer/CopySides.h"
 #include "transfer/copy/FileStream.h"
 #include "transfer/copy/Leftovers.h"
+#include "transfer/local/LocalFileSystem.h"
 
 #include <gmock/gmock.h>
 
@@ -92,6 +95,41 @@ TEST(FileCopies, aPhoneThatWorksHashesOutSendsNothingForComparing) {
         // What goes across thrice is a third done when it is there.
         EXPECT_EQ(shown, film.size());
         EXPECT_LE(whenAllWasThere, hasHashes ? film.size() : film.size() / 2);
+    }
+}
+
+/// Phones take as many bytes as they were told of and ask no further; a disk is drawn from only as
+/// they do.
+TEST(FileStreams, ofADiskAreHeldToWhatWasSeen) {
+    const QByteArray content = manyBytes(1'500'000);
+    const struct {
+        const char* name;
+        qint64 sizeNow;
+        qint64 offset;
+        const char* code;
+    } rows[] = {{"as seen", content.size(), 0, "nothing"},
+                {"from its middle", content.size(), 700'001, "nothing"},
+                {"cut", content.size() - 1, 0, "wrongSize"},
+                {"grown by a byte", content.size() + 1, 0, "wrongSize"}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        const TemporaryFolder disk;
+        const QString path = disk.write(s("s"), content);
+        LocalFileSystem files(disk.path());
+        const FileItem seen = require(files, path, {});
+        ASSERT_TRUE(QFile::resize(path, row.sizeNow));
+        FileStream stream(files, seen, FileStream::Way::ahead, 0, {}, row.offset);
+        Bytes drawn(static_cast<std::size_t>(content.size() - row.offset));
+        const std::string code = codeOf([&] {
+            for (std::size_t at = 0; at < drawn.size();)
+                at += stream.read(std::span(drawn).subspan(
+                    at, std::min<std::size_t>(drawn.size() - at, 262'144)));
+        });
+        EXPECT_EQ(code, row.code);
+        if (code == "nothing") {
+            EXPECT_TRUE(
+                std::ranges::equal(drawn, std::as_bytes(std::span(content)).subspan(row.offset)));
+        }
     }
 }
 

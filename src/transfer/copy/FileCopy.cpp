@@ -334,9 +334,7 @@ FileItem copyFile(const FileCopy& copy, const ByteProgress& progress, const Call
         if (copy.verified)
             copy.verified(wanted);
     };
-    return putFile(
-        copy.to, put, [&stream](std::span<std::byte> into) { return stream.read(into); }, check,
-        shared.next(), call);
+    return putFile(copy.to, put, stream.source(), check, shared.next(), call);
 }
 
 } // namespace tessary

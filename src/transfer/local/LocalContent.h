@@ -10,6 +10,11 @@ namespace tessary {
 qint64 readContent(const FileHandle& file, const QString& path, ByteRange range,
                    const ByteSink& sink, const std::stop_token& stop);
 
+/// The bytes of an open file from `offset` on, drawn as a ByteSource. The disk is asked for what
+/// comes next before it is drawn. Drawing throws as readContent() does.
+ByteSource drawContent(FileHandle file, const QString& path, qint64 offset,
+                       const std::stop_token& stop);
+
 /// Writes all that `content` gives to where an open file stands, which is after its first `done`
 /// bytes. The progress counts those, too. LocalError::cannotWrite, ::full; CancellationError.
 void writeContent(const FileHandle& file, const QString& path, qint64 done,

@@ -238,6 +238,10 @@ qint64 LocalFileSystem::read(const FileItem& file, ByteRange range, const ByteSi
     return readContent(opened, file.path, range, sink, call.stop);
 }
 
+ByteSource LocalFileSystem::draw(const FileItem& file, qint64 offset, const Call& call) {
+    return drawContent(openToRead(file), file.path, offset, call.stop);
+}
+
 FileItem LocalFileSystem::write(const NewFile& file, const ByteSource& content,
                                 const ByteProgress& progress, const Call& call) {
     const QString path = joinPath(file.folder, file.name);

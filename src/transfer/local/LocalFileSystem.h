@@ -47,6 +47,7 @@ public:
     [[nodiscard]] std::optional<FileItem> find(const QString& path, const Call& call) override;
     qint64 read(const FileItem& file, ByteRange range, const ByteSink& sink,
                 const Call& call) override;
+    [[nodiscard]] ByteSource draw(const FileItem& file, qint64 offset, const Call& call) override;
     FileItem write(const NewFile& file, const ByteSource& content, const ByteProgress& progress,
                    const Call& call) override;
     FileItem append(const FileItem& begun, qint64 keptBytes, const NewFile& whole,
