@@ -125,18 +125,17 @@ void MTPResponderObjects::getObjectPropList(Transaction& transaction) {
             for (const std::uint32_t child : state_.store.children(object.storageID, handle))
                 handles.push_back(child);
     }
-    Bytes list;
     std::uint32_t count = 0;
+    Bytes dataset(sizeof(count)); // known at the end
     for (const std::uint32_t each : handles) {
         VirtualObject object = state_.store.object(each);
         if (transaction.behaviour.parentsAreZero)
             object.parent = 0;
-        count += MTPResponderDatasets::appendProperties(list, object, state_.shownName(object));
+        count += MTPResponderDatasets::appendProperties(dataset, object, state_.shownName(object));
     }
-    Bytes dataset;
-    appendLittleEndian(dataset, count);
-    dataset.resize(dataset.size() + list.size());
-    std::ranges::copy_backward(list, dataset.end());
+    Bytes number;
+    appendLittleEndian(number, count);
+    std::ranges::copy(number, dataset.begin());
     transaction.link.sendDataset(command, dataset);
 }
 
