@@ -28,20 +28,38 @@ std::size_t readAt(const FileHandle& file, const QString& path, qint64 offset,
     }
 }
 
-/// Has the disk fetch what is drawn next while what was drawn goes its way.
-class DiskAhead {
+/// A file that is read as its bytes are wanted.
+class Drawing {
 public:
-    explicit DiskAhead(qint64 offset) : asked_(offset) {}
+    Drawing(FileHandle file, QString path, qint64 offset, std::stop_token stop)
+        : file_(std::move(file)),
+          path_(std::move(path)),
+          stop_(std::move(stop)),
+          offset_(offset),
+          fetched_(offset) {}
 
-    void reach(const FileHandle& file, qint64 offset) {
-        constexpr qint64 step = qint64{1} << 20;
-        constexpr qint64 ahead = 4 * step;
-        for (; asked_ < offset + ahead; asked_ += step)
-            (void)::posix_fadvise(file.get(), asked_, step, POSIX_FADV_WILLNEED);
+    std::size_t next(std::span<std::byte> into) {
+        throwIfStopped(stop_);
+        fetchAhead();
+        const std::size_t count = readAt(file_, path_, offset_, into);
+        offset_ += static_cast<qint64>(count);
+        return count;
     }
 
 private:
-    qint64 asked_;
+    /// Has the disk fetch what comes next while what was drawn goes its way.
+    void fetchAhead() {
+        constexpr qint64 step = qint64{1} << 20;
+        constexpr qint64 ahead = 4 * step;
+        for (; fetched_ < offset_ + ahead; fetched_ += step)
+            (void)::posix_fadvise(file_.get(), fetched_, step, POSIX_FADV_WILLNEED);
+    }
+
+    const FileHandle file_;
+    const QString path_;
+    const std::stop_token stop_;
+    qint64 offset_;
+    qint64 fetched_; ///< up to here
 };
 
 } // namespace
@@ -67,14 +85,8 @@ qint64 readContent(const FileHandle& file, const QString& path, ByteRange range,
 
 ByteSource drawContent(FileHandle file, const QString& path, qint64 offset,
                        const std::stop_token& stop) {
-    return [file = std::make_shared<FileHandle>(std::move(file)), path, offset, stop,
-            disk = DiskAhead(offset)](std::span<std::byte> into) mutable {
-        throwIfStopped(stop);
-        disk.reach(*file, offset);
-        const std::size_t count = readAt(*file, path, offset, into);
-        offset += static_cast<qint64>(count);
-        return count;
-    };
+    return [drawing = std::make_shared<Drawing>(std::move(file), path, offset, stop)](
+               std::span<std::byte> into) { return drawing->next(into); };
 }
 
 void writeContent(const FileHandle& file, const QString& path, qint64 done,
