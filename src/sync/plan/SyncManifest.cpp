@@ -2,7 +2,6 @@
 
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QTimeZone>
 
 #include <algorithm>
 #include <array>
@@ -169,7 +168,7 @@ QDateTime dateOf(const QJsonValue& value) {
             return QDateTime::fromMSecsSinceEpoch(
                 QDate(1970, 1, 1).daysTo(day) * millisecondsPerDay +
                     QTime(hour, minute, second).msecsSinceStartOfDay(),
-                QTimeZone::utc());
+                Qt::UTC);
     }
     const QDateTime date = QDateTime::fromString(text, Qt::ISODate);
     if (!date.isValid())

@@ -81,10 +81,6 @@ qint64 SyncPlannedAction::bytes() const {
     return kind == Kind::download || kind == Kind::conflict ? device->size : 0;
 }
 
-bool SyncPlanner::isSameDate(const QDateTime& a, const QDateTime& b) {
-    return isNear(a.toMSecsSinceEpoch(), b.toMSecsSinceEpoch());
-}
-
 SyncPlanner::SyncPlanner(const SyncPlanInput& input) : input_(input) {
     const SyncRecord& record = orNone(input.record);
     localShift_ = dateShift(input.local, record.files, false);

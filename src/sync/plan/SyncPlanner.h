@@ -45,9 +45,6 @@ public:
     /// The plan. Once only.
     [[nodiscard]] SyncPlan plan(const SyncDecisions& decisions, const SyncComparisons& comparisons);
 
-    /// Whether two dates count as one: not more than two seconds apart.
-    [[nodiscard]] static bool isSameDate(const QDateTime& a, const QDateTime& b);
-
     /// Files that were never synced and have the same size and date are taken for the same beyond
     /// this many bytes of them, rather than compared.
     static constexpr qint64 bytesComparedAtFirst = 256LL * 1024 * 1024;
