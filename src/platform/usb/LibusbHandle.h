@@ -32,7 +32,7 @@ public:
         return handle_;
     }
 
-    /// Somebody is about to look whether something is completed that is not aside.
+    /// Called before each look for what is not aside: for a while the bus is left to that one.
     void beginWait() const;
     /// Handles events until `*completed` is not 0, or for `wait` at most; may return early. Any
     /// number of threads.
