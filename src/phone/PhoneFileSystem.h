@@ -155,9 +155,8 @@ public:
     /// cannot be read, `offset` is 0; a length then ends the reading early.
     virtual qint64 read(const FileItem& file, ByteRange range, const ByteSink& sink,
                         const Call& call) = 0;
-    /// The same bytes from `offset` on, to be drawn one by one, on any one thread, for as long as
-    /// the file system lives; empty where they come only as the phone sends them. Drawing throws as
-    /// `read` does.
+    /// The same bytes from `offset` on, as they are wanted: for files that need no turn and are
+    /// never waited for long; empty for any other. This and drawing throw as `read` does.
     [[nodiscard]] virtual ByteSource draw(const FileItem& file, qint64 offset, const Call& call);
     /// The whole contents of small files, in a few steps for all of them. What has no value could
     /// not be read as it was announced: `read` says why. PhoneError::notSupported without

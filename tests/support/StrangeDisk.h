@@ -31,6 +31,8 @@ public:
         QString at{};         ///< the folder that it is mounted on; empty: one of its own
         /// Called after each change, on the disk's thread, before whoever made it is answered.
         std::function<void()> changed{};
+        /// Called before each piece of a file is read, on the disk's thread.
+        std::function<void()> reading{};
     };
 
     explicit StrangeDisk(Options options) : options_(std::move(options)) {
@@ -186,6 +188,8 @@ private:
         }>;
         calls.read = orFails<[](const char*, char* into, std::size_t size, off_t offset,
                                 fuse_file_info* info) {
+            if (instance()->options_.reading)
+                instance()->options_.reading();
             return static_cast<int>(::pread(static_cast<int>(info->fh), into, size, offset));
         }>;
         calls.write = orFails<[](const char*, const char* bytes, std::size_t size, off_t offset,

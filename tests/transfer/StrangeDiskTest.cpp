@@ -3,14 +3,18 @@
 #include "platform/settings/JsonUserDefaults.h"
 #include "support/CodeOf.h"
 #include "support/QtPrinters.h"
+#include "support/Soon.h"
 #include "transfer/CopySides.h"
 #include "transfer/ImportFixture.h"
+#include "transfer/copy/FileCopy.h"
 #include "transfer/copy/Spool.h"
 #include "transfer/mount/PhoneMount.h"
 
 #include <gmock/gmock.h>
 
+#include <future>
 #include <map>
+#include <semaphore>
 
 namespace tessary {
 namespace {
@@ -179,6 +183,34 @@ TEST_F(StrangeDiskTest, anyRequestOfAnUploadMayFail) {
                 .check = [&] { expectWhole(there->contents(), outcome); },
                 .errors = {EIO, EACCES, EMFILE, ENOMEM},
                 .leastRequests = 8});
+}
+
+/// As one of the network whose server is gone, or the mount of that same phone.
+TEST_F(StrangeDiskTest, oneThatHangsKeepsAPhoneFromNobody) {
+    std::counting_semaphore isRead(0);
+    std::counting_semaphore answers(0);
+    mount({.at = here.root(), .reading = [&] {
+               isRead.release();
+               answers.acquire();
+               answers.release();
+           }});
+    if (IsSkipped())
+        return;
+    here.fill({{s("film"), QByteArray(2'000'000, 'f')}}, noon);
+    const FileItem film = require(*files, joinPath(disk->path(), s("film")), {});
+    std::stop_source stop;
+    auto copying = std::async(std::launch::async, [&] {
+        const FileCopy copy{*files, film, *phone.files(), phone.root(), s("film")};
+        return codeOf([&] { (void)copyFile(copy, {}, {stop.get_token()}); });
+    });
+    EXPECT_TRUE(isRead.try_acquire_for(soon));
+    stop.request_stop();
+    auto listing = std::async(std::launch::async,
+                              [&] { return listAll(*phone.files(), phone.root(), {}).items; });
+    EXPECT_EQ(listing.wait_for(soon), std::future_status::ready);
+    answers.release();
+    EXPECT_EQ(copying.get(), "cancelled");
+    EXPECT_THAT(listing.get(), IsEmpty());
 }
 
 /// What a phone sends only whole waits there for whoever reads it through a mount.

@@ -27,7 +27,7 @@ public:
     static constexpr qint64 mostAhead = 4 * 1024 * 1024;
 
     enum class Way {
-        ahead,     ///< reading and writing at a time
+        ahead,     ///< reading while it is written
         readFirst, ///< no reading while something is written: both may be the same phone's
     };
 

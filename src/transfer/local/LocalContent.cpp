@@ -49,8 +49,8 @@ public:
 private:
     /// Has the disk fetch what comes next while what was drawn goes its way.
     void fetchAhead() {
-        constexpr qint64 step = qint64{1} << 20;
-        constexpr qint64 ahead = 4 * step;
+        constexpr qint64 step = 128 * 1024; // no disk takes less at a time, some no more
+        constexpr qint64 ahead = qint64{4} << 20;
         for (; fetched_ < offset_ + ahead; fetched_ += step)
             (void)::posix_fadvise(file_.get(), fetched_, step, POSIX_FADV_WILLNEED);
     }

@@ -239,7 +239,12 @@ qint64 LocalFileSystem::read(const FileItem& file, ByteRange range, const ByteSi
 }
 
 ByteSource LocalFileSystem::draw(const FileItem& file, qint64 offset, const Call& call) {
-    return drawContent(openToRead(file), file.path, offset, call.stop);
+    FileHandle opened = openToRead(file);
+    // Another would be waited for in the phone's turn, where no stop is heard; and it may be the
+    // same phone's.
+    if (!isOnOwnDisk(opened.get()))
+        return {};
+    return drawContent(std::move(opened), file.path, offset, call.stop);
 }
 
 FileItem LocalFileSystem::write(const NewFile& file, const ByteSource& content,

@@ -107,6 +107,11 @@ std::optional<DiskTraits> diskTraitsOf(quint64 type) {
     return found == knownDisks.end() ? std::nullopt : std::optional(found->traits);
 }
 
+bool isOnOwnDisk(int file) {
+    struct statfs facts {};
+    return ::fstatfs(file, &facts) == 0 && diskTraitsOf(static_cast<quint32>(facts.f_type));
+}
+
 DiskTraits traitsOfDisk(int folder, const QString& partOwner) {
     struct statfs facts {};
     if (::fstatfs(folder, &facts) != 0)

@@ -21,6 +21,9 @@ struct DiskTraits {
 /// What is known of a file system by the number that statfs() gives its type; no value for one
 /// that has to be tried out. Pure.
 [[nodiscard]] std::optional<DiskTraits> diskTraitsOf(quint64 type);
+/// Whether an open file lies on a disk of this computer. Others (of networks, of programs) may keep
+/// whoever reads from them waiting without end.
+[[nodiscard]] bool isOnOwnDisk(int file);
 
 /// What the file system of an open folder does with names: known by its type, else tried out in
 /// that folder with files of `partOwner` (see PartName) that are gone again afterwards. Names are
