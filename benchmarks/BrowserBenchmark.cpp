@@ -69,8 +69,11 @@ struct Bench {
 
     std::shared_ptr<MemoryFileSystem> files;
     CopyQueue queue;
-    FileBrowserViewModel browser{
-        queue, {.openAndroid = [this](const DeviceInfo&) { return files; }, .clock = {}}};
+    StagedFiles staged{QStringLiteral("benchmark")};
+    FileBrowserViewModel browser{queue,
+                                 {.openAndroid = [this](const DeviceInfo&) { return files; },
+                                  .staged = staged,
+                                  .clock = {}}};
     BrowserView view{browser, CopyDialogs{}, {}};
 };
 

@@ -87,7 +87,7 @@ protected:
     CopyQueue queue_;
     FileBrowserViewModel browser_{queue_,
                                   {.openAndroid = [this](const DeviceInfo&) { return files_; },
-                                   .staged = &staged_,
+                                   .staged = staged_,
                                    .clock = {}}};
 };
 

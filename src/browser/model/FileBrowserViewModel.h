@@ -51,8 +51,8 @@ struct BrowserSetup {
         std::function<std::shared_ptr<PhoneFileSystem>(const DeviceInfo&, const AppInfo&)>;
 
     OpenAndroid openAndroid;
-    StagedFiles* staged = nullptr; ///< where previews and drags find their copies; never null
-    Typeahead::Clock clock;        ///< empty: the steady clock
+    StagedFiles& staged;    ///< where previews and drags find their copies
+    Typeahead::Clock clock; ///< empty: the steady clock
     OpenApp openApp{};
     DragMount* promises = nullptr;            ///< null: what is dragged out is copied beforehand
     BrowserCopies::Compares comparesCopies{}; ///< empty: they are not compared

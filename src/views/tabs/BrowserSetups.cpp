@@ -11,19 +11,19 @@
 namespace tessary {
 
 BrowserSetup browserSetup(TessaryApp& app) {
-    BrowserSetup setup;
-    setup.openAndroid = [&app](const DeviceInfo& device) {
-        return app.services().files().open(device);
+    return {
+        .openAndroid =
+            [&app](const DeviceInfo& device) { return app.services().files().open(device); },
+        .staged = app.stagedFiles(),
+        .clock = {},
+        .openApp =
+            [&app](const DeviceInfo& device, const AppInfo& chosen) {
+                return app.services().files().openApp(device, chosen);
+            },
+        .promises = &app.promisedFiles(),
+        .comparesCopies =
+            [&app] { return app.defaults().value(BrowserCopies::comparesKey).toBool(); },
     };
-    setup.openApp = [&app](const DeviceInfo& device, const AppInfo& chosen) {
-        return app.services().files().openApp(device, chosen);
-    };
-    setup.staged = &app.stagedFiles();
-    setup.promises = &app.promisedFiles();
-    setup.comparesCopies = [&app] {
-        return app.defaults().value(BrowserCopies::comparesKey).toBool();
-    };
-    return setup;
 }
 
 CopyDialogs withDownloadFolder(CopyDialogs dialogs, UserDefaults& defaults) {
