@@ -6,6 +6,9 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <functional>
+#include <iterator>
+#include <ranges>
 #include <vector>
 
 namespace tessary {
@@ -84,29 +87,6 @@ struct Spelling {
     std::uint64_t hash;
     const QString* path;
 };
-
-const QString& pathOf(const QString& folder) {
-    return folder;
-}
-
-const QString& pathOf(const std::pair<const QString, SyncFile>& file) {
-    return file.first;
-}
-
-/// Adds the paths of both in ascending order, each once.
-template <typename Container>
-void addOnce(std::vector<const QString*>& paths, const Container& some, const Container& others) {
-    auto other = others.begin();
-    for (const auto& one : some) {
-        for (; other != others.end() && pathOf(*other) < pathOf(one); ++other)
-            paths.push_back(&pathOf(*other));
-        if (other != others.end() && pathOf(*other) == pathOf(one))
-            ++other;
-        paths.push_back(&pathOf(one));
-    }
-    for (; other != others.end(); ++other)
-        paths.push_back(&pathOf(*other));
-}
 
 bool holds(const SyncTree& scan, const QString& path) {
     return scan.files.contains(path) || scan.folders.contains(path);
@@ -206,8 +186,14 @@ QSet<QString> clashingPaths(const SyncTree& local, const SyncTree& device,
     QSet<QString> clashes;
     // One that both sides have in one spelling stands for both.
     std::vector<const QString*> paths;
-    addOnce(paths, local.files, device.files);
-    addOnce(paths, local.folders, device.folders);
+    const auto addPaths = [&paths](const auto& some, const auto& others, auto pathOf) {
+        const auto text = [](const QString* path) -> const QString& { return *path; };
+        const auto places = std::views::transform(pathOf);
+        std::ranges::set_union(some | places, others | places, std::back_inserter(paths),
+                               std::less<>(), text, text);
+    };
+    addPaths(local.files, device.files, [](const auto& file) { return &file.first; });
+    addPaths(local.folders, device.folders, [](const QString& folder) { return &folder; });
     addClashes(clashes, paths, localNames, local);
     addClashes(clashes, paths, deviceNames, device);
     return clashes;
