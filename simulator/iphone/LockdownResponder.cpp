@@ -7,11 +7,11 @@
 #include "simulator/iphone/NotificationProxyResponder.h"
 #include "simulator/wire/PhoneIdentity.h"
 
-#include <QHash>
 #include <QUuid>
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace tessary {
 
@@ -71,20 +71,23 @@ bool LockdownResponder::switchTls() {
 
 QVariantMap LockdownResponder::handle(const QString& name, const QVariantMap& request) {
     using Handler = QVariantMap (LockdownResponder::*)(const QVariantMap&);
-    static const QHash<QString, Handler> handlers{
-        {u"QueryType"_s, &LockdownResponder::queryType},
-        {u"GetValue"_s, &LockdownResponder::getValue},
-        {u"SetValue"_s, &LockdownResponder::setValue},
-        {u"Pair"_s, &LockdownResponder::pair},
-        {u"ValidatePair"_s, &LockdownResponder::validatePair},
-        {u"Unpair"_s, &LockdownResponder::unpair},
-        {u"StartSession"_s, &LockdownResponder::startSession},
-        {u"StopSession"_s, &LockdownResponder::stopSession},
-        {u"StartService"_s, &LockdownResponder::startService},
-        {u"Goodbye"_s, &LockdownResponder::goodbye},
+    using Named = std::pair<QLatin1StringView, Handler>;
+    // Needs no end of its own: connections may still be served when the program ends.
+    static constexpr std::array handlers{
+        Named{"QueryType"_L1, &LockdownResponder::queryType},
+        Named{"GetValue"_L1, &LockdownResponder::getValue},
+        Named{"SetValue"_L1, &LockdownResponder::setValue},
+        Named{"Pair"_L1, &LockdownResponder::pair},
+        Named{"ValidatePair"_L1, &LockdownResponder::validatePair},
+        Named{"Unpair"_L1, &LockdownResponder::unpair},
+        Named{"StartSession"_L1, &LockdownResponder::startSession},
+        Named{"StopSession"_L1, &LockdownResponder::stopSession},
+        Named{"StartService"_L1, &LockdownResponder::startService},
+        Named{"Goodbye"_L1, &LockdownResponder::goodbye},
     };
-    const Handler handler = handlers.value(name);
-    return handler != nullptr ? (this->*handler)(request) : error(u"InvalidRequest"_s);
+    const auto found = std::ranges::find_if(
+        handlers, [&name](const Named& handler) { return handler.first == name; });
+    return found != handlers.end() ? (this->*found->second)(request) : error(u"InvalidRequest"_s);
 }
 
 QVariantMap LockdownResponder::queryType(const QVariantMap&) {
