@@ -2,10 +2,13 @@
 
 #include "base/text/NameOrder.h"
 
+#include <QStringMatcher>
+
 #include <algorithm>
 #include <atomic>
 #include <functional>
 #include <future>
+#include <iterator>
 #include <numeric>
 #include <optional>
 #include <thread>
@@ -214,17 +217,13 @@ std::vector<qint64> FileListing::valuesOf(FileField field) const {
     return values;
 }
 
-std::vector<int> FileListing::rows(const RowsWanted& which) const {
-    const FileSortOrder& sortOrder = which.order;
-    const QString wanted = folded(which.filter.trimmed());
-    std::vector<int> rows;
-    rows.reserve(items_.size());
-    for (const int index : byName_)
-        if ((which.withHidden || hiddenCount_ == 0 || !isHidden(index)) &&
-            (wanted.isEmpty() || foldedName(index).contains(wanted)))
-            rows.push_back(index);
+std::vector<int> FileListing::ordered(const RowOrder& order) const {
+    std::vector<int> rows = byName_;
     std::stable_partition(rows.begin(), rows.end(), [this](int index) { return isFolder(index); });
-    if (sortOrder == FileSortOrder{{FileField::name, false}} && !which.byDay)
+    FileSortOrder comparators = order.columns;
+    if (!comparators.empty() && comparators.back() == FileComparator{FileField::name, false})
+        comparators.pop_back(); // they are in that order already
+    if (comparators.empty() && !order.byDay)
         return rows;
 
     struct Column {
@@ -232,9 +231,9 @@ std::vector<int> FileListing::rows(const RowsWanted& which) const {
         bool descending;
     };
     std::vector<Column> columns;
-    if (which.byDay)
-        columns.push_back({days_, sortOrder != FileSortOrder{{FileField::modified, false}}});
-    for (const FileComparator& comparator : sortOrder)
+    if (order.byDay)
+        columns.push_back({days_, order.columns != FileSortOrder{{FileField::modified, false}}});
+    for (const FileComparator& comparator : comparators)
         columns.push_back({valuesOf(comparator.field), comparator.descending});
     const auto isBefore = [&](int left, int right) {
         for (const auto& [values, descending] : columns) {
@@ -249,6 +248,17 @@ std::vector<int> FileListing::rows(const RowsWanted& which) const {
         std::ranges::find_if_not(rows, [this](int index) { return isFolder(index); });
     std::stable_sort(rows.begin(), firstFile, isBefore);
     std::stable_sort(firstFile, rows.end(), isBefore);
+    return rows;
+}
+
+std::vector<int> FileListing::chosen(const std::vector<int>& from, const RowFilter& filter) const {
+    const QStringMatcher wanted(folded(filter.text.trimmed()));
+    std::vector<int> rows;
+    rows.reserve(from.size());
+    std::ranges::copy_if(from, std::back_inserter(rows), [&](int index) {
+        return (filter.withHidden || hiddenCount_ == 0 || !isHidden(index)) &&
+               wanted.indexIn(foldedName(index)) >= 0;
+    });
     return rows;
 }
 

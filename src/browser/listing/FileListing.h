@@ -13,13 +13,19 @@
 
 namespace tessary {
 
-/// Which entries of a folder are shown, and in what order.
-struct RowsWanted {
-    QString filter{}; ///< what names contain; blanks around it do not count, nor does case
-    FileSortOrder order{{FileField::name, false}};
-    bool withHidden = false;
+/// In what order the entries of a folder are shown.
+struct RowOrder {
+    FileSortOrder columns{{FileField::name, false}};
     /// Those of one day stand together, the last day first unless the order is by ascending dates.
     bool byDay = false;
+
+    bool operator==(const RowOrder&) const = default;
+};
+
+/// Which of them.
+struct RowFilter {
+    QString text{}; ///< what names contain; blanks around it do not count, nor does case
+    bool withHidden = false;
 };
 
 /// The entries of one folder with everything worked out that filtering, sorting and looking up
@@ -82,8 +88,11 @@ public:
         return keys_[static_cast<std::size_t>(index)].foldedName;
     }
 
-    /// The indexes of the entries that are wanted, in order.
-    [[nodiscard]] std::vector<int> rows(const RowsWanted& wanted) const;
+    /// The indexes of all entries, in order.
+    [[nodiscard]] std::vector<int> ordered(const RowOrder& order) const;
+    /// Those of some indexes that are wanted, in the order in which they came.
+    [[nodiscard]] std::vector<int> chosen(const std::vector<int>& from,
+                                          const RowFilter& filter) const;
 
 private:
     struct Key {

@@ -2,7 +2,6 @@
 
 #include "base/threads/MainThread.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace tessary {
@@ -43,14 +42,16 @@ int FileRows::rowOf(const QString& id) const {
     return index < 0 ? -1 : rowAt_[static_cast<std::size_t>(index)];
 }
 
-std::vector<int> FileRows::wantedOf(const FileListing& listing) {
-    wanted_.byDay = isGroupedByDay_ && isGroupedByDay_(listing);
-    return listing.rows(wanted_);
+std::vector<int> FileRows::wantedOf(const std::shared_ptr<const FileListing>& listing) {
+    order_.byDay = isGroupedByDay_ && isGroupedByDay_(*listing);
+    if (ordered_.of != listing || ordered_.by != order_)
+        ordered_ = {listing, order_, listing->ordered(order_)};
+    return listing->chosen(ordered_.indexes, filter_);
 }
 
 void FileRows::reset(std::shared_ptr<const FileListing> listing) {
     MainThread::assertCurrent();
-    std::vector<int> wanted = wantedOf(*listing);
+    std::vector<int> wanted = wantedOf(listing);
     resetTo(std::move(listing), std::move(wanted));
 }
 
@@ -59,17 +60,17 @@ void FileRows::update(std::shared_ptr<const FileListing> listing) {
 }
 
 void FileRows::setFilter(const QString& filter) {
-    wanted_.filter = filter;
+    filter_.text = filter;
     show(listing_);
 }
 
 void FileRows::setShowsHidden(bool shows) {
-    wanted_.withHidden = shows;
+    filter_.withHidden = shows;
     show(listing_);
 }
 
 void FileRows::setSortOrder(const FileSortOrder& order) {
-    wanted_.order = order;
+    order_.columns = order;
     show(listing_);
 }
 
@@ -79,7 +80,7 @@ void FileRows::setDayRule(std::function<bool(const FileListing&)> isGrouped) {
 }
 
 void FileRows::dayRuleChanged() {
-    if (wanted_.byDay != (isGroupedByDay_ && isGroupedByDay_(*listing_)))
+    if (order_.byDay != (isGroupedByDay_ && isGroupedByDay_(*listing_)))
         show(listing_);
 }
 
@@ -102,7 +103,7 @@ void FileRows::indexRows() {
 /// go, what is left is put in order, rows come.
 void FileRows::show(std::shared_ptr<const FileListing> listing) {
     MainThread::assertCurrent();
-    std::vector<int> wanted = wantedOf(*listing);
+    std::vector<int> wanted = wantedOf(listing);
     std::vector<int> wantedRow(static_cast<std::size_t>(listing->size()), -1);
     for (std::size_t row = 0; row < wanted.size(); ++row)
         at(wantedRow, wanted[row]) = static_cast<int>(row);
@@ -134,9 +135,11 @@ void FileRows::show(std::shared_ptr<const FileListing> listing) {
         Q_EMIT removed(range->first, range->second);
     }
 
-    std::vector<int> inOrder = newIndex;
-    std::sort(inOrder.begin(), inOrder.end(),
-              [&](int left, int right) { return at(wantedRow, left) < at(wantedRow, right); });
+    std::vector<int> inOrder;
+    inOrder.reserve(newIndex.size());
+    for (std::size_t row = 0; row < wanted.size(); ++row)
+        if (isKept[row])
+            inOrder.push_back(wanted[row]);
     std::vector<bool> differs(static_cast<std::size_t>(listing->size()), false);
     for (int row = 0; row < count(); ++row)
         differs[static_cast<std::size_t>(at(newIndex, row))] =

@@ -49,14 +49,14 @@ public:
         return listing_->day(shown_[static_cast<std::size_t>(row)]);
     }
     [[nodiscard]] const QString& filter() const {
-        return wanted_.filter;
+        return filter_.text;
     }
     [[nodiscard]] const FileSortOrder& sortOrder() const {
-        return wanted_.order;
+        return order_.columns;
     }
     /// The files of one day stand together.
     [[nodiscard]] bool groupsByDay() const {
-        return wanted_.byDay;
+        return order_.byDay;
     }
     /// Another number after each change of which entry is in which row.
     [[nodiscard]] std::uint64_t revision() const {
@@ -64,7 +64,7 @@ public:
     }
 
     [[nodiscard]] bool showsHidden() const {
-        return wanted_.withHidden;
+        return filter_.withHidden;
     }
     /// The rows that there would be without a filter.
     [[nodiscard]] int unfilteredCount() const {
@@ -98,7 +98,7 @@ Q_SIGNALS:
     void changed(int first, int last);
 
 private:
-    [[nodiscard]] std::vector<int> wantedOf(const FileListing& listing);
+    [[nodiscard]] std::vector<int> wantedOf(const std::shared_ptr<const FileListing>& listing);
     void show(std::shared_ptr<const FileListing> listing);
     void resetTo(std::shared_ptr<const FileListing> listing, std::vector<int> wanted);
     void indexRows();
@@ -106,7 +106,14 @@ private:
     std::shared_ptr<const FileListing> listing_;
     std::vector<int> shown_; ///< indexes into listing_
     std::vector<int> rowAt_; ///< the row of each index of listing_; -1 when it is not shown
-    RowsWanted wanted_;
+    RowOrder order_;
+    RowFilter filter_;
+    /// A listing's entries in an order, whatever the filter: a keystroke in it sorts nothing.
+    struct {
+        std::shared_ptr<const FileListing> of;
+        RowOrder by;
+        std::vector<int> indexes;
+    } ordered_;
     std::function<bool(const FileListing&)> isGroupedByDay_;
     std::uint64_t revision_ = 0;
 };

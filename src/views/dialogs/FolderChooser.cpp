@@ -157,9 +157,9 @@ void FolderChooser::take(const Listing& listing, const Marked& marked) {
     for (const FileItem& item : listing.items)
         if (item.isDirectory && (browser_.showsHidden() || !item.name.startsWith(QLatin1Char('.'))))
             folders.push_back(item);
-    const auto ordered = FileListing::make(std::move(folders), QLocale());
-    for (const int index : ordered->rows({.withHidden = true})) {
-        const QString& name = ordered->item(index).name;
+    const auto listed = FileListing::make(std::move(folders), QLocale());
+    for (const int index : listed->ordered({})) {
+        const QString& name = listed->item(index).name;
         auto* row = new QListWidgetItem(fileIcon(QStringLiteral("folder.fill")), printable(name));
         row->setData(nameRole, name);
         list_->addItem(row);
