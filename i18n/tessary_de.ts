@@ -2185,6 +2185,14 @@
             <numerusform>%Ln Einträge konnten nicht gelesen werden.</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Files are being copied into this folder…</source>
+        <translation>Dateien werden in diesen Ordner kopiert …</translation>
+    </message>
+    <message>
+        <source>They are shown once the copy has ended.</source>
+        <translation>Sie erscheinen, sobald der Kopiervorgang beendet ist.</translation>
+    </message>
 </context>
 <context>
     <name>tessary::GeneralNotices</name>

@@ -2185,6 +2185,14 @@
             <numerusform>No se pudieron leer %Ln entradas.</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Files are being copied into this folder…</source>
+        <translation>Se están copiando archivos a esta carpeta…</translation>
+    </message>
+    <message>
+        <source>They are shown once the copy has ended.</source>
+        <translation>Aparecerán en cuanto termine la copia.</translation>
+    </message>
 </context>
 <context>
     <name>tessary::GeneralNotices</name>

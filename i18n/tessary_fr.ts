@@ -2185,6 +2185,14 @@
             <numerusform>%Ln éléments n’ont pas pu être lus.</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Files are being copied into this folder…</source>
+        <translation>Des fichiers sont en cours de copie dans ce dossier…</translation>
+    </message>
+    <message>
+        <source>They are shown once the copy has ended.</source>
+        <translation>Ils apparaîtront une fois la copie terminée.</translation>
+    </message>
 </context>
 <context>
     <name>tessary::GeneralNotices</name>

@@ -2185,6 +2185,14 @@
             <numerusform>%Ln elementi non sono leggibili.</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Files are being copied into this folder…</source>
+        <translation>È in corso la copia di file in questa cartella…</translation>
+    </message>
+    <message>
+        <source>They are shown once the copy has ended.</source>
+        <translation>Compariranno al termine della copia.</translation>
+    </message>
 </context>
 <context>
     <name>tessary::GeneralNotices</name>

@@ -2165,6 +2165,14 @@
             <numerusform>%Ln 項目を読み取れませんでした。</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Files are being copied into this folder…</source>
+        <translation>このフォルダにファイルをコピーしています…</translation>
+    </message>
+    <message>
+        <source>They are shown once the copy has ended.</source>
+        <translation>コピーが終わると表示されます。</translation>
+    </message>
 </context>
 <context>
     <name>tessary::GeneralNotices</name>

@@ -2165,6 +2165,14 @@
             <numerusform>%Ln개 항목을 읽지 못했습니다.</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Files are being copied into this folder…</source>
+        <translation>이 폴더로 파일을 복사하는 중…</translation>
+    </message>
+    <message>
+        <source>They are shown once the copy has ended.</source>
+        <translation>복사가 끝나면 표시됩니다.</translation>
+    </message>
 </context>
 <context>
     <name>tessary::GeneralNotices</name>

@@ -2185,6 +2185,14 @@
             <numerusform>%Ln itens não puderam ser lidos.</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Files are being copied into this folder…</source>
+        <translation>Arquivos estão sendo copiados para esta pasta…</translation>
+    </message>
+    <message>
+        <source>They are shown once the copy has ended.</source>
+        <translation>Eles aparecem assim que a cópia terminar.</translation>
+    </message>
 </context>
 <context>
     <name>tessary::GeneralNotices</name>

@@ -2165,6 +2165,14 @@
             <numerusform>%Ln 个项目无法读取。</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Files are being copied into this folder…</source>
+        <translation>正在将文件复制到此文件夹…</translation>
+    </message>
+    <message>
+        <source>They are shown once the copy has ended.</source>
+        <translation>复制完成后即会显示。</translation>
+    </message>
 </context>
 <context>
     <name>tessary::GeneralNotices</name>

@@ -2165,6 +2165,14 @@
             <numerusform>%Ln 個項目無法讀取。</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Files are being copied into this folder…</source>
+        <translation>正在將檔案複製到此資料夾…</translation>
+    </message>
+    <message>
+        <source>They are shown once the copy has ended.</source>
+        <translation>複製完成後即會顯示。</translation>
+    </message>
 </context>
 <context>
     <name>tessary::GeneralNotices</name>

@@ -1,8 +1,12 @@
 #include "WindowFixture.h"
 
 #include <QClipboard>
+#include <QDir>
+#include <QLabel>
 #include <QListWidget>
 #include <QMimeData>
+
+#include <algorithm>
 
 namespace tessary {
 namespace {
@@ -119,6 +123,26 @@ TEST_F(ClipboardTest, aCopyIsTakenBackWhileItRunsAndOnceItIsThere) {
     EXPECT_TRUE(wait([this] { return !phone_.names().contains(u"Trip"_s); }));
     EXPECT_EQ(phone_.names(u"DCIM"_s), (QStringList{u"Trip"_s, u"alpha.txt"_s, u"beta.txt"_s}));
     qunsetenv("XDG_DATA_HOME");
+}
+
+TEST_F(ClipboardTest, aFolderThatIsBeingFilledIsNotCalledEmpty) {
+    ASSERT_TRUE(QDir(phone_.disk.path()).mkpath(u"0/DCIM/New"_s));
+    openFolder();
+    window_->browser().navigateTo(u"/sdcard/DCIM/New"_s);
+    const auto says = [this](const QString& title) {
+        const auto labels = window_->browserView().findChildren<QLabel*>();
+        return std::ranges::any_of(labels, [&](const QLabel* label) {
+            return label->isVisible() && label->text() == title;
+        });
+    };
+    ASSERT_TRUE(wait([&] { return says(u"This folder is empty"_s); }));
+    phone_.fault([](VirtualFaults& faults) { faults.megabytesPerSecond = 0.1; });
+    QGuiApplication::clipboard()->setMimeData(
+        urls({local_.write(u"film"_s, QByteArray(3'000'000, 'f'))}));
+    paste();
+    EXPECT_TRUE(wait([&] { return says(u"Files are being copied into this folder…"_s); }));
+    window_->copyQueue().cancelAll();
+    EXPECT_TRUE(wait([&] { return says(u"This folder is empty"_s); }));
 }
 
 TEST_F(ClipboardTest, entriesGoFromPhoneToPhone) {

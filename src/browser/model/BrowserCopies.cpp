@@ -185,6 +185,16 @@ bool BrowserCopies::areBeingRead(const PhoneFileSystem& files,
     });
 }
 
+bool BrowserCopies::fillShownFolder() const {
+    const auto files = browser_.files();
+    return files && std::ranges::any_of(queue_.jobs(), [&](const CopyJob& job) {
+               const QString folder = files->canonicalPath(job.targetFolder);
+               return !job.isFinished() && job.target == files->identity() &&
+                      (folder == browser_.currentPath() ||
+                       files->canonicalPath(joinPath(folder, job.name)) == browser_.currentPath());
+           });
+}
+
 bool BrowserCopies::cancel(const QUuid& id) {
     const int index = queue_.indexOf(id);
     if (index < 0 || queue_.jobs()[static_cast<std::size_t>(index)].isFinished())

@@ -8,7 +8,11 @@
 namespace tessary {
 
 FolderNotice::FolderNotice(FileBrowserViewModel& browser, Callbacks callbacks)
-    : browser_(browser), callbacks_(std::move(callbacks)) {}
+    : browser_(browser), callbacks_(std::move(callbacks)) {
+    const auto takeAnew = [this] { (void)takeState(); };
+    connect(&browser_.queue(), &CopyQueue::jobAdded, this, takeAnew);
+    connect(&browser_.queue(), &CopyQueue::jobFinished, this, takeAnew);
+}
 
 bool FolderNotice::isInApp() const {
     const auto& device = browser_.activeDevice();
@@ -82,6 +86,9 @@ void FolderNotice::showEmpty() {
         show(QStringLiteral("view-hidden"), tr("Only hidden files in here"),
              tr("Their names begin with a dot."), tr("Show Hidden Files"),
              [this] { browser_.setShowsHidden(true); });
+    else if (browser_.copies().fillShownFolder())
+        show(QStringLiteral("folder"), tr("Files are being copied into this folder…"),
+             tr("They are shown once the copy has ended."), {}, {}, true);
     else
         show(QStringLiteral("folder"), tr("This folder is empty"),
              browser_.isLocal() ? tr("Drop files here to copy them into it.")
