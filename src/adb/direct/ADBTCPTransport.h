@@ -8,8 +8,6 @@ namespace tessary {
 /// The way over the network, to a phone that was told to listen ("adb tcpip 5555").
 class ADBTCPTransport final : public ADBTransport {
 public:
-    static constexpr std::uint16_t usualPort = 5555;
-
     /// ADBError::notFound when nobody answers at the address, which is in figures.
     ADBTCPTransport(const QString& host, std::uint16_t port, const Wait& wait);
 

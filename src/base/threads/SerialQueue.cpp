@@ -4,7 +4,6 @@
 #include "base/threads/ThreadName.h"
 
 #include <algorithm>
-#include <atomic>
 #include <condition_variable>
 #include <deque>
 #include <mutex>
@@ -31,7 +30,6 @@ struct SerialQueue::State {
 
     const std::string name;
     const Patience patience;
-    std::atomic<Clock::time_point> lastBeat{Clock::now()};
 
     std::mutex mutex;
     std::condition_variable_any changed;
@@ -40,10 +38,11 @@ struct SerialQueue::State {
     bool isRunning = false;
     bool isOver = false;
     bool hasEnded = false;
+    Clock::time_point lastProgress = Clock::now(); ///< a call began or ended
 
-    /// When whoever waits has to give up, unless there is a sign of life before.
+    /// When whoever waits has to give up, unless there is progress before.
     [[nodiscard]] Clock::time_point end() const {
-        return lastBeat.load() + patience.ofSilence;
+        return lastProgress + patience.ofSilence;
     }
 };
 
@@ -54,10 +53,6 @@ SerialQueue::SerialQueue(const char* name, Patience patience)
 
 SerialQueue::~SerialQueue() {
     (void)finish(state_->patience.afterStop);
-}
-
-std::function<void()> SerialQueue::pulse() const {
-    return [state = state_] { state->lastBeat = Clock::now(); };
 }
 
 void SerialQueue::post(std::function<void()> work) {
@@ -73,7 +68,7 @@ std::shared_ptr<SerialQueue::Task> SerialQueue::add(std::function<void()> work) 
     if (state_->isOver)
         return nullptr;
     if (!state_->isRunning && state_->waiting.empty())
-        state_->lastBeat = Clock::now();
+        state_->lastProgress = Clock::now();
     auto task = std::make_shared<Task>(Task{std::move(work)});
     state_->waiting.push_back(task);
     state_->changed.notify_all();
@@ -91,7 +86,7 @@ void SerialQueue::waitFor(const std::shared_ptr<Task>& task, const std::stop_tok
     const std::shared_ptr<State> state = state_;
     std::unique_lock lock(state->mutex);
     const auto isDone = [&] { return task->stage == Task::Stage::done; };
-    // The wait ends early when a stop is asked for; a sign of life prolongs it. Who finds the queue
+    // The wait ends early when a stop is asked for; progress prolongs it. Who finds the queue
     // stuck waits a moment: what it was stuck in may just have been ended.
     const auto atLeast = Clock::now() + state->patience.afterStop;
     const auto end = [&] { return std::max(state->end(), atLeast); };
@@ -103,7 +98,7 @@ void SerialQueue::waitFor(const std::shared_ptr<Task>& task, const std::stop_tok
         // time anew, once.
         if (!stoodStill && Clock::now() >= expected + 1s) {
             stoodStill = true;
-            state->lastBeat = Clock::now();
+            state->lastProgress = Clock::now();
         }
     }
     if (!isDone() && stop.stop_requested() && task->stage == Task::Stage::running)
@@ -136,13 +131,13 @@ void SerialQueue::serve(const std::shared_ptr<State>& state) {
         state->waiting.pop_front();
         task->stage = Task::Stage::running;
         state->isRunning = true;
-        state->lastBeat = Clock::now();
+        state->lastProgress = Clock::now();
         lock.unlock();
         task->work();
         // What the work holds goes here, not with a caller that was let go.
         task->work = nullptr;
         lock.lock();
-        state->lastBeat = Clock::now();
+        state->lastProgress = Clock::now();
         state->isRunning = false;
         task->stage = Task::Stage::done;
         state->changed.notify_all();

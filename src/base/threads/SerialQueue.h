@@ -33,7 +33,7 @@ public:
     struct Patience {
         /// How long a caller that was asked to stop waits for its running work to notice.
         std::chrono::milliseconds afterStop{1000};
-        /// How long the running work may show no sign of life.
+        /// How long one call may say nothing.
         std::chrono::milliseconds ofSilence{45'000};
     };
 
@@ -92,9 +92,6 @@ public:
 
     /// Nothing runs and nothing waits.
     [[nodiscard]] bool isIdle() const;
-
-    /// What the running work calls as a sign of life. Usable even when the queue is gone.
-    [[nodiscard]] std::function<void()> pulse() const;
 
     /// Waits until all work is done, and ends the thread. False when it has not within `limit`:
     /// what has not begun is done later, on the thread that is left behind. Nothing can be added

@@ -14,10 +14,6 @@ void MTPFolderContents::insertUnreadable(std::uint32_t handle) {
     unreadable_.insert(handle);
 }
 
-void MTPFolderContents::insertName(const QString& name) {
-    names_.insert(nameForPhones(name), name);
-}
-
 void MTPFolderContents::remove(std::uint32_t handle) {
     unreadable_.remove(handle);
     const auto object = objects_.constFind(handle);
@@ -28,7 +24,6 @@ void MTPFolderContents::remove(std::uint32_t handle) {
 }
 
 void MTPFolderContents::keepOnly(const QSet<std::uint32_t>& handles) {
-    names_.clear();
     unreadable_.intersect(handles);
     for (const std::uint32_t handle : objects_.keys())
         if (!handles.contains(handle))
@@ -60,17 +55,11 @@ const MTPObjectInfo* MTPFolderContents::find(const QString& name) const {
 std::optional<QString> MTPFolderContents::sameName(const QString& name,
                                                    std::uint32_t except) const {
     const QString key = nameForPhones(name);
-    if (const auto only = names_.constFind(key); only != names_.constEnd())
-        return *only;
     for (auto it = handlesByName_.constFind(key);
          it != handlesByName_.constEnd() && it.key() == key; ++it)
         if (*it != except)
             return objects_.constFind(*it)->filename;
     return std::nullopt;
-}
-
-bool MTPFolderContents::hasNameOnly(const QString& name) const {
-    return names_.contains(nameForPhones(name));
 }
 
 } // namespace tessary

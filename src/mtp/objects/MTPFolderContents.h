@@ -23,10 +23,8 @@ public:
     void insert(const MTPObjectInfo& info);
     /// Something that is there, whatever it is.
     void insertUnreadable(std::uint32_t handle);
-    /// A name that is taken from now on by an object whose handle is not known.
-    void insertName(const QString& name);
     void remove(std::uint32_t handle);
-    /// Drops what has none of these handles, and what has a name only.
+    /// Drops what has none of these handles.
     void keepOnly(const QSet<std::uint32_t>& handles);
 
     [[nodiscard]] bool contains(std::uint32_t handle) const;
@@ -43,14 +41,12 @@ public:
     /// The name, other than that of `except`, that phones take for this one.
     [[nodiscard]] std::optional<QString> sameName(const QString& name,
                                                   std::uint32_t except = 0) const;
-    [[nodiscard]] bool hasNameOnly(const QString& name) const;
 
 private:
     std::uint32_t folder_ = 0;
     QHash<std::uint32_t, MTPObjectInfo> objects_;
     QMultiHash<QString, std::uint32_t> handlesByName_; ///< by nameForPhones()
     QSet<std::uint32_t> unreadable_;
-    QHash<QString, QString> names_; ///< without a handle, by nameForPhones()
 };
 
 } // namespace tessary

@@ -235,7 +235,7 @@ std::optional<MTPResolvedObject> MTPTree::resolveChild(const MTPLocation& folder
         }
     if (listed)
         parent.contents.remove(listed->id); // it is not what it was
-    else if (!mustBeCurrent && parent.isFreshWhole() && !parent.contents.hasNameOnly(name))
+    else if (!mustBeCurrent && parent.isFreshWhole())
         return std::nullopt;
     std::optional<MTPObjectInfo> match;
     reader_.readChildren(

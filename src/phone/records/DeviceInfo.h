@@ -4,7 +4,6 @@
 
 #include <QString>
 
-#include <array>
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -13,8 +12,6 @@
 namespace tessary {
 
 enum class DevicePlatform { iOS, android };
-
-inline constexpr std::array allDevicePlatforms{DevicePlatform::iOS, DevicePlatform::android};
 
 [[nodiscard]] QString rawValue(DevicePlatform platform);
 [[nodiscard]] QString systemImage(DevicePlatform platform);
