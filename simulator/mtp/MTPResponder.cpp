@@ -45,7 +45,7 @@ std::span<const MTPResponder::Operation> MTPResponder::operations() {
                   toHost, false},
         Operation{Code::openSession, run<&R::session_, &MTPResponderSession::openSession>, 1, none,
                   false},
-        Operation{Code::closeSession, [](R& responder, Transaction&) { responder.endSession(); }},
+        Operation{Code::closeSession, [](R& responder, Transaction&) { responder.closeSession(); }},
         Operation{Code::getStorageIDs, run<&R::session_, &MTPResponderSession::getStorageIDs>, 0,
                   toHost},
         Operation{Code::getStorageInfo, run<&R::session_, &MTPResponderSession::getStorageInfo>, 1,
@@ -285,9 +285,14 @@ void MTPResponder::checkOrder(const Operation* operation, const Transaction& tra
         throw MTPRefusal(MTPResponseCode::invalidParameter);
 }
 
-void MTPResponder::endSession() {
+/// An edit outlives the session, as it does on phones.
+void MTPResponder::closeSession() {
     session_.end();
     contents_.dropPending(true);
+}
+
+void MTPResponder::endSession() {
+    closeSession();
     edits_.endAll();
 }
 

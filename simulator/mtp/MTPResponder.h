@@ -69,6 +69,7 @@ private:
     void serve(MTPResponderLink& link, const MTPCommand& command);
     void perform(const Operation* operation, Transaction& transaction);
     void checkOrder(const Operation* operation, const Transaction& transaction);
+    void closeSession();
     void endSession();
 
     MTPResponderState state_;

@@ -94,6 +94,20 @@ TEST_F(MTPPieceWriterTest, whatWasOnItsWayIsNotSentAgainFromFurtherOn) {
     EXPECT_TRUE(begun == contentOf(0, begun.size()));
 }
 
+TEST_F(MTPPieceWriterTest, editThatWasLeftOpenIsEndedBeforeTheNext) {
+    phone().refuse(androidEndEditObject, MTPResponseCode::generalError, false);
+    std::stop_source stop;
+    const auto stopEarly = [&](qint64 done) {
+        if (done > 2 * MTPPieceWriter::pieceSize)
+            stop.request_stop();
+    };
+    EXPECT_THROW(writeLarge(stopEarly, {stop.get_token()}), CancellationError);
+    const FileItem begun = item("/DCIM/video.part");
+    ASSERT_GT(begun.size, 0);
+    (void)files_.append(begun, begun.size, newFile(), from(begun.size), {}, {});
+    EXPECT_TRUE(isWhole());
+}
+
 class MTPLyingPhoneTest : public MTPPieceWriterTest,
                           public testing::WithParamInterface<MTPOperationCode> {};
 

@@ -82,11 +82,6 @@ TEST(MTPPropertyListDataset, hostileListsAreBroken) {
                 IsEmpty());
 }
 
-void writeLength(Bytes& container) {
-    for (std::size_t n = 0; n < 4; ++n)
-        container[n] = static_cast<std::byte>(container.size() >> (8 * n));
-}
-
 class MTPFolderPropertiesTest : public MTPFilesFixture {
 protected:
     MTPFolderPropertiesTest() : MTPFilesFixture(phoneWithCard()) {
@@ -119,6 +114,17 @@ TEST_F(MTPFolderPropertiesTest, wholeFolderComesInOneRequest) {
     EXPECT_EQ(read(item("/DCIM/IMG_7.jpg")), QByteArray(7, 'j'));
     EXPECT_EQ(listedNames("/storage/131073"), QStringList(u"card.txt"_s));
     EXPECT_EQ(listedNames("/"), QStringList(u"DCIM"_s)) << "the card's root is not this one";
+}
+
+TEST_F(MTPFolderPropertiesTest, phoneThatStallsAtAListIsAskedOneByOne) {
+    (void)list("/");
+    phone().fault([](VirtualFaults& faults) {
+        faults.stall = VirtualByteFault{USBDirection::in, 1000, 2}; // behind the handles
+    });
+    (void)listDCIM();
+    const Counts again = listDCIM();
+    EXPECT_EQ(again.lists, 0U);
+    EXPECT_EQ(again.infos, 51U);
 }
 
 TEST_F(MTPFolderPropertiesTest, phonesThatDoNotAnswerOrLieAreAskedOneByOne) {

@@ -1,5 +1,6 @@
 #include "mtp/MTPFilesFixture.h"
 #include "mtp/protocol/MTPError.h"
+#include "support/MTPContainers.h"
 
 namespace tessary {
 namespace {
@@ -74,6 +75,28 @@ TEST_F(MTPReadTest, lessThanTheTellingSizeIsTakenAsTheWhole) {
     });
     EXPECT_EQ(read(item("/f.bin")), manyBytes(5000));
     EXPECT_EQ(phone().requests(getObjectPropValue), 0U) << "32 bits hold its size";
+}
+
+TEST_F(MTPReadTest, moreThanTheTellingSizeComesInPiecesToo) {
+    phone().write(u"film"_s, manyBytes(large));
+    phone().rewriteData(getObjectPropValue, [](Bytes& container) {
+        constexpr std::size_t sizeAt = 12;
+        for (const auto& [n, value] :
+             {std::pair(0, large - 1000), std::pair(1, (large - 1000) >> 8)})
+            container[sizeAt + static_cast<std::size_t>(n)] = static_cast<std::byte>(value & 0xFF);
+    });
+    const FileItem film = item("/film");
+    ASSERT_EQ(film.size, large - 1000);
+    EXPECT_TRUE(read(film) == manyBytes(large));
+}
+
+TEST_F(MTPReadTest, pieceWithoutAnEndIsNoneOfTheFile) {
+    phone().write(u"f.bin"_s, manyBytes(5000));
+    phone().rewriteData(androidGetPartialObject64, [](Bytes& container) {
+        container.resize(container.size() + (4 << 20));
+        writeLength(container);
+    });
+    EXPECT_EQ(codeOf([&] { read(item("/f.bin"), {10, 20}); }), "wrongSize");
 }
 
 TEST_F(MTPReadTest, refusalsAreToldByWhatTheyMean) {

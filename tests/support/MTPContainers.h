@@ -22,6 +22,12 @@ inline Bytes containerOf(std::uint32_t length, std::uint16_t type, std::uint16_t
     return bytes;
 }
 
+/// Tells the length that it has come to have.
+inline void writeLength(Bytes& container) {
+    for (std::size_t n = 0; n < 4; ++n)
+        container[n] = static_cast<std::byte>(container.size() >> (8 * n));
+}
+
 inline Bytes wholeContainer(std::uint16_t type, std::uint16_t code, std::uint32_t transactionID,
                             ByteView payload) {
     return containerOf(static_cast<std::uint32_t>(12 + payload.size()), type, code, transactionID,

@@ -125,7 +125,10 @@ void MTPSession::open(std::uint32_t sessionID) {
         start(sessionID);
         setPatience(patience_.answer);
     } catch (...) {
-        // The next try finds the device anew, and others find it free.
+        // The next try finds the device anew, without an answer to this one, and others find it
+        // free.
+        if (!isSettled_)
+            recoverSoon();
         closeTransport();
         throw;
     }

@@ -85,9 +85,9 @@ void MTPConnection::openSession(const std::stop_token& stop) {
     }
     tree_ = std::make_unique<MTPTree>(std::make_unique<MTPUSBTransport>(bus_, address_), memory_,
                                       patience_, stop);
+    queue_->closeWhenIdle(this, [this] { closeSession(); });
     if (!deviceInfo_)
         memory_.listsProperties = deviceInfo().announces(MTPOperationCode::getObjectPropList);
-    queue_->closeWhenIdle(this, [this] { closeSession(); });
 }
 
 Error MTPConnection::translated(const MTPTransportError& failure, const QString& path) {

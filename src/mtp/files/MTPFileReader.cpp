@@ -29,7 +29,7 @@ bool MTPFileReader::step(MTPTree& tree, MTPPartialReads& parts) {
     const qint64 size = clampedByteCount(info_->effectiveSize());
     const bool isPart = range_.offset > 0 || range_.length >= 0;
     constexpr auto most32Bits = std::numeric_limits<std::uint32_t>::max();
-    const bool inParts = parts != MTPPartialReads::none && !isCutShort_ &&
+    const bool inParts = parts != MTPPartialReads::none && !isSizeWrong_ &&
                          (isPart || size > largestWhole) &&
                          (parts == MTPPartialReads::wide || end() <= most32Bits);
     if (inParts)
@@ -74,13 +74,24 @@ bool MTPFileReader::readPiece(MTPTree& tree, MTPPartialReads parts) {
     if (at >= end())
         return false; // devices may hang when they are asked for what lies beyond the end
     const qint64 wanted = std::min(pieceSize, end() - at);
+    // The size may be out of date: one byte more than there should be tells. Phones with 64-bit
+    // offsets give what there is.
+    const bool isLast = range_.length < 0 && at + wanted == end();
+    const qint64 asked = wanted + (isLast && parts == MTPPartialReads::wide ? 1 : 0);
+    qint64 got = 0;
+    const auto take = [&](ByteView bytes) {
+        got += static_cast<qint64>(bytes.size());
+        if (got > asked)
+            throw Error(PhoneError::wrongSize, {file_.path, at + got, at + asked});
+        hand(bytes);
+    };
     MTPStreamOptions options;
     options.stop = stop_;
-    const auto got = static_cast<qint64>(tree.client().getPartialObject(
-        handle_, static_cast<std::uint64_t>(at), static_cast<std::uint32_t>(wanted),
-        parts == MTPPartialReads::wide, [this](ByteView bytes) { hand(bytes); }, options));
-    isCutShort_ = got < wanted;
-    return isCutShort_ || at + got < end();
+    (void)tree.client().getPartialObject(handle_, static_cast<std::uint64_t>(at),
+                                         static_cast<std::uint32_t>(asked),
+                                         parts == MTPPartialReads::wide, take, options);
+    isSizeWrong_ = got != wanted;
+    return isSizeWrong_ || at + got < end();
 }
 
 /// The whole object, of which the sink gets what it does not have yet.

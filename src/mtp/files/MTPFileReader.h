@@ -40,7 +40,7 @@ private:
     std::uint32_t handle_ = 0;          ///< in the session of `serial_`
     std::uint64_t serial_ = 0;
     qint64 received_ = 0;
-    bool isCutShort_ = false; ///< the phone gave less than the size that it tells
+    bool isSizeWrong_ = false; ///< the phone gave less than the size that it tells, or more
 };
 
 } // namespace tessary

@@ -108,6 +108,7 @@ void MTPPieceWriter::sendPiece(MTPTree& tree) {
 
 /// For a phone that edits nothing, although it says so.
 void MTPPieceWriter::sendWhole(MTPTree& tree) {
+    tree.client().setStop(stop_); // breaking off has taken it away
     tree.memory().editsObjects = false;
     const MTPFound empty = tree.findItem(*begun_, stop_);
     tree.client().deleteObject(handle_);

@@ -107,7 +107,10 @@ bool MTPObjectReader::readProperties(std::uint32_t storageID, MTPKnownFolder& fo
             options);
         isWhole = list.finish();
     } catch (const MTPTransportError& failure) {
-        if (endsSession(failure))
+        // A phone that fails at it would fail each time: it is not asked again.
+        if (!failure.isDeviceGone())
+            memory_.listsProperties = false;
+        if (endsSession(failure) && !isBrokenData(failure))
             throw;
     }
     // What is missing is asked for one by one; a phone that leaves out more than it tells is asked

@@ -97,7 +97,15 @@ void MTPTree::doubt() {
 void MTPTree::beginEdit(std::uint32_t handle) {
     if (edits_.contains(handle))
         endEdit(handle);
-    client_.beginEdit(handle);
+    try {
+        client_.beginEdit(handle);
+    } catch (const MTPTransportError& failure) {
+        if (!failure.response() || endsSession(failure))
+            throw;
+        // On some phones an edit outlives the session that broke off in it.
+        client_.endEdit(handle);
+        client_.beginEdit(handle);
+    }
     edits_.insert(handle);
 }
 
