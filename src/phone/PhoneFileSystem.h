@@ -203,6 +203,8 @@ public:
     virtual FileItem move(const FileItem& item, const QString& newFolder, const Call& call) = 0;
     /// PhoneError::notSupported without `setsDates`.
     virtual void setModified(const FileItem& file, const QDateTime& date, const Call& call);
+    /// Returns once all that was written lies there for good. A phone sees to that by itself.
+    virtual void flush() {}
 
     /// Bytes that still fit on the storage of a folder; no value when nobody knows.
     [[nodiscard]] virtual std::optional<std::uint64_t> freeBytes(const QString& folder,

@@ -269,6 +269,10 @@ public:
         return itemOf(*folder.children.back());
     }
 
+    void flush() override {
+        const Step step = begin(Operation::flush, {}, {});
+    }
+
     void setModified(const FileItem& file, const QDateTime& date, const Call& call) override {
         const Step step = begin(Operation::setModified, file.path, call);
         if (!options_.capabilities.setsDates)

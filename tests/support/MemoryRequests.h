@@ -30,6 +30,7 @@ public:
         freeBytes,
         thumbnail,
         hash,
+        flush,
     };
 
     /// A request as the phone saw it.

@@ -1,11 +1,14 @@
 #include "transfer/copy/TreeCopy.h"
 
+#include "base/local/LocalError.h"
 #include "support/QtPrinters.h"
 #include "transfer/CopySides.h"
 #include "transfer/copy/FileStream.h"
 #include "transfer/copy/Leftovers.h"
 
 #include <gmock/gmock.h>
+
+#include <atomic>
 
 namespace tessary {
 namespace {
@@ -226,6 +229,52 @@ TEST(TreeCopyAgain, aMoveGoesOnWhereItBrokeOff) {
         EXPECT_THAT(source.contents(), testing::IsEmpty());
     }
     EXPECT_GT(lostAt, 15);
+}
+
+TEST(TreeCopyAgain, aMoveTakesNothingThatMayNotBeOnTheDisk) {
+    const Contents tree{{s("a"), "a"}, {s("d/"), {}}, {s("d/b"), "b"}};
+    MemorySide source({.queue = std::make_shared<PhoneQueue>()});
+    MemorySide target({.identity = s("stick")});
+    source.fill(tree, noon);
+    TreeCopyRequest request = requestFor(source, target, ClashAnswer::keepBoth);
+    request.removesSource = true;
+    target.memory->fail(Operation::flush, {}, {LocalError::cannotWrite});
+    const CopyOutcome first = run(request);
+    EXPECT_THAT(namesLeftOut(first), ElementsAre(s("a: cannotWrite"), s("b: cannotWrite")));
+    EXPECT_EQ(source.contents(), tree);
+    target.memory->forgetFaults();
+    request.items = first.items;
+    request.skipsSame = true;
+    EXPECT_EQ(run(request).end(), CopyOutcome::End::done);
+    EXPECT_EQ(target.contents(), tree);
+    EXPECT_THAT(source.contents(), testing::IsEmpty());
+}
+
+TEST(TreeCopyAgain, aPhoneThatDatesFilesItselfGetsNoneTwice) {
+    const Contents tree{
+        {s("a"), "a"}, {s("d/"), {}}, {s("d/b"), "b"}, {s("d/c"), film}, {s("e"), "e"}};
+    int stopAt = 1;
+    for (bool isWhole = false; !isWhole; ++stopAt) {
+        SCOPED_TRACE(stopAt);
+        DiskSide source;
+        MemorySide phone({.datesItself = true, .queue = std::make_shared<PhoneQueue>()});
+        source.fill(tree, noon);
+        TreeCopyRequest request = requestFor(source, phone, ClashAnswer::keepBoth);
+        std::stop_source stop;
+        std::atomic<int> left = stopAt;
+        phone.memory->beforeEach([&](const auto&) {
+            if (--left == 0)
+                stop.request_stop();
+        });
+        const CopyOutcome first = TreeCopy(request).run({}, stop.get_token());
+        isWhole = !first.isCancelled;
+        request.items = first.items;
+        request.skipsSame = true;
+        request.brought = first.entries;
+        EXPECT_EQ(run(request).end(), CopyOutcome::End::done);
+        EXPECT_EQ(phone.contents(), tree) << phone.contents().keys().join(u' ').toStdString();
+    }
+    EXPECT_GT(stopAt, 10);
 }
 
 /// What only looks the same is not taken for the copy of a file that goes.

@@ -28,8 +28,9 @@ bool TargetFolder::isTakenForSame(const CopyItem& item, const FileItem& existing
                                   const Rules& rules) const {
     if (!rules.skipsSame || item.item.isDirectory || existing.isDirectory)
         return false;
-    return isSame(item.item, existing) ||
-           (rules.isMove && item.isContinued && item.item.size == existing.size);
+    const bool isOurs =
+        item.isContinued || (rules.brought != nullptr && rules.brought->contains(existing));
+    return isSame(item.item, existing) || (isOurs && item.item.size == existing.size);
 }
 
 TargetFolder::Decision TargetFolder::place(const CopyItem& item, const Rules& rules) {

@@ -46,8 +46,8 @@ public:
         ClashPolicy policy;
         /// Files that are there with the same size and date are not copied again.
         bool skipsSame = false;
-        /// What an earlier run of a move brought is known by its size, where it lost its date.
-        bool isMove = false;
+        /// What earlier runs made: known by its size, where it lost the date that it came with.
+        const EntryMarks* brought = nullptr; ///< may be null
         /// The path, when it lies on the target itself, of what is copied: a copy never replaces
         /// what it comes from.
         QString ownPath{};

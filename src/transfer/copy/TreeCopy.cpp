@@ -40,6 +40,8 @@ CopyOutcome TreeCopy::run(const CopyProgress& progress, const std::stop_token& s
     outcome_ = {};
     outcome_.items = request_.items;
     moved_.clear();
+    leaving_.clear();
+    leavingBytes_ = 0;
     progress_ = {};
     std::vector<PhoneQueue::Job> jobs;
     for (const auto& side : {request_.from, request_.to})
@@ -91,6 +93,7 @@ void TreeCopy::copyAll() {
         copyGroup(group, below);
         first = last;
     }
+    removeSettled();
 }
 
 /// What goes into one folder, which is made when it is missing.
@@ -195,7 +198,7 @@ void TreeCopy::copyTogether(Together& together, const Folder& target) {
         attempt(scanned, target, [&] {
             throwIfStopped(call_.stop);
             requireRoom(target.names.path(), scanned.item.item.size);
-            transfer(scanned.item, target.names.path(), files[n].name, {});
+            (void)transfer(scanned.item, target.names.path(), files[n].name, {});
             note(n);
         });
     }
@@ -206,7 +209,7 @@ TargetFolder::Decision TreeCopy::place(const CopyItem& item, TargetFolder& targe
                                              ? request_.policy
                                              : [](const Clash&) { return ClashAnswer::keepBoth; },
                                .skipsSame = request_.skipsSame,
-                               .isMove = request_.removesSource,
+                               .brought = &request_.brought,
                                .ownPath = isOneFileSystem_ ? item.item.path : QString()});
 }
 
@@ -241,7 +244,7 @@ void TreeCopy::copyFolder(const ScannedItem& scanned, Folder& target) {
         return;
     }
     if (request_.removesSource)
-        removeSource(scanned, target, name);
+        removeSource(scanned, item.item, target, name);
 }
 
 void TreeCopy::copyFileTo(const ScannedItem& scanned, Folder& target, Together& together) {
@@ -268,11 +271,12 @@ void TreeCopy::copyFileTo(const ScannedItem& scanned, Folder& target, Together& 
         return;
     }
     requireRoom(target.names.path(), item.item.size);
-    transfer(item, target.names.path(), name,
-             replace != nullptr ? std::optional(replace->existing) : std::nullopt);
+    const FileItem copied =
+        transfer(item, target.names.path(), name,
+                 replace != nullptr ? std::optional(replace->existing) : std::nullopt);
     noteMade(scanned, joinPath(target.names.path(), name), name);
     if (request_.removesSource)
-        removeSource(scanned, target, name);
+        removeSource(scanned, copied, target, name);
 }
 
 /// A look at a file here costs nothing; at a phone it is one more request a file.
@@ -280,8 +284,8 @@ bool TreeCopy::checksSource() const {
     return !request_.from->queue() || request_.removesSource;
 }
 
-void TreeCopy::transfer(const CopyItem& item, const QString& folder, const QString& name,
-                        const std::optional<FileItem>& replaces) {
+FileItem TreeCopy::transfer(const CopyItem& item, const QString& folder, const QString& name,
+                            const std::optional<FileItem>& replaces) {
     QByteArray sha256;
     FileCopy copy{.from = *request_.from,
                   .file = item.item,
@@ -313,6 +317,7 @@ void TreeCopy::transfer(const CopyItem& item, const QString& folder, const QStri
         made = copyFile(copy, show, call_);
     }
     noteCopied(item, made, sha256);
+    return copy.file;
 }
 
 void TreeCopy::noteCopied(const CopyItem& item, const FileItem& made, const QByteArray& sha256) {
@@ -338,28 +343,60 @@ void TreeCopy::finishMove(const ScannedItem& scanned, const Folder& target,
         throw request_.to->queue() ? Error(PhoneError::taken, {brought.name})
                                    : Error(LocalError::taken, {brought.path});
     noteMade(scanned, brought.path, brought.name);
-    removeSource(scanned, target, brought.name);
+    removeSource(scanned, scanned.item.item, target, brought.name);
 }
 
-/// Takes away what was copied to `name`, when it still is what was copied; a folder only when it is
-/// empty.
-void TreeCopy::removeSource(const ScannedItem& scanned, const Folder& target, const QString& name) {
-    const CopyItem& item = scanned.item;
+/// Takes away what was copied to `name`; a folder only when it is empty.
+void TreeCopy::removeSource(const ScannedItem& scanned, const FileItem& copied,
+                            const Folder& target, const QString& name) {
+    constexpr std::size_t filesAtOnce = 100;
+    constexpr qint64 bytesAtOnce = qint64{256} << 20;
+    const Leaving leaving{{copied, name, target.below, true}, scanned.asked};
+    if (copied.isDirectory) {
+        removeSettled();
+        removeNow(leaving);
+        return;
+    }
+    leaving_.push_back(leaving);
+    leavingBytes_ = addByteCounts(leavingBytes_, std::max<qint64>(copied.size, 0));
+    if (request_.to->queue() || leaving_.size() >= filesAtOnce || leavingBytes_ >= bytesAtOnce)
+        removeSettled();
+}
+
+void TreeCopy::removeSettled() {
+    const std::vector<Leaving> all = std::exchange(leaving_, {});
+    leavingBytes_ = 0;
+    if (all.empty())
+        return;
+    try {
+        request_.to->flush();
+    } catch (const Error& error) {
+        for (const Leaving& leaving : all)
+            outcome_.leftOut.push_back({leaving.item, error});
+        return;
+    }
+    for (const Leaving& leaving : all)
+        removeNow(leaving);
+}
+
+/// When it still is what was copied.
+void TreeCopy::removeNow(const Leaving& leaving) {
+    const FileItem& source = leaving.item.item;
     PhoneFileSystem& from = *request_.from;
     try {
-        const auto now = from.find(item.item.path, call_);
-        if (!now || now->isDirectory != item.item.isDirectory ||
-            (!now->isDirectory && !isAsSeen(item.item, *now)))
-            throw changedError(from, item.item.path);
+        const auto now = from.find(source.path, call_);
+        if (!now || now->isDirectory != source.isDirectory ||
+            (!now->isDirectory && !isAsSeen(source, *now)))
+            throw changedError(from, source.path);
         from.remove(*now, call_);
-        if (scanned.asked)
-            moved_.insert(*scanned.asked);
+        if (leaving.asked)
+            moved_.insert(*leaving.asked);
     } catch (const Error& error) {
         if (endsCopy(error))
             throw;
         // What keeps a folder from going was left out, and is named already.
         if (!error.is(PhoneError::folderNotEmpty) && !error.is(LocalError::folderNotEmpty))
-            outcome_.leftOut.push_back({{item.item, name, target.below, true}, error});
+            outcome_.leftOut.push_back({leaving.item, error});
     }
 }
 

@@ -26,6 +26,7 @@ struct TreeCopyRequest {
     /// Files that are there with the same size and date stay, before anything is asked: for "only
     /// what is new", and to go on with a copy that broke off.
     bool skipsSame = false;
+    EntryMarks brought{};  ///< at the target by earlier runs of this copy
     bool verifies = false; ///< each copy is compared by hash
     /// Each file goes from the source once its copy was compared, each folder once it is empty.
     bool removesSource = false;
@@ -68,10 +69,19 @@ private:
     void leaveOut(const ScannedItem& scanned, const QString& below, const Error& error);
     [[nodiscard]] bool checksSource() const;
     void noteCopied(const CopyItem& item, const FileItem& made, const QByteArray& sha256);
-    void transfer(const CopyItem& item, const QString& folder, const QString& name,
-                  const std::optional<FileItem>& replaces);
+    /// Returns the facts of what was copied.
+    FileItem transfer(const CopyItem& item, const QString& folder, const QString& name,
+                      const std::optional<FileItem>& replaces);
     void finishMove(const ScannedItem& scanned, const Folder& target, const FileItem& brought);
-    void removeSource(const ScannedItem& scanned, const Folder& target, const QString& name);
+    /// What a move is about to take from its source.
+    struct Leaving {
+        CopyItem item; ///< as LeftOut names it
+        std::optional<std::size_t> asked;
+    };
+    void removeSource(const ScannedItem& scanned, const FileItem& copied, const Folder& target,
+                      const QString& name);
+    void removeSettled();
+    void removeNow(const Leaving& leaving);
     [[nodiscard]] Folder openTarget(const QString& path, const QString& below,
                                     const QStringList& awaited);
     [[nodiscard]] TargetFolder::Decision place(const CopyItem& item, TargetFolder& target);
@@ -90,6 +100,8 @@ private:
     std::optional<std::uint64_t> room_; ///< bytes at the target, by our own count
     TransferProgress progress_;
     CopyOutcome outcome_;
+    std::vector<Leaving> leaving_; ///< files, once what came of them lies on the target's disk
+    qint64 leavingBytes_ = 0;
     std::set<std::size_t> moved_; ///< of what was asked for: its source is gone
 };
 

@@ -65,8 +65,7 @@ public:
                                                          const Call& call) override;
     [[nodiscard]] std::optional<QByteArray> hash(const FileItem& file, const Call& call) override;
 
-    /// Returns once all that was written on the folder's disk lies there for good.
-    void flush();
+    void flush() override;
 
 private:
     /// An entry's folder, opened, and its name there.

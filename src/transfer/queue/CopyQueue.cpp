@@ -214,11 +214,7 @@ void CopyQueue::start(CopyJob& job) {
 void CopyQueue::takeOutcome(const QUuid& id, const std::shared_ptr<Work>& work,
                             CopyOutcome outcome) {
     work->stop.reset();
-    CopyJob* const job = find(id);
-    if (job == nullptr || works_.value(id) != work) { // cleared in the meantime
-        startNext();
-        return;
-    }
+    CopyJob* const job = find(id); // what runs is not cleared
     if (const auto progress = work->take())
         job->progress = *progress;
     const CopyOutcome::End end = work->isCancelled ? CopyOutcome::End::cancelled : outcome.end();
@@ -226,6 +222,7 @@ void CopyQueue::takeOutcome(const QUuid& id, const std::shared_ptr<Work>& work,
     job->made += outcome.made;
     job->made.removeDuplicates();
     job->entries.add(outcome.entries);
+    work->request.brought = job->entries;
     job->leftOut = std::move(outcome.leftOut);
     job->error = outcome.failure;
     // What goes on later knows what is there already.
@@ -369,9 +366,14 @@ void CopyQueue::moveTo(const QUuid& id, int index) {
 
 void CopyQueue::clearFinished() {
     MainThread::assertCurrent();
+    // What was cancelled and has not ended yet has still to say what it made.
+    const auto isOver = [this](int index) {
+        const CopyJob& job = jobs_[static_cast<std::size_t>(index)];
+        return job.isFinished() && !works_[job.id]->stop;
+    };
     for (int last = static_cast<int>(jobs_.size()) - 1; last >= 0; --last) {
         int first = last;
-        while (first >= 0 && jobs_[static_cast<std::size_t>(first)].isFinished())
+        while (first >= 0 && isOver(first))
             --first;
         if (first == last)
             continue;

@@ -66,7 +66,7 @@ public:
     void goOn(const QUuid& id, const CopyEnds& ends = {});
     /// Puts a job that waits before another place in the list.
     void moveTo(const QUuid& id, int index);
-    /// Removes every job that has finished.
+    /// Removes every job that has finished, but for a cancelled one that has still to end.
     void clearFinished();
     /// Asks what runs to stop and waits for it; nothing is started afterwards. False when something
     /// did not end in time.
