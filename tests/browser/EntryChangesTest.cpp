@@ -196,6 +196,33 @@ TEST_F(EntryChangesTest, whatThePhoneCannotMoveIsCopiedAndRemoved) {
     EXPECT_TRUE(eventually([this] { return names().isEmpty(); })) << "the folder is read again";
 }
 
+TEST_F(EntryChangesTest, aFolderThatIsOpenedDuringAMoveIntoItShowsAllOfIt) {
+    Gate gate;
+    holdAt(gate, Operation::move, "/root/c.txt");
+    browser_.changes().move(browser_.itemsWithIds(ids({"/root/b.txt", "/root/c.txt"})),
+                            u"/root/a"_s);
+    ASSERT_TRUE(eventually([&] { return gate.waiting() == 1; }));
+    browser_.navigateTo(u"/root/a"_s);
+    ASSERT_TRUE(eventually([this] { return names().contains(u"b.txt"_s); }));
+    gate.open();
+    EXPECT_TRUE(eventually([this] { return names().contains(u"c.txt"_s); }));
+}
+
+TEST_F(EntryChangesTest, whatALinkLeadsToStaysWhenTheLinkIsMovedToThePhone) {
+    const QString file = local_.write(u"archive/report.pdf"_s, "report");
+    const QString link = local_.path(u"link.pdf"_s);
+    ASSERT_TRUE(QFile::link(file, link));
+    browser_.copies().prepareUpload(
+        {link, local_.write(u"own.txt"_s, "own")}, {},
+        [this](const PreparedCopy& prepared) { browser_.copies().start(prepared, {}); },
+        BrowserCopies::Afterwards::removeSource);
+    settleCopies();
+    EXPECT_EQ(files_->content(u"/root/link.pdf"_s), "report");
+    EXPECT_EQ(files_->content(u"/root/own.txt"_s), "own");
+    EXPECT_TRUE(QFile::exists(file));
+    EXPECT_FALSE(local_.has(u"own.txt"_s));
+}
+
 TEST_F(EntryChangesTest, aStoppedMoveDoesNotGoOnAsACopy) {
     const QStringList before = files_->tree();
     files_->fail(Operation::move, u"/root/b.txt"_s, Error(PhoneError::otherStorage));

@@ -49,6 +49,17 @@ protected:
     }
 };
 
+TEST_F(PanesTest, bothSidesShowAMove) {
+    openFolder();
+    split();
+    click(u"alpha.txt"_s);
+    press(Qt::Key_X, Qt::ControlModifier);
+    pane()->view().setFocus();
+    press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_TRUE(wait([this] { return isHere(u"alpha.txt"_s); }));
+    EXPECT_TRUE(wait([this] { return !row(u"alpha.txt"_s).isValid(); }));
+}
+
 TEST_F(PanesTest, filesGoFromSideToSideByTheClipboard) {
     openFolder();
     split();

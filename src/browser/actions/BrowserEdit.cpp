@@ -35,8 +35,8 @@ BrowserEditReport editEach(PhoneFileSystem& files, const std::vector<FileItem>& 
                 report.gonePaths << items[i].path;
             if (problem.failures.size() < namedFailures)
                 problem.failures.push_back({items[i].name, error});
-            if (isDeviceLost(error)) {
-                report.isDeviceLost = true;
+            if (endsEverything(error)) {
+                report.isDeviceLost = isDeviceLost(error);
                 problem.failed += static_cast<int>(items.size() - i) - 1;
                 break;
             }

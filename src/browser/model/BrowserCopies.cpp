@@ -6,6 +6,7 @@
 #include "browser/model/FileBrowserViewModel.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QTimer>
 
 #include <algorithm>
@@ -70,15 +71,20 @@ LocalItem sourceAt(const QString& path) {
 
 /// Local files and folders as sources, those of one folder together.
 PreparedCopy sourcesAt(const QStringList& paths, const std::shared_ptr<PhoneFileSystem>& to,
-                       const QString& target) {
+                       const QString& target, bool moves) {
     PreparedCopy copy;
     for (const QString& path : paths) {
         LocalItem local = sourceAt(path);
+        // What a link leads to is not the user's to lose when he takes the link elsewhere.
+        const bool leaves = moves && !QFileInfo(QDir::cleanPath(path)).isSymLink();
         auto part = std::find_if(copy.parts.begin(), copy.parts.end(), [&](const auto& one) {
-            return one.request.from->identity() == local.files->identity();
+            return one.request.from->identity() == local.files->identity() &&
+                   one.request.removesSource == leaves;
         });
         if (part == copy.parts.end())
-            part = copy.parts.insert(part, {{.from = local.files, .to = to, .folder = target}, {}});
+            part = copy.parts.insert(
+                part,
+                {{.from = local.files, .to = to, .folder = target, .removesSource = leaves}, {}});
         part->request.items.push_back({local.item, local.item.name});
     }
     return copy;
@@ -133,10 +139,9 @@ void BrowserCopies::prepareUpload(const QStringList& localPaths, const QString& 
         return;
     prepare(
         [files = browser_.files(), localPaths, target = targetOf(folder), afterwards] {
-            PreparedCopy copy = sourcesAt(localPaths, files, target);
+            PreparedCopy copy =
+                sourcesAt(localPaths, files, target, afterwards == Afterwards::removeSource);
             copy.targetName = files->displayName();
-            for (PreparedCopy::Part& part : copy.parts)
-                part.request.removesSource = afterwards == Afterwards::removeSource;
             return copy;
         },
         std::nullopt, std::move(whenReady));
@@ -185,14 +190,21 @@ bool BrowserCopies::areBeingRead(const PhoneFileSystem& files,
     });
 }
 
-bool BrowserCopies::fillShownFolder() const {
+bool BrowserCopies::fillsShownFolder(const CopyJob& job) const {
     const auto files = browser_.files();
-    return files && std::ranges::any_of(queue_.jobs(), [&](const CopyJob& job) {
-               const QString folder = files->canonicalPath(job.targetFolder);
-               return !job.isFinished() && job.target == files->identity() &&
-                      (folder == browser_.currentPath() ||
-                       files->canonicalPath(joinPath(folder, job.name)) == browser_.currentPath());
-           });
+    // Folders of this computer are one tree, wherever a copy begins in it.
+    const bool isToComputer = job.direction == CopyJob::Direction::toComputer ||
+                              job.direction == CopyJob::Direction::onComputer;
+    if (!files || (browser_.isLocal() ? !isToComputer : job.target != files->identity()))
+        return false;
+    const QString shown = browser_.currentPath();
+    const QString folder = files->canonicalPath(job.targetFolder);
+    const auto holdsShown = [&](const QString& path) {
+        const QString made = files->canonicalPath(path);
+        return shown == made || shown.startsWith(joinPath(made, {}));
+    };
+    return shown == folder || holdsShown(joinPath(folder, job.name)) ||
+           std::ranges::any_of(job.made, holdsShown);
 }
 
 bool BrowserCopies::cancel(const QUuid& id) {

@@ -74,8 +74,8 @@ public:
     /// Whether a copy that has not ended still reads one of these, or something in it.
     [[nodiscard]] bool areBeingRead(const PhoneFileSystem& files,
                                     const std::vector<FileItem>& items) const;
-    /// Whether a copy into the folder that is shown, or of that folder, is under way or waits.
-    [[nodiscard]] bool fillShownFolder() const;
+    /// Whether a copy puts something into the folder that is shown.
+    [[nodiscard]] bool fillsShownFolder(const CopyJob& job) const;
     /// False for a copy that has ended: it stays as it is.
     bool cancel(const QUuid& id);
 

@@ -123,7 +123,14 @@ void EntryChanges::run(const std::shared_ptr<PhoneFileSystem>& files, std::vecto
                      whenDone(report);
                      if (report.problem)
                          browser_.showProblem(*report.problem);
-                     browser_.refreshAfterChange(files->identity(), path, report.isDeviceLost);
+                     // The user may be in another folder by now, which this has changed as well.
+                     const QString shown = browser_.currentPath();
+                     const bool isTouched =
+                         std::ranges::any_of(changedPaths, [&](const QString& changed) {
+                             return files->canonicalPath(parentPath(changed)) == shown;
+                         });
+                     browser_.refreshAfterChange(files->identity(), isTouched ? shown : path,
+                                                 report.isDeviceLost);
                  });
 }
 

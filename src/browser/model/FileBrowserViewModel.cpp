@@ -471,24 +471,22 @@ void FileBrowserViewModel::selectAwaited() {
     }
 }
 
-/// Reads the folder again after an upload into it.
+/// Reads the folder again after a copy into it, or a move out of it.
 void FileBrowserViewModel::reloadAfter(const QUuid& finishedJob) {
     const int index = queue_.indexOf(finishedJob);
     if (index < 0)
         return;
     const CopyJob& job = queue_.jobs()[static_cast<std::size_t>(index)];
-    if (job.direction == CopyJob::Direction::toComputer)
-        return;
     for (const QString& made : job.made)
         folders_.entryChanged(job.target, made);
-    const QString sourceFolder = parentPath(job.sourcePath); // it may have been a move
-    folders_.forgetFolder(job.source, sourceFolder);
-    const auto isShown = [this](const QString& identity, const QString& folder) {
-        return files_ && identity == files_->identity() &&
-               files_->canonicalPath(folder) == currentPath();
-    };
+    const bool isMove = queue_.recordOf(finishedJob).removesSource;
+    const QString sourceFolder = parentPath(job.sourcePath);
+    if (isMove)
+        folders_.forgetFolder(job.source, sourceFolder);
+    const bool isFromHere = isMove && files_ && (job.source == files_->identity() || isLocal()) &&
+                            files_->canonicalPath(sourceFolder) == currentPath();
     if (!searchedName_.isEmpty() || // a search takes its time: the user repeats it
-        (!isShown(job.target, job.targetFolder) && !isShown(job.source, sourceFolder)))
+        (!isFromHere && !copies_.fillsShownFolder(job)))
         return;
     loader_.againSoon(queue_.summary().isIdle());
 }

@@ -3,6 +3,7 @@
 #include "app/texts/ProblemText.h"
 #include "base/text/Printable.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace tessary {
@@ -66,6 +67,12 @@ void FolderNotice::showFolderGone() {
     }
 }
 
+bool FolderNotice::isBeingFilled() const {
+    return std::ranges::any_of(browser_.queue().jobs(), [this](const CopyJob& job) {
+        return !job.isFinished() && browser_.copies().fillsShownFolder(job);
+    });
+}
+
 void FolderNotice::showEmpty() {
     const QString wanted = browser_.searchText().trimmed();
     if (!browser_.searchedName().isEmpty())
@@ -86,7 +93,7 @@ void FolderNotice::showEmpty() {
         show(QStringLiteral("view-hidden"), tr("Only hidden files in here"),
              tr("Their names begin with a dot."), tr("Show Hidden Files"),
              [this] { browser_.setShowsHidden(true); });
-    else if (browser_.copies().fillShownFolder())
+    else if (isBeingFilled())
         show(QStringLiteral("folder"), tr("Files are being copied into this folder…"),
              tr("They are shown once the copy has ended."), {}, {}, true);
     else

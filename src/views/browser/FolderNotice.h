@@ -33,6 +33,7 @@ private:
     void showEmpty();
     void showEmptySearch();
     [[nodiscard]] bool isInApp() const;
+    [[nodiscard]] bool isBeingFilled() const;
 
     FileBrowserViewModel& browser_;
     const Callbacks callbacks_;
