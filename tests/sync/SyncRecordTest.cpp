@@ -68,5 +68,14 @@ TEST(SyncRecordTest, isOfThisVeryPair) {
     EXPECT_TRUE(syncRecord(held, held, host, same)) << "a path can be written in many ways";
 }
 
+TEST(SyncRecordTest, ofOneFolderAndTwoPhonesIsTheNewerOneOfEachPair) {
+    const SyncManifest old = manifest();
+    SyncManifest newer = old;
+    const QString key = old.hosts.begin()->first;
+    newer.hosts[key].runNumber = 2;
+    EXPECT_EQ(SyncManifest::merged(newer, old).hosts[key].runNumber, 2);
+    EXPECT_EQ(SyncManifest::merged(old, newer).hosts[key].runNumber, 2);
+}
+
 } // namespace
 } // namespace tessary

@@ -58,9 +58,11 @@ TEST(SyncRenamesTest, namesThatChangedInCaseFollow) {
         SyncFiles record;
         for (const auto& [path, file] : tree(row.record).files)
             record[path] = {1, file.date, {}, {}};
+        const QString before = keys(record);
+        const std::vector<SyncRename> renames =
+            takeCaseRenames(local, device, record, SyncMode::biDirectional);
         QStringList lines;
-        for (const SyncRename& one :
-             takeCaseRenames(local, device, record, SyncMode::biDirectional))
+        for (const SyncRename& one : renames)
             lines.append((one.onDevice ? u"d:"_s : u"h:"_s) + one.from + u'>' + one.to);
         EXPECT_EQ(lines.join(u' '), QString::fromUtf8(row.renames));
         if (lines.isEmpty())
@@ -68,6 +70,9 @@ TEST(SyncRenamesTest, namesThatChangedInCaseFollow) {
         EXPECT_EQ(keys(local.files), keys(device.files));
         EXPECT_EQ(keys(local.files), keys(record));
         EXPECT_EQ(local.folders, device.folders);
+        for (auto one = renames.rbegin(); one != renames.rend(); ++one)
+            takeBack(*one, record);
+        EXPECT_EQ(keys(record), before) << "when all are refused";
     }
 }
 

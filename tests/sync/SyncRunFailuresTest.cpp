@@ -73,6 +73,20 @@ TEST(SyncRunFailuresTest, recordOfOneSideTellsOfNoDeletion) {
     }
 }
 
+TEST(SyncRunFailuresTest, aRunThatThePhoneWasNotToldTheEndOfCostsNoLaterDeletion) {
+    MemoryPair pair;
+    pair.beginWith({"a", "b"});
+    const QString manifest = MemoryPair::path(true, SyncManifest::fileName);
+    const QByteArray old = pair.device().content(manifest);
+    pair.here("late", "late");
+    (void)pair.goodRun();
+    pair.device().addFile(manifest, old);
+    (void)pair.goodRun();
+    pair.confirmAll();
+    pair.removeHere("a");
+    EXPECT_THAT(pair.goodRun().paths({SyncDeed::deleteOnDevice}), ElementsAre(u"a"_s));
+}
+
 TEST(SyncRunFailuresTest, nothingIsRecordedThatIsNotOnTheDisk) {
     MemoryPair pair;
     pair.there("a", "photo");

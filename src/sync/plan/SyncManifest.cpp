@@ -292,8 +292,13 @@ SyncManifest SyncManifest::merged(std::optional<SyncManifest> local,
     result.version = std::max<qint64>(1, result.version);
     if (device) {
         result.version = std::max(result.version, device->version);
-        for (auto& [id, host] : device->hosts)
-            result.hosts.insert_or_assign(id, std::move(host));
+        // Each record goes by the way of its own pair: what lies on the other phone of two that
+        // share a folder here is an old copy.
+        for (auto& [id, host] : device->hosts) {
+            const auto own = result.hosts.find(id);
+            if (own == result.hosts.end() || host.runNumber >= own->second.runNumber)
+                result.hosts.insert_or_assign(id, std::move(host));
+        }
     }
     return result;
 }

@@ -56,9 +56,14 @@ std::optional<SyncRecord> syncRecord(const std::optional<SyncManifest>& local,
     const SyncHostEntry& newer = there->runNumber > here->runNumber ? *there : *here;
     SyncRecord record{newer.files, !here->runID.isEmpty() && here->runID == there->runID,
                       newer.runNumber, newer.startedAt};
+    // What a run did whose end only one side was told of is not known to be on the other.
+    const SyncHostEntry& older = &newer == here ? *there : *here;
     if (!record.isShared)
-        for (auto& [path, entry] : record.files)
-            entry.isContentKnown = false;
+        for (auto& [path, entry] : record.files) {
+            const auto before = older.files.find(path);
+            if (before == older.files.end() || before->second != entry)
+                entry.isContentKnown = false;
+        }
     return record;
 }
 

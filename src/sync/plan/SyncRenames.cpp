@@ -120,4 +120,8 @@ std::vector<SyncRename> takeCaseRenames(SyncTree& local, SyncTree& device, SyncF
     return renames;
 }
 
+void takeBack(const SyncRename& rename, SyncFiles& record) {
+    moveKeys(record, rename.to, rename.from);
+}
+
 } // namespace tessary

@@ -25,4 +25,7 @@ struct SyncRename {
 [[nodiscard]] std::vector<SyncRename> takeCaseRenames(SyncTree& local, SyncTree& device,
                                                       SyncFiles& record, SyncMode mode);
 
+/// Brings `record` back to the state before a rename that was refused.
+void takeBack(const SyncRename& rename, SyncFiles& record);
+
 } // namespace tessary

@@ -139,6 +139,7 @@ SyncAnswer SyncRun::ask(const SyncQuestion& question) {
 
 /// A name that cannot be taken over leaves its files alone, as they are on both sides.
 void SyncRun::carryOutRenames() {
+    std::vector<const SyncRename*> refused;
     for (const SyncRename& rename : renames_) {
         SyncSide& side = rename.onDevice ? device_ : local_;
         throwIfStopped(call_.stop);
@@ -155,10 +156,13 @@ void SyncRun::carryOutRenames() {
                 throw;
             SyncTree& tree = rename.onDevice ? deviceTree_ : localTree_;
             dropBelow(tree.files, rename.to);
-            dropBelow(record_->files, rename.to);
+            refused.push_back(&rename);
+            tree.unknown.insert_or_assign(rename.from, error);
             tree.unknown.insert_or_assign(rename.to, error);
         }
     }
+    for (auto rename = refused.rbegin(); rename != refused.rend(); ++rename)
+        takeBack(**rename, record_->files);
 }
 
 SyncComparisons SyncRun::compare(const QStringList& paths, bool isRenamed) {
