@@ -51,9 +51,9 @@ TEST(ADBServerConnection, phoneIsChosenByPlaceThenNameThenItsOwnSerial) {
         int found; ///< -1: none, -2: several
     };
     const Row rows[] = {
-        {{u"TWIN"_s, u"1-2"_s}, 1},       {{u"other"_s, u"1-2"_s}, 1}, {{u"TWIN"_s, {}}, -2},
-        {{u"TWIN"_s, u"9-9"_s}, -1},      {{u"ONE"_s, {}}, 2},         {{u"ONE"_s, u"9-9"_s}, 3},
-        {{u"FAR"_s, u"1-9"_s}, 4},        {{u"USB-1234"_s, {}}, -1},   {{{}, {}}, -1},
+        {{u"TWIN"_s, u"1-2"_s}, 1},       {{u"other"_s, u"1-2"_s}, -1}, {{u"TWIN"_s, {}}, -2},
+        {{u"TWIN"_s, u"9-9"_s}, -1},      {{u"ONE"_s, {}}, 2},          {{u"ONE"_s, u"9-9"_s}, 3},
+        {{u"FAR"_s, u"1-9"_s}, 4},        {{u"USB-1234"_s, {}}, -1},    {{{}, {}}, -1},
         {{u"192.168.0.7:5555"_s, {}}, 3}, {{u"USB-1"_s, u"1-3"_s}, 2},
     };
     for (const auto& [sought, found] : rows) {

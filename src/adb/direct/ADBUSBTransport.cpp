@@ -31,7 +31,10 @@ std::optional<USBDeviceEntry> ADBUSBTransport::find(USBBus& bus, const QString& 
                                                     const QString& serialNumber) {
     std::optional<USBDeviceEntry> found;
     for (const USBDeviceEntry& entry : bus.devices()) {
-        if (!location.isEmpty() && entry.location == location)
+        const bool mayBe = serialNumber.isEmpty() || entry.serialNumber.isEmpty() ||
+                           entry.serialNumber == serialNumber ||
+                           serialNumber.startsWith(QLatin1StringView("USB-"));
+        if (!location.isEmpty() && entry.location == location && mayBe)
             return entry;
         if (serialNumber.isEmpty() || entry.serialNumber != serialNumber)
             continue;

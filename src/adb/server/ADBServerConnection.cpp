@@ -12,6 +12,18 @@ namespace {
 /// What stands for a serial number where a phone has none.
 constexpr QLatin1StringView noSerialPrefix("USB-");
 
+/// Another phone may be in the port by now. Names that say nothing fit any.
+bool mayBe(const QString& serial, const QString& sought) {
+    const auto tells = [](const QString& name) {
+        return !name.isEmpty() && std::ranges::all_of(name, [](QChar letter) {
+            return letter.unicode() < 0x80 && (letter.isLetterOrNumber() || letter == u'-' ||
+                                               letter == u'_' || letter == u'.' || letter == u':');
+        });
+    };
+    return serial == sought || sought.startsWith(noSerialPrefix) || !tells(serial) ||
+           !tells(sought);
+}
+
 /// The server's name for exactly this phone.
 QByteArray targetOf(const ADBDevice& device) {
     return (device.path.isEmpty() ? device.serial : device.path).toUtf8();
@@ -29,7 +41,7 @@ const ADBDevice* ADBServerConnection::choose(const std::vector<ADBDevice>& devic
     const QString place = QStringLiteral("usb:") + phone.usbLocation;
     if (!phone.usbLocation.isEmpty())
         for (const ADBDevice& device : devices)
-            if (device.path == place)
+            if (device.path == place && mayBe(device.serial, phone.serial))
                 return &device;
     if (phone.serial.isEmpty() || phone.serial.startsWith(noSerialPrefix))
         return nullptr;
@@ -80,7 +92,7 @@ template <typename Work>
 auto ADBServerConnection::withPhone(const Wait& wait, Work work) {
     const auto attempt = [&](bool isAnew) {
         const std::scoped_lock lock(mutex_);
-        if (isAnew || target_.isEmpty())
+        if (isAnew || target_.isEmpty() || target_.startsWith("usb:"))
             target_ = targetOf(find(wait));
         return target_;
     };
