@@ -103,7 +103,13 @@ void MTPTree::beginEdit(std::uint32_t handle) {
         if (!failure.response() || endsSession(failure))
             throw;
         // On some phones an edit outlives the session that broke off in it.
-        client_.endEdit(handle);
+        try {
+            client_.endEdit(handle);
+        } catch (const MTPTransportError& none) {
+            if (!none.response() || endsSession(none))
+                throw;
+            throw failure; // there was none
+        }
         client_.beginEdit(handle);
     }
     edits_.insert(handle);
