@@ -270,7 +270,7 @@ TEST(TreeCopyAgain, aPhoneThatDatesFilesItselfGetsNoneTwice) {
         isWhole = !first.isCancelled;
         request.items = first.items;
         request.skipsSame = true;
-        request.brought = first.entries;
+        request.brought = first.brought;
         EXPECT_EQ(run(request).end(), CopyOutcome::End::done);
         EXPECT_EQ(phone.contents(), tree) << phone.contents().keys().join(u' ').toStdString();
     }

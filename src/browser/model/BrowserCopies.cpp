@@ -203,8 +203,11 @@ bool BrowserCopies::fillsShownFolder(const CopyJob& job) const {
         const QString made = files->canonicalPath(path);
         return shown == made || shown.startsWith(joinPath(made, {}));
     };
-    return shown == folder || holdsShown(joinPath(folder, job.name)) ||
-           std::ranges::any_of(job.made, holdsShown);
+    const auto comesHere = [&](const CopyItem& item) {
+        return holdsShown(joinPath(joinPath(folder, item.folder), item.name));
+    };
+    return shown == folder || std::ranges::any_of(job.made, holdsShown) ||
+           std::ranges::any_of(queue_.recordOf(job.id).rest, comesHere);
 }
 
 bool BrowserCopies::cancel(const QUuid& id) {

@@ -153,18 +153,28 @@ void EntryChanges::createFolder(const QString& name) {
             if (report.donePaths.isEmpty())
                 return;
             record({UndoStep::Kind::create, identity, {{{}, report.donePaths.front()}}});
-            if (parent == browser_.currentPath())
+            if (parent == browser_.currentPath() && isShown(identity))
                 browser_.awaitEntry(name, true);
         });
 }
 
 void EntryChanges::remove(std::vector<FileItem> items) {
-    run(browser_.files(), std::move(items), What::remove, removeWhole,
-        [this](const BrowserEditReport& report) { tellRemoved(report.donePaths); });
+    const auto files = browser_.files();
+    if (!files)
+        return;
+    run(files, std::move(items), What::remove, removeWhole,
+        [this, identity = files->identity()](const BrowserEditReport& report) {
+            tellRemoved(identity, report.donePaths);
+        });
 }
 
-void EntryChanges::tellRemoved(const QStringList& paths) {
-    if (!paths.isEmpty())
+bool EntryChanges::isShown(const QString& identity) const {
+    return browser_.files() && browser_.files()->identity() == identity;
+}
+
+/// The user may have chosen another phone meanwhile, which has lost nothing.
+void EntryChanges::tellRemoved(const QString& identity, const QStringList& paths) {
+    if (!paths.isEmpty() && isShown(identity))
         Q_EMIT removed(paths);
 }
 
@@ -281,7 +291,7 @@ void EntryChanges::takenBack(const UndoStep& step, const BrowserEditReport& repo
     if (report.donePaths.isEmpty() || step.computer)
         return;
     if (step.kind == UndoStep::Kind::create || step.kind == UndoStep::Kind::copy) {
-        Q_EMIT removed(report.donePaths);
+        tellRemoved(step.identity, report.donePaths);
         return;
     }
     const auto first =

@@ -58,9 +58,9 @@ public:
     void noteLastingChange(const QString& identity);
 
 Q_SIGNALS:
-    void runningChanged();  ///< isRunning, progress
-    void undoableChanged(); ///< also when another phone is shown
-    void removed(const QStringList& paths);
+    void runningChanged();                  ///< isRunning, progress
+    void undoableChanged();                 ///< also when another phone is shown
+    void removed(const QStringList& paths); ///< of the phone that is shown
     void renamed(const QString& oldPath, const QString& newPath);
 
 private:
@@ -70,7 +70,8 @@ private:
              BrowserProblem::What what, EditAction action, Done whenDone,
              const QStringList& newPaths = {});
     void record(UndoStep step);
-    void tellRemoved(const QStringList& paths);
+    [[nodiscard]] bool isShown(const QString& identity) const;
+    void tellRemoved(const QString& identity, const QStringList& paths);
     void takenBack(const UndoStep& step, const BrowserEditReport& report);
 
     FileBrowserViewModel& browser_;

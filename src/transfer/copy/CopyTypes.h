@@ -43,6 +43,9 @@ struct CopyItem {
     bool isContinued = false;
 };
 
+/// What stands in EntryMarks for `made`, told from what came of any other source.
+[[nodiscard]] FileItem broughtAs(const FileItem& source, FileItem made);
+
 /// Something that was not copied, and why.
 struct LeftOut {
     CopyItem item; ///< in the folder, by the name that this was given, where it belongs
@@ -70,6 +73,7 @@ struct CopyOutcome {
     std::vector<CopyItem> items;
     QStringList made;   ///< paths at the target of the things asked for, as far as they are there
     EntryMarks entries; ///< all that was made, whatever folder it lies in
+    EntryMarks brought; ///< broughtAs() of each file
 
     [[nodiscard]] End end() const {
         if (failure)

@@ -9,6 +9,11 @@
 
 namespace tessary {
 
+FileItem broughtAs(const FileItem& source, FileItem made) {
+    made.path = source.path + QChar::Null + made.path;
+    return made;
+}
+
 void TargetFolder::addExisting(const FileItem& item) {
     existing_.insert(rules_.key(item.name), item);
 }
@@ -29,7 +34,8 @@ bool TargetFolder::isTakenForSame(const CopyItem& item, const FileItem& existing
     if (!rules.skipsSame || item.item.isDirectory || existing.isDirectory)
         return false;
     const bool isOurs =
-        item.isContinued || (rules.brought != nullptr && rules.brought->contains(existing));
+        (item.isContinued && existing.name == item.name) ||
+        (rules.brought != nullptr && rules.brought->contains(broughtAs(item.item, existing)));
     return isSame(item.item, existing) || (isOurs && item.item.size == existing.size);
 }
 
@@ -40,7 +46,7 @@ TargetFolder::Decision TargetFolder::place(const CopyItem& item, const Rules& ru
     if (const auto unreadable = unreadable_.constFind(key); unreadable != unreadable_.constEnd())
         return *unreadable;
     if (given_.contains(key))
-        return numbered(item, rules.skipsSame);
+        return numbered(item, rules);
     const auto there = existing_.constFind(key);
     if (there == existing_.constEnd()) {
         given_.insert(key);
@@ -48,7 +54,7 @@ TargetFolder::Decision TargetFolder::place(const CopyItem& item, const Rules& ru
     }
     const FileItem existing = *there;
     if (existing.path == rules.ownPath)
-        return numbered(item, rules.skipsSame);
+        return numbered(item, rules);
     const bool areFolders = existing.isDirectory && item.item.isDirectory;
     if (areFolders && item.isContinued) {
         given_.insert(key);
@@ -58,14 +64,15 @@ TargetFolder::Decision TargetFolder::place(const CopyItem& item, const Rules& ru
         given_.insert(key);
         return Stay{existing};
     }
-    return answered(item, existing, rules.policy({item.item, existing}), rules.skipsSame);
+    return answered(item, existing, rules);
 }
 
 TargetFolder::Decision TargetFolder::answered(const CopyItem& item, const FileItem& existing,
-                                              ClashAnswer answer, bool skipsSame) {
+                                              const Rules& rules) {
+    const ClashAnswer answer = rules.policy({item.item, existing});
     const bool areFolders = existing.isDirectory && item.item.isDirectory;
     if (answer == ClashAnswer::keepBoth || (answer == ClashAnswer::merge && !areFolders))
-        return numbered(item, skipsSame);
+        return numbered(item, rules);
     given_.insert(rules_.key(item.name));
     if (answer == ClashAnswer::skip)
         return Stay{};
@@ -87,7 +94,7 @@ TargetFolder::Decision TargetFolder::answered(const CopyItem& item, const FileIt
 }
 
 /// A number for the name; but a file that an earlier copy numbered is not copied again.
-TargetFolder::Decision TargetFolder::numbered(const CopyItem& item, bool skipsSame) {
+TargetFolder::Decision TargetFolder::numbered(const CopyItem& item, const Rules& rules) {
     std::optional<FileItem> same;
     const QString name =
         freeNameUnder(rules_, item.name, item.item.isDirectory, [&](const QString& key) {
@@ -96,7 +103,7 @@ TargetFolder::Decision TargetFolder::numbered(const CopyItem& item, bool skipsSa
             const auto existing = existing_.constFind(key);
             if (existing == existing_.constEnd())
                 return false;
-            if (skipsSame && !item.item.isDirectory && isSame(item.item, *existing))
+            if (isTakenForSame(item, *existing, rules))
                 same = *existing;
             return !same;
         });

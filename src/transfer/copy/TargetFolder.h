@@ -46,7 +46,7 @@ public:
         ClashPolicy policy;
         /// Files that are there with the same size and date are not copied again.
         bool skipsSame = false;
-        /// What earlier runs made: known by its size, where it lost the date that it came with.
+        /// broughtAs() of what earlier runs made: of the same size, where it lost its date.
         const EntryMarks* brought = nullptr; ///< may be null
         /// The path, when it lies on the target itself, of what is copied: a copy never replaces
         /// what it comes from.
@@ -56,9 +56,9 @@ public:
     [[nodiscard]] Decision place(const CopyItem& item, const Rules& rules);
 
 private:
-    [[nodiscard]] Decision numbered(const CopyItem& item, bool skipsSame);
+    [[nodiscard]] Decision numbered(const CopyItem& item, const Rules& rules);
     [[nodiscard]] Decision answered(const CopyItem& item, const FileItem& existing,
-                                    ClashAnswer answer, bool skipsSame);
+                                    const Rules& rules);
     [[nodiscard]] bool isSame(const FileItem& one, const FileItem& other) const;
     [[nodiscard]] bool isTakenForSame(const CopyItem& item, const FileItem& existing,
                                       const Rules& rules) const;

@@ -329,6 +329,7 @@ void TreeCopy::noteCopied(const CopyItem& item, const FileItem& made, const QByt
     pacer_->show(progress_);
     ++outcome_.files;
     outcome_.entries.add(made);
+    outcome_.brought.add(broughtAs(item.item, made));
     outcome_.bytes = addByteCounts(outcome_.bytes, std::max<qint64>(made.size, 0));
     if (request_.witness)
         request_.witness->copied(item, made, sha256);
@@ -352,11 +353,6 @@ void TreeCopy::removeSource(const ScannedItem& scanned, const FileItem& copied,
     constexpr std::size_t filesAtOnce = 100;
     constexpr qint64 bytesAtOnce = qint64{256} << 20;
     const Leaving leaving{{copied, name, target.below, true}, scanned.asked};
-    if (copied.isDirectory) {
-        removeSettled();
-        removeNow(leaving);
-        return;
-    }
     leaving_.push_back(leaving);
     leavingBytes_ = addByteCounts(leavingBytes_, std::max<qint64>(copied.size, 0));
     if (request_.to->queue() || leaving_.size() >= filesAtOnce || leavingBytes_ >= bytesAtOnce)
@@ -372,7 +368,8 @@ void TreeCopy::removeSettled() {
         request_.to->flush();
     } catch (const Error& error) {
         for (const Leaving& leaving : all)
-            outcome_.leftOut.push_back({leaving.item, error});
+            if (!leaving.item.item.isDirectory)
+                outcome_.leftOut.push_back({leaving.item, error});
         return;
     }
     for (const Leaving& leaving : all)

@@ -26,7 +26,7 @@ struct TreeCopyRequest {
     /// Files that are there with the same size and date stay, before anything is asked: for "only
     /// what is new", and to go on with a copy that broke off.
     bool skipsSame = false;
-    EntryMarks brought{};  ///< at the target by earlier runs of this copy
+    EntryMarks brought{};  ///< CopyOutcome::brought of earlier runs of this copy
     bool verifies = false; ///< each copy is compared by hash
     /// Each file goes from the source once its copy was compared, each folder once it is empty.
     bool removesSource = false;
@@ -100,7 +100,8 @@ private:
     std::optional<std::uint64_t> room_; ///< bytes at the target, by our own count
     TransferProgress progress_;
     CopyOutcome outcome_;
-    std::vector<Leaving> leaving_; ///< files, once what came of them lies on the target's disk
+    /// They go once what came of them lies on the target's disk, each folder after its content.
+    std::vector<Leaving> leaving_;
     qint64 leavingBytes_ = 0;
     std::set<std::size_t> moved_; ///< of what was asked for: its source is gone
 };

@@ -222,7 +222,7 @@ void CopyQueue::takeOutcome(const QUuid& id, const std::shared_ptr<Work>& work,
     job->made += outcome.made;
     job->made.removeDuplicates();
     job->entries.add(outcome.entries);
-    work->request.brought = job->entries;
+    work->request.brought.add(outcome.brought);
     job->leftOut = std::move(outcome.leftOut);
     job->error = outcome.failure;
     // What goes on later knows what is there already.

@@ -10,9 +10,10 @@ namespace tessary {
 
 FolderNotice::FolderNotice(FileBrowserViewModel& browser, Callbacks callbacks)
     : browser_(browser), callbacks_(std::move(callbacks)) {
-    const auto takeAnew = [this] { (void)takeState(); };
-    connect(&browser_.queue(), &CopyQueue::jobAdded, this, takeAnew);
-    connect(&browser_.queue(), &CopyQueue::jobFinished, this, takeAnew);
+    connect(&browser_.queue(), &CopyQueue::recordChanged, this, [this] {
+        if (browser_.state() == BrowserState::ready && browser_.rows().count() == 0)
+            showEmpty();
+    });
 }
 
 bool FolderNotice::isInApp() const {
@@ -69,7 +70,8 @@ void FolderNotice::showFolderGone() {
 
 bool FolderNotice::isBeingFilled() const {
     return std::ranges::any_of(browser_.queue().jobs(), [this](const CopyJob& job) {
-        return !job.isFinished() && browser_.copies().fillsShownFolder(job);
+        return !job.isFinished() && job.status != CopyJob::Status::paused &&
+               browser_.copies().fillsShownFolder(job);
     });
 }
 

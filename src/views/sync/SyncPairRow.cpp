@@ -160,16 +160,20 @@ void SyncPairRow::fillMenu() {
     add("edit-delete-remove", tr("Remove This Pair"), [this] { remove(); });
 }
 
+/// The row itself may go while the question is open: another phone takes the page.
 void SyncPairRow::remove() {
+    SyncManager& manager = sync_.manager();
+    const QUuid id = id_;
     QMessageBox question(QMessageBox::Question, tr("Remove This Pair"),
-                         tr("Stop keeping these folders in step?"), QMessageBox::NoButton, this);
+                         tr("Stop keeping these folders in step?"), QMessageBox::NoButton,
+                         window());
     question.setInformativeText(tr("No file is deleted on either side."));
     QAbstractButton* yes = question.addButton(tr("Remove"), QMessageBox::DestructiveRole);
     question.setDefaultButton(question.addButton(QMessageBox::Cancel));
     makePlain(question);
     question.exec();
     if (question.clickedButton() == yes)
-        sync_.manager().removeSyncPair(id_);
+        manager.removeSyncPair(id);
 }
 
 } // namespace tessary
