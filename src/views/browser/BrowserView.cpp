@@ -353,9 +353,8 @@ void BrowserView::updateActions() {
     actions_.zoomIn->setEnabled(browser_.pictureSide() < FileBrowserViewModel::largestPicture);
     actions_.zoomOut->setEnabled(browser_.pictureSide() > FileBrowserViewModel::smallestPicture);
     actions_.undo->setText(entries_.undoText());
-    actions_.undo->setEnabled(isVisible() && browser_.changes().undoable().has_value() &&
-                              !browser_.isEditing() &&
-                              browser_.state() != BrowserState::deviceLost);
+    actions_.undo->setEnabled(isUsable && browser_.changes().undoable().has_value() &&
+                              !browser_.isEditing());
     actions_.apps->setVisible(isInApp());
     const QString path = entries_.favoriteCandidate().second;
     actions_.favorite->setEnabled(isUsable && !path.isEmpty());

@@ -191,12 +191,13 @@ bool PreviewWindow::isShowing(const QString& id) const {
 
 /// Shows the entry that the keyboard is on.
 void PreviewWindow::follow() {
-    if (!isVisible() || browser_.isLoading())
+    if (!isVisible())
         return;
     const auto& current = browser_.selection().currentId();
     const FileItem* item = current ? browser_.itemWithId(*current) : nullptr;
     if (item == nullptr || browser_.state() != BrowserState::ready) {
-        hide();
+        if (!browser_.isLoading()) // else it may come yet
+            hide();
         return;
     }
     if (item_ == *item)
