@@ -156,6 +156,7 @@ public:
         if (content.size() != file.size && !options_.takesOtherSizes)
             throw Error(PhoneError::wrongSize, {path, content.size(), file.size});
         step.garbleIfDue(content);
+        content.truncate(options_.keepsAtMost);
         const std::scoped_lock lock(treeMutex_);
         Node& folder = folderAt(file.folder);
         requireFree(folder, file.name, nullptr);

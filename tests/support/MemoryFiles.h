@@ -6,6 +6,7 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <limits>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -23,6 +24,7 @@ struct MemoryOptions {
     bool givesHandles = false;               ///< items carry handles, and twins are possible
     /// A write may bring more or fewer bytes than announced, as on a computer's disk.
     bool takesOtherSizes = false;
+    qsizetype keepsAtMost = std::numeric_limits<qsizetype>::max(); ///< of a file, without a word
     bool datesItself = false; ///< a new file is of now, whatever date it is to have
     std::size_t rowsAtOnce = 3;
     std::size_t pieceSize = 1000; ///< bytes

@@ -250,6 +250,16 @@ TEST(TreeCopyAgain, aMoveTakesNothingThatMayNotBeOnTheDisk) {
     EXPECT_THAT(source.contents(), testing::IsEmpty());
 }
 
+TEST(TreeCopyErrors, whatAPhoneKeptOnlyPartOfReplacesNothing) {
+    DiskSide source;
+    MemorySide phone({.keepsAtMost = 5, .queue = std::make_shared<PhoneQueue>()});
+    source.fill({{s("a"), "the new one"}, {s("b"), "small"}}, noon);
+    phone.fill({{s("a"), "old"}, {s("b"), "old"}}, noon);
+    TreeCopyRequest request = requestFor(source, phone, ClashAnswer::replace);
+    EXPECT_THAT(namesLeftOut(run(std::move(request))), ElementsAre(s("a: differs")));
+    EXPECT_EQ(phone.contents(), (Contents{{s("a"), "old"}, {s("b"), "small"}}));
+}
+
 TEST(TreeCopyAgain, aPhoneThatDatesFilesItselfGetsNoneTwice) {
     const Contents tree{
         {s("a"), "a"}, {s("d/"), {}}, {s("d/b"), "b"}, {s("d/c"), film}, {s("e"), "e"}};

@@ -32,8 +32,7 @@ std::optional<USBDeviceEntry> ADBUSBTransport::find(USBBus& bus, const QString& 
     std::optional<USBDeviceEntry> found;
     for (const USBDeviceEntry& entry : bus.devices()) {
         const bool mayBe = serialNumber.isEmpty() || entry.serialNumber.isEmpty() ||
-                           entry.serialNumber == serialNumber ||
-                           serialNumber.startsWith(QLatin1StringView("USB-"));
+                           entry.serialNumber == serialNumber; // another may be in the port by now
         if (!location.isEmpty() && entry.location == location && mayBe)
             return entry;
         if (serialNumber.isEmpty() || entry.serialNumber != serialNumber)
