@@ -1,6 +1,7 @@
 #include "mtp/MTPFilesFixture.h"
 #include "mtp/protocol/MTPError.h"
 #include "support/MTPContainers.h"
+#include "support/Soon.h"
 
 namespace tessary {
 namespace {
@@ -97,6 +98,33 @@ TEST_F(MTPReadTest, pieceWithoutAnEndIsNoneOfTheFile) {
         writeLength(container);
     });
     EXPECT_EQ(codeOf([&] { read(item("/f.bin"), {10, 20}); }), "wrongSize");
+}
+
+TEST_F(MTPReadTest, dataThatThePhoneEndsEarlyEndWithItsAnswer) {
+    for (const int size : {5000, 512 * 1000 - 12}) { // a short packet, or an empty one
+        phone().write(u"f.bin"_s, manyBytes(size));
+        const FileItem file = item("/f.bin");
+        for (const auto& [answer, code] : {std::pair(MTPResponseCode::accessDenied, "accessDenied"),
+                                           std::pair(MTPResponseCode::ok, "refused")}) {
+            phone().fault([&, answer = answer](VirtualFaults& faults) {
+                faults.rewrite = [=](const VirtualAnswer& one) {
+                    Bytes container = one.container;
+                    if (one.operation != static_cast<std::uint16_t>(getObject))
+                        return container;
+                    if (one.type == MTPContainerType::data)
+                        container[2] ^= std::byte{0x10}; // a MiB more than there is
+                    else
+                        container[6] = static_cast<std::byte>(answer); // 0x20XX all
+                    return container;
+                };
+            });
+            const auto start = std::chrono::steady_clock::now();
+            EXPECT_EQ(codeOf([&] { read(file); }), code) << size;
+            EXPECT_LT(std::chrono::steady_clock::now() - start, soon);
+            phone().fault([](VirtualFaults& faults) { faults.rewrite = {}; });
+            EXPECT_EQ(read(file), manyBytes(size));
+        }
+    }
 }
 
 TEST_F(MTPReadTest, refusalsAreToldByWhatTheyMean) {

@@ -1,6 +1,7 @@
 #include "mtp/client/MTPContainerReader.h"
 
 #include "base/threads/CancellationError.h"
+#include "mtp/protocol/MTPCodes.h"
 #include "mtp/protocol/MTPPacketCodec.h"
 
 #include <algorithm>
@@ -246,8 +247,13 @@ void MTPContainerReader::receivePayload(std::uint64_t size, const MTPDataSink& s
     if (!incomingStream_.empty() && size > 0)
         deliver(
             take(static_cast<std::size_t>(std::min<std::uint64_t>(size, incomingStream_.size()))));
-    while (received < size && readsInFlight() > 0)
-        deliver(takeFromReads(size - received));
+    while (received < size && readsInFlight() > 0) {
+        const bool mayHaveEnded = !lastReadWasFull_;
+        const Bytes bytes = takeFromReads(size - received);
+        if (mayHaveEnded && !bytes.empty() && endsEarly(bytes, size - received))
+            return;
+        deliver(bytes);
+    }
     if (received == size)
         return;
 
@@ -268,6 +274,7 @@ void MTPContainerReader::receivePayload(std::uint64_t size, const MTPDataSink& s
     std::uint64_t requested = 0;      // their sum
     while (received < size) {
         throwIfStopped(options.stop);
+        const bool mayHaveEnded = !lastReadWasFull_;
         while (inFlight.size() < depth && received + requested < size) {
             const std::size_t length = readLength(size - received - requested);
             const USBCode code = stream->submit(length);
@@ -283,14 +290,30 @@ void MTPContainerReader::receivePayload(std::uint64_t size, const MTPDataSink& s
         lastReadWasFull_ = arrived.size() == inFlight.front();
         requested -= inFlight.front();
         inFlight.pop_front();
+        if (mayHaveEnded && endsEarly(arrived, size - received))
+            return;
         if (arrived.empty())
-            throw MTPTransportError(MTPTransportError::Case::timeout);
+            continue; // after whole packets only
         const auto wanted =
             static_cast<std::size_t>(std::min<std::uint64_t>(arrived.size(), size - received));
         const ByteView beyond = arrived.subspan(wanted);
         incomingStream_.insert(incomingStream_.end(), beyond.begin(), beyond.end());
         deliver(arrived.first(wanted));
     }
+}
+
+/// Whether a device that fails in the middle of its data has ended them with a short packet: then
+/// this is its answer, which is left to be received. `rest` is what was still to come.
+bool MTPContainerReader::endsEarly(ByteView arrived, std::uint64_t rest) {
+    const auto header = MTPPacketCodec::decodeHeader(arrived);
+    const bool isAnswer =
+        header && isResponse(*header) && header->length == arrived.size() && arrived.size() < rest;
+    const bool isOk = isAnswer && header->code == static_cast<std::uint16_t>(MTPResponseCode::ok);
+    if (arrived.empty() || isOk)
+        throw MTPTransportError(MTPTransportError::Case::timeout);
+    if (isAnswer)
+        incomingStream_.assign(arrived.begin(), arrived.end());
+    return isAnswer;
 }
 
 /// `before` is what has arrived of the payload already.

@@ -59,6 +59,7 @@ private:
     [[nodiscard]] bool goesOn();
     void receivePayload(std::uint64_t size, const MTPDataSink& sink,
                         const MTPStreamOptions& options);
+    [[nodiscard]] bool endsEarly(ByteView arrived, std::uint64_t rest);
     void receiveUntilShortPacket(std::uint64_t before, const MTPDataSink& sink,
                                  const MTPStreamOptions& options);
     [[nodiscard]] bool isAbandoned(const MTPContainerHeader& header);
