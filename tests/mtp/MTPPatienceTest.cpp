@@ -120,5 +120,26 @@ TEST_F(MTPSilenceTest, phoneThatDoesNotAnswerIsGivenUpAndFoundAgain) {
     EXPECT_EQ(listAll(files, u"/D"_s, {}).items.size(), 1U);
 }
 
+TEST_F(MTPSilenceTest, stopIsHeardWhileAMutePhoneIsBroughtToRest) {
+    phone().fault([](VirtualFaults& faults) { faults.sendObjectPause = 60s; });
+    std::stop_source stop;
+    std::jthread hand;
+    const auto source = [&](std::span<std::byte> buffer) {
+        if (hand.joinable())
+            throw Error(PhoneError::changed, {u"/home/f"_s}); // the phone waits for the rest
+        hand = std::jthread([&] {
+            std::this_thread::sleep_for(500ms);
+            stop.request_stop();
+        });
+        return buffer.size();
+    };
+    const auto start = Clock::now();
+    EXPECT_EQ(codeOf([&] {
+                  files_.write({u"/"_s, u"n"_s, 9'000'000, {}}, source, {}, stop.get_token());
+              }),
+              "changed");
+    EXPECT_LT(Clock::now() - start, soon / 2);
+}
+
 } // namespace
 } // namespace tessary

@@ -363,8 +363,8 @@ bool MTPContainerReader::isAbandoned(const MTPContainerHeader& header) {
     return true;
 }
 
-bool MTPContainerReader::hearsAnything(std::chrono::milliseconds limit) noexcept {
-    const USBCode code = readOnce({limit, limit});
+bool MTPContainerReader::hearsAnything() noexcept {
+    const USBCode code = readOnce(pipes_.timeouts());
     if (code != usb::success && code != usb::noDevice)
         pipes_.connection.interface->clearPipeStallBothEnds(pipes_.connection.inPipe);
     isGone_ = code == usb::noDevice;

@@ -29,8 +29,8 @@ public:
     [[nodiscard]] bool holdsAnything() const {
         return !incomingStream_.empty();
     }
-    /// Whether anything comes within `limit`. It is dropped.
-    [[nodiscard]] bool hearsAnything(std::chrono::milliseconds limit) noexcept;
+    /// Whether anything comes. It is dropped.
+    [[nodiscard]] bool hearsAnything() noexcept;
     /// The last hearsAnything() found that the device is gone.
     [[nodiscard]] bool isGone() const {
         return isGone_;

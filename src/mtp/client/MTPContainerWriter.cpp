@@ -176,6 +176,8 @@ void MTPContainerWriter::endDataPhase() noexcept {
         }
     } catch (const MTPTransportError&) {
         // Whatever is still wrong with the pipe, the next transaction reports.
+    } catch (const CancellationError&) {
+        // It is ended by the next try to bring the device to rest.
     }
 }
 

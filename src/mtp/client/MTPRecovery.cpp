@@ -23,13 +23,27 @@ constexpr auto statusPollInterval = 20ms;
 constexpr auto quietTime = 300ms;
 constexpr std::size_t drainReadSize = 0x40000;
 
+/// Whether there is no more time for it.
+class Bounds {
+public:
+    explicit Bounds(const MTPWaits& waits)
+        : deadline_(Clock::now() + waits.patience), stop_(waits.stop) {}
+    [[nodiscard]] bool areReached() const {
+        return Clock::now() >= deadline_ || stop_.stop_requested();
+    }
+
+private:
+    const Clock::time_point deadline_;
+    const std::stop_token& stop_;
+};
+
 /// Waits while the device says that it is busy, and clears the halts that it tells of.
-void awaitCancelled(const MTPInterfaceConnection& connection, std::chrono::milliseconds limit) {
+void awaitCancelled(const MTPInterfaceConnection& connection, const MTPWaits& waits) {
     USBInterface& interface = *connection.interface;
     USBControlRequest request = deviceStatusRequest;
     request.index = interface.number();
-    const auto deadline = Clock::now() + limit;
-    while (Clock::now() < deadline) {
+    const Bounds bounds(waits);
+    while (!bounds.areReached()) {
         std::array<std::byte, 32> status{};
         std::size_t transferred = 0;
         const USBCode code = interface.controlRequest(request, status, transferred, controlTimeout);
@@ -51,7 +65,7 @@ void awaitCancelled(const MTPInterfaceConnection& connection, std::chrono::milli
 } // namespace
 
 bool cancelMTPTransaction(const MTPInterfaceConnection& connection, std::uint32_t transactionID,
-                          std::chrono::milliseconds limit) {
+                          const MTPWaits& waits) {
     USBInterface& interface = *connection.interface;
     Bytes message;
     appendLittleEndian(message, static_cast<std::uint16_t>(MTPEventCode::cancelTransaction));
@@ -61,19 +75,18 @@ bool cancelMTPTransaction(const MTPInterfaceConnection& connection, std::uint32_
     request.index = interface.number();
     if (interface.controlRequest(request, message, transferred, controlTimeout) != usb::success)
         return false;
-    awaitCancelled(connection, limit);
+    awaitCancelled(connection, waits);
     return true;
 }
 
-MTPPipeState drainMTPPipe(const MTPInterfaceConnection& connection,
-                          std::chrono::milliseconds limit) {
+MTPPipeState drainMTPPipe(const MTPInterfaceConnection& connection, const MTPWaits& waits) {
     USBInterface& interface = *connection.interface;
     const std::size_t packetSize = connection.maxPacketSize;
     Bytes buffer((drainReadSize + packetSize - 1) / packetSize * packetSize);
     MTPPipeState state = MTPPipeState::quiet;
     bool stalledBefore = false;
-    const auto deadline = Clock::now() + limit;
-    while (Clock::now() < deadline) {
+    const Bounds bounds(waits);
+    while (!bounds.areReached()) {
         std::size_t transferred = 0;
         const USBCode code =
             interface.readPipeTO(connection.inPipe, buffer, transferred, {quietTime, quietTime});

@@ -49,8 +49,10 @@ void MTPSession::setPatience(std::chrono::milliseconds patience) {
 
 std::uint32_t MTPSession::sendCommand(MTPOperationCode operation, MTPParameters parameters) {
     // What a failed transaction left in the pipe must not be taken for the answer to this one.
-    if (!isSettled_ && recover() == MTPPipeState::busy)
+    if (!isSettled_ && recover() == MTPPipeState::busy) {
+        throwIfStopped(stop_);
         throw MTPTransportError(MTPTransportError::Case::timeout);
+    }
     const std::uint32_t transactionID = transactionIDCounter_++;
     ++asked_;
     isSettled_ = isBusy_ = false;
@@ -69,9 +71,10 @@ void MTPSession::sendData(MTPOperationCode operation, std::uint32_t transactionI
 
 /// Ends the last transaction, which was broken off, on the device's side.
 MTPPipeState MTPSession::recover() {
-    const MTPPipeState state = transport_->recover(transactionIDCounter_ - 1, phase_);
-    isBusy_ = state == MTPPipeState::busy;
-    isSettled_ = !isBusy_;
+    const MTPPipeState state = transport_->recover(transactionIDCounter_ - 1, phase_,
+                                                   {MTPTransportProtocol::recoveryLimit, stop_});
+    isSettled_ = state != MTPPipeState::busy;
+    isBusy_ = !isSettled_ && !stop_.stop_requested();
     return state;
 }
 
@@ -79,7 +82,7 @@ MTPPipeState MTPSession::recover() {
 /// device that is still at work then, the next transaction waits.
 void MTPSession::recoverSoon() noexcept {
     constexpr std::chrono::milliseconds limit{700};
-    const MTPPipeState state = transport_->recover(transactionIDCounter_ - 1, phase_, limit);
+    const MTPPipeState state = transport_->recover(transactionIDCounter_ - 1, phase_, {limit, {}});
     isBusy_ = state == MTPPipeState::busy;
     isSettled_ = !isBusy_;
 }

@@ -106,13 +106,11 @@ public:
 
     /// Brings the pipes to rest after a transaction that was broken off, so that the next one may
     /// start: ends data on its way to the device by a short packet and reads the answer, asks the
-    /// device to cancel else, and drains what it still sends, for `limit` each. What it sends of
-    /// that transaction later is dropped when it comes. Never throws.
+    /// device to cancel else, and drains what it still sends; `waits` bounds each step. What it
+    /// sends of that transaction later is dropped when it comes. Never throws; when stopped, it
+    /// leaves the device busy.
     virtual MTPPipeState recover(std::uint32_t transactionID, MTPDataPhase phase,
-                                 std::chrono::milliseconds limit) noexcept = 0;
-    MTPPipeState recover(std::uint32_t transactionID, MTPDataPhase phase) noexcept {
-        return recover(transactionID, phase, recoveryLimit);
-    }
+                                 const MTPWaits& waits) noexcept = 0;
 };
 
 } // namespace tessary

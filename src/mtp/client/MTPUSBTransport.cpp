@@ -72,24 +72,24 @@ MTPPacket MTPUSBTransport::receiveContainer(const MTPDataSink& sink,
 }
 
 MTPPipeState MTPUSBTransport::recover(std::uint32_t transactionID, MTPDataPhase phase,
-                                      std::chrono::milliseconds limit) noexcept {
+                                      const MTPWaits& bounds) noexcept {
     const std::scoped_lock lock(mutex_);
     if (!link_)
         return MTPPipeState::quiet;
     auto& [connection, reader, writer, events] = *link_;
-    const MTPWaits waits = std::exchange(waits_, MTPWaits{limit, {}});
+    const MTPWaits waits = std::exchange(waits_, bounds);
     reader.callBackReads();
     // Phones acknowledge a cancel request in the middle of their data phase, and read on.
     const bool hasData = phase == MTPDataPhase::toDevice && writer.hasSentData();
     if (hasData)
         writer.endDataPhase();
-    const bool isHeard = hasData && reader.hearsAnything(limit);
-    const bool isCancelled = !isHeard && cancelMTPTransaction(connection, transactionID, limit);
+    const bool isHeard = hasData && reader.hearsAnything();
+    const bool isCancelled = !isHeard && cancelMTPTransaction(connection, transactionID, bounds);
     // A device that knows no cancelling gets the end of its data, or is read to the end of it.
     if (!isHeard && !isCancelled && !hasData && phase == MTPDataPhase::toDevice)
         writer.endDataPhase();
     const bool isHeld = isHeard || reader.holdsAnything();
-    MTPPipeState state = drainMTPPipe(connection, limit);
+    MTPPipeState state = drainMTPPipe(connection, bounds);
     if (state == MTPPipeState::quiet && isHeld)
         state = MTPPipeState::drained;
     // It has the data, and is still at work with them; unless it halted the pipe at their end.

@@ -38,7 +38,7 @@ public:
     void setEventReceiver(std::function<void(const MTPEvent&)> receiver) override;
     using MTPTransportProtocol::recover;
     MTPPipeState recover(std::uint32_t transactionID, MTPDataPhase phase,
-                         std::chrono::milliseconds limit) noexcept override;
+                         const MTPWaits& bounds) noexcept override;
 
 private:
     /// What there is while the transport is open.

@@ -2,6 +2,7 @@
 
 #include "base/text/PathNames.h"
 #include "base/threads/CancellationError.h"
+#include "base/threads/Deadline.h"
 #include "mtp/objects/MTPFailures.h"
 
 #include <thread>
@@ -148,12 +149,13 @@ void MTPFileWriter::removeLeftover(const QString& name, std::uint32_t announced,
     // Whoever stopped the call does not wait for a phone that is still busy with it.
     if (!tree_.client().settleSoon())
         return;
-    tree_.client().setStop({});
     try {
+        const Deadline deadline(mtpCleanUpLimit);
+        tree_.client().setStop(deadline.token());
         const auto leftover = findNew(name, announced);
         if (leftover && leftover->effectiveSize() <= size)
             tree_.client().deleteObject(leftover->id);
-    } catch (const MTPTransportError&) {
+    } catch (...) {
         // The failure that led here is the one to report.
     }
 }

@@ -34,6 +34,9 @@ private:
     const std::stop_token stop_;
 };
 
+/// How long a phone is asked to take back what a failed or cancelled call has made of it.
+inline constexpr std::chrono::seconds mtpCleanUpLimit{10};
+
 /// Throws PhoneError::nameNotAllowed for what MTP cannot carry as a name, or no storage can hold.
 void requireMTPName(const QString& name);
 /// Throws PhoneError::taken or ::sameName when an entry other than `except` has the name.

@@ -2,6 +2,7 @@
 
 #include "base/text/ByteCount.h"
 #include "base/text/PathNames.h"
+#include "base/threads/Deadline.h"
 #include "mtp/files/MTPFileItems.h"
 #include "mtp/files/MTPFileWriter.h"
 #include "mtp/objects/MTPFailures.h"
@@ -160,11 +161,12 @@ void MTPPieceWriter::breakOff(MTPTree& tree) noexcept {
     if (serial_ != tree.serial() || !tree.client().settleSoon())
         return;
     serial_ = 0;
-    tree.client().setStop({});
     try {
+        const Deadline deadline(mtpCleanUpLimit);
+        tree.client().setStop(deadline.token());
         tree.endEdit(handle_);
         tree.doubt();
-    } catch (const MTPTransportError&) {
+    } catch (...) {
         // The failure that led here is the one to report.
     }
 }
