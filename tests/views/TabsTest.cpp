@@ -102,6 +102,7 @@ TEST_F(TabsTest, eachTabHasAPlaceAndKeysOfItsOwn) {
 }
 
 TEST_F(TabsTest, aFolderOpensBehindAndTakesWhatIsDroppedOnItsTab) {
+    phone_.write(u"DCIM/Tour/two.txt"_s, "2");
     openFolder();
     click(u"Trip"_s);
     press(Qt::Key_Return, Qt::ControlModifier);
@@ -128,6 +129,13 @@ TEST_F(TabsTest, aFolderOpensBehindAndTakesWhatIsDroppedOnItsTab) {
     EXPECT_EQ(bar().currentIndex(), 0);
     (void)hover(1);
     EXPECT_TRUE(wait([this] { return isIn(u"/sdcard/DCIM/Trip"_s); }));
+
+    press(Qt::Key_Up, Qt::AltModifier);
+    ASSERT_TRUE(wait([this] { return isIn(u"/sdcard/DCIM"_s) && isShown(u"Tour"_s); }));
+    click(u"Trip"_s);
+    click(u"Tour"_s, Qt::ControlModifier);
+    press(Qt::Key_Return);
+    EXPECT_EQ(bar().count(), 4) << "each in its own";
 }
 
 TEST_F(TabsTest, theyComeBackAsTheyWereMovedAtTheNextStart) {

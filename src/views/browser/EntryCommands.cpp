@@ -68,6 +68,7 @@ void EntryCommands::open() {
         browser_.enterFolder(selected.front().id());
         return;
     }
+    openInTab(selected);
     fetchSelected([this](const QStringList& localPaths) {
         for (const QString& path : localPaths)
             if (!openLocalFile_(path))
@@ -76,8 +77,11 @@ void EntryCommands::open() {
 }
 
 void EntryCommands::openInTab(const std::vector<FileItem>& items) const {
-    if (openTab_ && items.size() == 1 && items.front().isDirectory)
-        openTab_(browser_.files()->canonicalPath(items.front().path));
+    if (!openTab_ || !browser_.files())
+        return;
+    for (const FileItem& item : items)
+        if (item.isDirectory)
+            openTab_(browser_.files()->canonicalPath(item.path));
 }
 
 void EntryCommands::tellNotOpened(const QString& path) {

@@ -61,13 +61,14 @@ public:
     /// The folder shown, which is gone, is none any more.
     void forgetFavorite();
 
-    /// Enters a folder. A file opens with the program that the desktop has for it, once it is here.
+    /// Enters a folder; several open in tabs. A file opens with the program that the desktop has
+    /// for it, once it is here.
     void open();
     /// What opens a folder in another tab.
     void setOpenTab(std::function<void(const QString& path)> openTab) {
         openTab_ = std::move(openTab);
     }
-    /// One folder; anything else stays as it is.
+    /// Each folder among them in its own; anything else stays as it is.
     void openInTab(const std::vector<FileItem>& items) const;
     void preview();
     /// Puts the selected entries on the clipboard. Other programs get copies, also of what was cut.
