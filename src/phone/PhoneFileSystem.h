@@ -39,6 +39,8 @@ struct FileSystemCapabilities {
     bool appends = false; ///< goes on with a file that broke off
     /// Of files below this many bytes nothing stays when they break off.
     qint64 appendsFrom = 0;
+    /// So many bytes at the end of what broke off may never have been written out.
+    qint64 doubtedEnd = qint64{1} << 20;
     bool readsTogether = false;  ///< many small files in a few steps
     bool writesTogether = false; ///< makes many small files in a few steps
     /// The steps in which listed dates go; a file's own date may be anywhere within one.

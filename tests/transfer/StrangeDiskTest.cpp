@@ -2,11 +2,14 @@
 
 #include "platform/settings/JsonUserDefaults.h"
 #include "support/CodeOf.h"
+#include "support/FileBytes.h"
+#include "support/ManyBytes.h"
 #include "support/QtPrinters.h"
 #include "support/Soon.h"
 #include "transfer/CopySides.h"
 #include "transfer/ImportFixture.h"
 #include "transfer/copy/FileCopy.h"
+#include "transfer/copy/Leftovers.h"
 #include "transfer/copy/Spool.h"
 #include "transfer/mount/PhoneMount.h"
 
@@ -97,6 +100,27 @@ TEST_F(StrangeDiskTest, whatIsThereIsReplacedUnderItsOwnName) {
               CopyOutcome::End::done);
     EXPECT_EQ(disk->names(), QStringList{s("FOTO.jpg")});
     EXPECT_EQ(require(*files, disk->path() + s("/foto.jpg"), {}).size, 5);
+}
+
+/// As on FAT after the power went: the size was written, the last bytes were not.
+TEST_F(StrangeDiskTest, endOfWhatBrokeOffMayBeAnything) {
+    mount({});
+    if (IsSkipped())
+        return;
+    constexpr int mebi = 1 << 20;
+    const QByteArray content = manyBytes(48 * mebi);
+    phone.memory->addFile(s("/side/film.mp4"), content, noon);
+    QFile part(disk->path() + s("/") +
+               resumableName(*phone.memory, phone.memory->item(s("/side/film.mp4"))));
+    ASSERT_TRUE(part.open(QIODevice::WriteOnly));
+    part.write(content.first(10 * mebi) + QByteArray(30 * mebi, '\0'));
+    part.close();
+    TreeCopyRequest request = requestFor(phone, here, ClashAnswer::keepBoth);
+    request.to = files;
+    request.folder = disk->path();
+    EXPECT_EQ(run(std::move(request)).end(), CopyOutcome::End::done);
+    EXPECT_EQ(disk->names(), QStringList{s("film.mp4")});
+    EXPECT_TRUE(readBytes(*files, require(*files, disk->path() + s("/film.mp4"), {})) == content);
 }
 
 TEST_F(StrangeDiskTest, aNameMayChangeOnlyInCase) {

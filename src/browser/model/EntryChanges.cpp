@@ -198,7 +198,8 @@ void EntryChanges::rename(const FileItem& item, const QString& newName) {
                 return;
             const QString& path = report.donePaths.front();
             record({UndoStep::Kind::rename, identity, {{path, newPath}}});
-            if (folder == browser_.currentPath())
+            if (folder == browser_.currentPath() && browser_.files() &&
+                browser_.files()->identity() == identity)
                 browser_.awaitEntry(newName);
             Q_EMIT renamed(path, newPath);
         },

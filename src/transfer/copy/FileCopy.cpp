@@ -232,10 +232,8 @@ std::optional<Resumption> resumptionOf(const FileCopy& copy, const FileSystemCap
     found.begun = copy.to.find(joinPath(copy.folder, found.partName), call);
     if (!found.begun)
         return found;
-    // The last piece may not have been written out whole when the power went.
-    constexpr qint64 lastPiece = 1024 * 1024;
     constexpr qint64 step = 64 * 1024; // what some write in
-    const qint64 kept = std::min(found.begun->size, copy.file.size) - lastPiece;
+    const qint64 kept = std::min(found.begun->size, copy.file.size) - can.doubtedEnd;
     found.keptBytes = std::max<qint64>(kept - kept % step, 0);
     return found;
 }

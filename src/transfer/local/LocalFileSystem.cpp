@@ -73,6 +73,10 @@ int renameToFreeName(int fromFolder, const QByteArray& from, int toFolder, const
     return ::renameat(fromFolder, from.constData(), toFolder, to.constData());
 }
 
+/// On a disk that may know a file's size before it has the bytes, what is to stay of one that
+/// breaks off is written out after so many.
+constexpr qint64 flushedAtOnce = qint64{16} << 20;
+
 } // namespace
 
 LocalFileSystem::LocalFileSystem(const QString& folder, LocalLinks links)
@@ -124,6 +128,8 @@ FileSystemCapabilities LocalFileSystem::capabilities(const Call& call) {
     const DiskTraits disk = traits(base_.open(base_.path()), call);
     can.dateStep = disk.dateStep;
     can.largestFile = disk.largestFile;
+    if (!disk.writesSizeLast)
+        can.doubtedEnd = 2 * flushedAtOnce;
     return can;
 }
 
@@ -291,7 +297,18 @@ FileItem LocalFileSystem::fill(const FileHandle& opened, qint64 done, const NewF
                                const ByteSource& content, const ByteProgress& progress,
                                const Call& call) {
     const QString path = joinPath(file.folder, file.name);
-    writeContent(opened, path, done, content, progress, call.stop);
+    ByteProgress told = progress;
+    if (file.staysWhenBroken && !writesSizeLast(opened.get()))
+        told = [&, flushed = done](qint64 written) mutable {
+            if (written - flushed >= flushedAtOnce) {
+                if (::fdatasync(opened.get()) != 0 && errno != EINVAL)
+                    throw localFailure(LocalError::cannotWrite, path, errno);
+                flushed = written;
+            }
+            if (progress)
+                progress(written);
+        };
+    writeContent(opened, path, done, content, told, call.stop);
     // A date that the file system cannot hold is no reason to lose the copy.
     if (file.modified)
         (void)::futimens(opened.get(), timesFor(*file.modified).data());

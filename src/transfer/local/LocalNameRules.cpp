@@ -25,19 +25,21 @@ constexpr NameRules fatNames{
     .ignoresCase = true, .forbidsFATCharacters = true, .longestUTF16 = 255, .longestUTF8 = 0};
 constexpr qint64 largestOnFAT = 0xFFFFFFFF;
 
+constexpr DiskTraits own{.names = distinctNames, .writesSizeLast = true};
+
 struct KnownDisk {
     quint64 type; ///< as statfs() gives it
     DiskTraits traits;
 };
 
 const std::array knownDisks{
-    KnownDisk{0xEF53, {distinctNames}},                           // ext2 to ext4
-    KnownDisk{0x58465342, {distinctNames}},                       // XFS
-    KnownDisk{0x9123683E, {distinctNames}},                       // Btrfs
-    KnownDisk{0xF2F52010, {distinctNames}},                       // F2FS
-    KnownDisk{0x01021994, {distinctNames}},                       // tmpfs
-    KnownDisk{0x794C7630, {distinctNames}},                       // overlayfs
-    KnownDisk{0x2FC12FC1, {distinctNames}},                       // ZFS
+    KnownDisk{0xEF53, own},                                       // ext2 to ext4
+    KnownDisk{0x58465342, own},                                   // XFS
+    KnownDisk{0x9123683E, own},                                   // Btrfs
+    KnownDisk{0xF2F52010, own},                                   // F2FS
+    KnownDisk{0x01021994, own},                                   // tmpfs
+    KnownDisk{0x794C7630, own},                                   // overlayfs
+    KnownDisk{0x2FC12FC1, own},                                   // ZFS
     KnownDisk{0x4D44, {fatNames, largestOnFAT, 2s}},              // FAT
     KnownDisk{0x2011BAB0, {.names = fatNames, .dateStep = 10ms}}, // exFAT
 };
@@ -107,9 +109,24 @@ std::optional<DiskTraits> diskTraitsOf(quint64 type) {
     return found == knownDisks.end() ? std::nullopt : std::optional(found->traits);
 }
 
-bool isOnOwnDisk(int file) {
+namespace {
+
+std::optional<DiskTraits> knownTraits(int file) {
     struct statfs facts {};
-    return ::fstatfs(file, &facts) == 0 && diskTraitsOf(static_cast<quint32>(facts.f_type));
+    if (::fstatfs(file, &facts) != 0)
+        return std::nullopt;
+    return diskTraitsOf(static_cast<quint32>(facts.f_type));
+}
+
+} // namespace
+
+bool isOnOwnDisk(int file) {
+    return knownTraits(file).has_value();
+}
+
+bool writesSizeLast(int file) {
+    const auto known = knownTraits(file);
+    return known && known->writesSizeLast;
 }
 
 DiskTraits traitsOfDisk(int folder, const QString& partOwner) {

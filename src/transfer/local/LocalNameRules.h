@@ -14,6 +14,8 @@ struct DiskTraits {
     NameRules names;
     qint64 largestFile = 0; ///< bytes; 0: no limit that matters
     std::chrono::milliseconds dateStep{1};
+    /// A file's size reaches the disk no sooner than its bytes, whenever the power goes.
+    bool writesSizeLast = false;
 
     bool operator==(const DiskTraits&) const = default;
 };
@@ -24,6 +26,9 @@ struct DiskTraits {
 /// Whether an open file lies on a disk of this computer. Others (of networks, of programs) may keep
 /// whoever reads from them waiting without end.
 [[nodiscard]] bool isOnOwnDisk(int file);
+
+/// What DiskTraits has of the disk of an open file; false where that is not known.
+[[nodiscard]] bool writesSizeLast(int file);
 
 /// What the file system of an open folder does with names: known by its type, else tried out in
 /// that folder with files of `partOwner` (see PartName) that are gone again afterwards. Names are
