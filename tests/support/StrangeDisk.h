@@ -28,6 +28,7 @@ public:
         NameRules rules{};
         qint64 capacity = 0;  ///< bytes; 0: no limit
         qint64 saysFree = -1; ///< instead of the truth
+        int flushError = 0;   ///< what closing a file ends with
         QString at{};         ///< the folder that it is mounted on; empty: one of its own
         /// Called after each change, on the disk's thread, before whoever made it is answered.
         std::function<void()> changed{};
@@ -204,7 +205,8 @@ private:
             return changed(path != nullptr ? ::truncate(instance()->at(path), size)
                                            : ::ftruncate(static_cast<int>(info->fh), size));
         };
-        calls.flush = orFails<[](const char*, fuse_file_info*) { return 0; }>;
+        calls.flush =
+            orFails<[](const char*, fuse_file_info*) { return -instance()->options_.flushError; }>;
         calls.fsync = orFails<[](const char*, int, fuse_file_info*) { return 0; }>;
         calls.release = [](const char*, fuse_file_info* info) {
             return answer(::close(static_cast<int>(info->fh)));

@@ -248,6 +248,10 @@ TEST(TreeCopyAgain, aMoveTakesNothingThatMayNotBeOnTheDisk) {
     EXPECT_EQ(run(request).end(), CopyOutcome::End::done);
     EXPECT_EQ(target.contents(), tree);
     EXPECT_THAT(source.contents(), testing::IsEmpty());
+    // As after a kill: nobody has noted what is gone already.
+    request.items = {first.items.front()};
+    EXPECT_EQ(run(request).end(), CopyOutcome::End::done);
+    EXPECT_EQ(target.contents(), tree);
 }
 
 TEST(TreeCopyErrors, whatAPhoneKeptOnlyPartOfReplacesNothing) {

@@ -102,9 +102,19 @@ TEST_F(StrangeDiskTest, whatIsThereIsReplacedUnderItsOwnName) {
     EXPECT_EQ(require(*files, disk->path() + s("/foto.jpg"), {}).size, 5);
 }
 
+TEST_F(StrangeDiskTest, whatAServerRefusesAtTheEndIsNotThere) {
+    mount({.flushError = ENOSPC});
+    if (IsSkipped())
+        return;
+    const CopyOutcome outcome = download({{s("a"), "a"}});
+    ASSERT_TRUE(outcome.failure);
+    EXPECT_TRUE(outcome.failure->is(LocalError::full));
+    EXPECT_THAT(disk->names(), IsEmpty());
+}
+
 /// As on FAT after the power went: the size was written, the last bytes were not.
 TEST_F(StrangeDiskTest, endOfWhatBrokeOffMayBeAnything) {
-    mount({});
+    mount({.saysFree = 20 << 20}); // enough for the rest
     if (IsSkipped())
         return;
     constexpr int mebi = 1 << 20;

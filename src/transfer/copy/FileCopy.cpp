@@ -205,8 +205,11 @@ FileItem writePart(PhoneFileSystem& to, const FilePut& put, const QString& name,
             return to.append(*put.begun, put.keptBytes, whole, content, progress, call);
         return to.write(whole, content, progress, call);
     } catch (const Error& error) {
-        // What the source says of itself makes its part worthless; a lost link does not.
-        if (put.staysWhenBroken && !endsEverything(error) && !isTaken(error))
+        // What the source says of itself makes its part worthless; a lost link does not. Another
+        // program that goes on with it changes it.
+        const bool isOthers = put.begun && saysChanged(error) &&
+                              error.arguments().value(0).toString() == put.begun->path;
+        if (put.staysWhenBroken && !isOthers && !endsEverything(error) && !isTaken(error))
             removeBroken();
         throw;
     }

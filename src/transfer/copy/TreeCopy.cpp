@@ -197,7 +197,7 @@ void TreeCopy::copyTogether(Together& together, const Folder& target) {
         const ScannedItem& scanned = *gathered.scanned[n];
         attempt(scanned, target, [&] {
             throwIfStopped(call_.stop);
-            requireRoom(target.names.path(), scanned.item.item.size);
+            requireRoom(target.names.path(), scanned.item.item);
             (void)transfer(scanned.item, target.names.path(), files[n].name, {});
             note(n);
         });
@@ -270,7 +270,7 @@ void TreeCopy::copyFileTo(const ScannedItem& scanned, Folder& target, Together& 
         together.scanned.push_back(&scanned);
         return;
     }
-    requireRoom(target.names.path(), item.item.size);
+    requireRoom(target.names.path(), item.item);
     const FileItem copied =
         transfer(item, target.names.path(), name,
                  replace != nullptr ? std::optional(replace->existing) : std::nullopt);
@@ -340,6 +340,12 @@ void TreeCopy::noteCopied(const CopyItem& item, const FileItem& made, const QByt
 /// Something like it is there: an earlier run brought it, and did not get to its source.
 void TreeCopy::finishMove(const ScannedItem& scanned, const Folder& target,
                           const FileItem& brought) {
+    if (!request_.from->find(scanned.item.item.path, call_)) { // that run did get to it
+        noteMade(scanned, brought.path, brought.name);
+        if (scanned.asked)
+            moved_.insert(*scanned.asked);
+        return;
+    }
     if (!haveSameContent(*request_.from, scanned.item.item, *request_.to, brought, call_))
         throw request_.to->queue() ? Error(PhoneError::taken, {brought.name})
                                    : Error(LocalError::taken, {brought.path});
@@ -407,12 +413,17 @@ std::optional<std::uint64_t> TreeCopy::freeBytes(const QString& folder) {
     }
 }
 
-void TreeCopy::requireRoom(const QString& folder, qint64 bytes) {
-    const auto isTooMuch = [this, bytes] {
+void TreeCopy::requireRoom(const QString& folder, const FileItem& file) {
+    qint64 bytes = file.size;
+    const auto isTooMuch = [this, &bytes] {
         return room_ && bytes > 0 && static_cast<std::uint64_t>(bytes) > *room_;
     };
     if (isTooMuch())
         room_ = freeBytes(folder); // our count may be worse than the truth
+    if (isTooMuch() && bytes >= resumableFrom)
+        if (const auto begun =
+                request_.to->find(joinPath(folder, resumableName(*request_.from, file)), call_))
+            bytes -= begun->size;
     if (isTooMuch())
         throw request_.to->queue() ? Error(PhoneError::full, {folder})
                                    : Error(LocalError::full, {folder});

@@ -85,7 +85,7 @@ private:
     [[nodiscard]] Folder openTarget(const QString& path, const QString& below,
                                     const QStringList& awaited);
     [[nodiscard]] TargetFolder::Decision place(const CopyItem& item, TargetFolder& target);
-    void requireRoom(const QString& folder, qint64 bytes);
+    void requireRoom(const QString& folder, const FileItem& file);
     [[nodiscard]] std::optional<std::uint64_t> freeBytes(const QString& folder);
     void forgetFiles(const ScannedItem& scanned);
     void noteMade(const ScannedItem& scanned, const QString& path, const QString& name);

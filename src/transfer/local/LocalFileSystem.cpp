@@ -13,6 +13,7 @@
 #include <QSysInfo>
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
 #include <unistd.h>
@@ -71,6 +72,19 @@ int renameToFreeName(int fromFolder, const QByteArray& from, int toFolder, const
         return -1;
     }
     return ::renameat(fromFolder, from.constData(), toFolder, to.constData());
+}
+
+/// Throws when the disk has not taken what was written: a server's says so at a close only.
+void requireTaken(const FileHandle& file, const QString& path) {
+    const int again = ::fcntl(file.get(), F_DUPFD_CLOEXEC, 0);
+    if (again >= 0 && ::close(again) != 0 && errno != EINTR)
+        throw localFailure(LocalError::cannotWrite, path, errno);
+}
+
+/// Of several programs that write one part, the first goes on with it.
+void requireOnlyWriter(const FileHandle& file, const QString& path) {
+    if (::flock(file.get(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK)
+        throw Error(LocalError::changed, {path});
 }
 
 /// On a disk that may know a file's size before it has the bytes, what is to stay of one that
@@ -264,6 +278,8 @@ FileItem LocalFileSystem::write(const NewFile& file, const ByteSource& content,
                                      permissions));
     if (!opened.isOpen()) // EINVAL: a character that this file system does not take
         throw localFailure(LocalError::cannotWrite, path, errno == EINVAL ? EILSEQ : errno);
+    if (file.staysWhenBroken)
+        requireOnlyWriter(opened, path);
     const Unfinished unfinished =
         file.staysWhenBroken ? Unfinished() : Unfinished(folder.get(), name);
     try {
@@ -284,6 +300,7 @@ FileItem LocalFileSystem::append(const FileItem& begun, qint64 keptBytes, const 
     struct stat facts {};
     if (!opened.isOpen() || ::fstat(opened.get(), &facts) != 0)
         throw localFailure(LocalError::cannotWrite, begun.path, errno);
+    requireOnlyWriter(opened, begun.path);
     if (!S_ISREG(facts.st_mode) || facts.st_size != begun.size || keptBytes > begun.size)
         throw Error(LocalError::changed, {begun.path});
     if (::ftruncate(opened.get(), keptBytes) != 0 ||
@@ -309,6 +326,7 @@ FileItem LocalFileSystem::fill(const FileHandle& opened, qint64 done, const NewF
                 progress(written);
         };
     writeContent(opened, path, done, content, told, call.stop);
+    requireTaken(opened, path);
     // A date that the file system cannot hold is no reason to lose the copy.
     if (file.modified)
         (void)::futimens(opened.get(), timesFor(*file.modified).data());

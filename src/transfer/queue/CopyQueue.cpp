@@ -226,7 +226,7 @@ void CopyQueue::takeOutcome(const QUuid& id, const std::shared_ptr<Work>& work,
     job->leftOut = std::move(outcome.leftOut);
     job->error = outcome.failure;
     // What goes on later knows what is there already.
-    if (end == CopyOutcome::End::incomplete) {
+    if (end == CopyOutcome::End::incomplete && !work->request.removesSource) {
         goOnWithLeftOut(work->request, job->leftOut);
     } else {
         work->request.items = std::move(outcome.items);
