@@ -163,9 +163,11 @@ TEST_F(CliIPhoneTest, anAppsFilesAreCopiedBothWaysAndEdited) {
     EXPECT_EQ(iphone_.read(u"a.txt"_s), QByteArray("content")) << "not even half of it is done";
     EXPECT_EQ(inApp(u"mv"_s, {u"/a.txt"_s, u"/folder/c.txt"_s}).status, 0);
     EXPECT_EQ(iphone_.read(u"folder/c.txt"_s), QByteArray("content"));
-    EXPECT_EQ(inApp(u"rm"_s, {u"/new"_s, u"/folder/b.txt"_s}).status, 0);
+    EXPECT_EQ(inApp(u"mv"_s, {u"/folder/b.txt"_s, u"/new/tree/d.txt"_s}).status, 0);
+    EXPECT_EQ(iphone_.read(u"new/tree/d.txt"_s), QByteArray("second")) << "b.txt is there, too";
+    EXPECT_EQ(inApp(u"rm"_s, {u"/new"_s, u"/folder/c.txt"_s}).status, 0);
     EXPECT_FALSE(iphone_.has(u"new"_s));
-    EXPECT_FALSE(iphone_.has(u"folder/b.txt"_s));
+    EXPECT_FALSE(iphone_.has(u"folder/c.txt"_s));
 }
 
 TEST_F(CliIPhoneTest, refusalsAreOneClearLine) {
@@ -175,6 +177,9 @@ TEST_F(CliIPhoneTest, refusalsAreOneClearLine) {
         {{u"ls"_s, u"iphone"_s, u"--app"_s, u"com.none"_s}, "tessary-cli: "},
         {{u"get"_s, u"iphone"_s, u"/none"_s, here_.path(), u"--app"_s, PluggedIPhone::bundleId},
          "There is no “none” on the phone."},
+        {{u"get"_s, u"iphone"_s, u"/a.txt"_s, here_.path(u"none/"_s), u"--app"_s,
+          PluggedIPhone::bundleId},
+         "/none/\". Make it first."},
         {{u"rm"_s, u"iphone"_s, u"/"_s, u"--app"_s, PluggedIPhone::bundleId},
          "A whole storage cannot be changed"},
     };

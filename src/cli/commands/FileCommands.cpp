@@ -67,15 +67,18 @@ void listFolder(CliSession& session) {
 
 void getFiles(CliSession& session) {
     const FileItem item = require(session.files(), session.request().paths.front(), session.stop());
-    const bool intoFolder = QFileInfo(session.request().localPath).isDir();
+    const QString& target = session.request().localPath;
+    const bool intoFolder = QFileInfo(target).isDir();
+    const QString missing = target.endsWith(QLatin1Char('/')) ? target : parentPath(target);
+    if (!intoFolder && !QFileInfo(missing).isDir())
+        throw CliFailure(QStringLiteral("There is no folder \"%1\". Make it first.").arg(missing));
     if (intoFolder && !isSafeName(item.name))
         throw CliFailure(
             QStringLiteral("The name \"%1\" cannot be used on this computer. Give a name for the "
                            "copy.")
                 .arg(item.name));
-    const QString folder =
-        intoFolder ? session.request().localPath : parentPath(session.request().localPath);
-    const QString name = intoFolder ? item.name : lastComponent(session.request().localPath);
+    const QString folder = intoFolder ? target : parentPath(target);
+    const QString name = intoFolder ? item.name : lastComponent(target);
     copy(
         session,
         {session.sharedFiles(), std::make_shared<LocalFileSystem>(folder), {{item, name}}, folder});
@@ -124,15 +127,27 @@ void moveFile(CliSession& session) {
         }
         folder = require(session.files(), folder, session.stop()).path;
     }
-    const bool isMoved = folder != oldFolder;
-    if (isMoved)
-        item = session.files().move(item, folder, session.stop());
+    const QString oldName = item.name;
+    const auto rename = [&](const QString& to, const Call& call) {
+        if (to != item.name)
+            item = session.files().rename(item, to, TakenName::refused, call);
+    };
+    const auto move = [&](const QString& to, const Call& call) {
+        if (to != parentPath(item.path))
+            item = session.files().move(item, to, call);
+    };
+    const Call call = session.stop();
+    // Of the two names on its way, one may be taken.
+    const bool isRenamedFirst =
+        folder != oldFolder && session.files().find(joinPath(folder, oldName), call).has_value();
     try {
-        if (name != item.name)
-            item = session.files().rename(item, name, TakenName::refused, session.stop());
+        if (isRenamedFirst)
+            rename(name, call);
+        move(folder, call);
+        rename(name, call);
     } catch (...) {
-        if (isMoved) // all or nothing, also after a stop request
-            (void)session.files().move(item, oldFolder, {});
+        move(oldFolder, {}); // all or nothing, also after a stop request
+        rename(oldName, {});
         throw;
     }
     if (session.request().json)
