@@ -87,6 +87,12 @@ void PhoneMounts::show(const Mounted& mounted) const {
                     : mounted.mount->localPath(mounted.files->canonicalPath(mounted.wanted)));
 }
 
+bool PhoneMounts::isBeingRead() const {
+    return std::ranges::any_of(mounted_, [](const auto& one) {
+        return one.second.mount && one.second.mount->isBeingRead();
+    });
+}
+
 bool PhoneMounts::isOpen(const QString& udid) const {
     return std::ranges::any_of(mounted_, [&](const auto& one) {
         return one.second.mount && one.second.device.udid == udid;

@@ -33,6 +33,8 @@ public:
     void open(const DeviceInfo& device, const std::optional<AppInfo>& app, const QString& path);
     /// Whether something of this phone is open.
     [[nodiscard]] bool isOpen(const QString& udid) const;
+    /// Whether some program is reading a file of what is open.
+    [[nodiscard]] bool isBeingRead() const;
     /// Takes all of a phone out of the file manager.
     void close(const QString& udid);
     /// Takes all away, for good; blocks until no reader is left. For the end of the program.
