@@ -47,7 +47,7 @@ void removeWhole(PhoneFileSystem& files, const FileItem& item, const std::stop_t
     if (dynamic_cast<LocalFileSystem*>(&files) == nullptr)
         files.removeTree(item, stop);
     else if (!moveToTrash(item.path))
-        throw Error(LocalError::cannotWrite, {item.path, QString()});
+        throw Error(LocalError::cannotDelete, {item.path, QString()});
 }
 
 /// PhoneError::notAsCopied unless all that is there now was made by the copy.

@@ -1,13 +1,11 @@
 #include "browser/model/ImportViewModel.h"
 
-#include "base/local/LocalError.h"
 #include "base/log/DiagnosticsLogger.h"
 #include "base/text/ByteCount.h"
 #include "base/threads/Background.h"
 #include "base/threads/CancellationError.h"
 #include "base/threads/EndInBackground.h"
 
-#include <QDir>
 #include <QPointer>
 
 #include <algorithm>
@@ -26,8 +24,7 @@ struct Prepared {
 
 Prepared prepare(const std::vector<Photo>& photos, ImportLedger& ledger, const QString& folder,
                  bool byDate, const Call& call) {
-    if (!QDir().mkpath(folder))
-        throw Error(LocalError::cannotMakeFolder, {folder, QString()});
+    makeFolders(folder);
     auto to = std::make_shared<LocalFileSystem>(folder);
     ImportPlan plan =
         planImport(photos, ledger, *to, folder, {.byDate = byDate, .again = true}, call);

@@ -1,13 +1,11 @@
 #include "cli/commands/ImportCommand.h"
 
 #include "app/texts/ErrorText.h"
-#include "base/local/LocalError.h"
 #include "base/threads/CancellationError.h"
 #include "cli/commands/CopyRun.h"
 #include "cli/commands/ImportSummary.h"
 #include "transfer/local/LocalFileSystem.h"
-
-#include <QDir>
+#include "transfer/local/LocalFolder.h"
 
 namespace tessary {
 
@@ -39,8 +37,8 @@ void importPhotos(CliSession& session) {
     const CliRequest& request = session.request();
     FoundPhotos found =
         findPhotos(session.files(), session.device(), session.ledgers(), {}, session.stop());
-    if (!request.isDryRun && !QDir().mkpath(request.localPath))
-        throw Error(LocalError::cannotMakeFolder, {request.localPath, QString()});
+    if (!request.isDryRun)
+        makeFolders(request.localPath);
     const auto to = std::make_shared<LocalFileSystem>(request.localPath);
     ImportPlan plan = planImport(found.newOnes(), *found.ledger, *to, request.localPath,
                                  {.byDate = request.byDate}, session.stop());

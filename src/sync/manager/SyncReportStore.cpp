@@ -1,9 +1,9 @@
 #include "sync/manager/SyncReportStore.h"
 
-#include "base/local/LocalError.h"
 #include "base/local/WholeFile.h"
 #include "base/log/DiagnosticsLogger.h"
 #include "sync/plan/SyncReportJson.h"
+#include "transfer/local/LocalFolder.h"
 
 #include <QDir>
 #include <QFile>
@@ -43,8 +43,7 @@ void SyncReportStore::add(const QUuid& pair, const SyncReport& report, const QDa
     const QString folder = folderOf(pair);
     const QByteArray json = QJsonDocument(encodeReport(report)).toJson(QJsonDocument::Compact);
     try {
-        if (!QDir().mkpath(folder))
-            throw Error(LocalError::cannotMakeFolder, {folder, QString()});
+        makeFolders(folder);
         writeWholeFile(folder + QLatin1Char('/') + fileName(report.endedAt), json);
     } catch (const std::exception& error) {
         DiagnosticsLogger::shared().ui.error("sync report not stored: %s",

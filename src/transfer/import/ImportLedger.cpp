@@ -2,6 +2,7 @@
 
 #include "base/local/LocalError.h"
 #include "base/text/PathNames.h"
+#include "transfer/local/LocalFolder.h"
 
 #include <QCryptographicHash>
 #include <QDir>
@@ -127,8 +128,7 @@ void ImportLedger::add(const std::vector<ImportRecord>& records) {
     if (records.empty())
         return;
     const QString folder = QFileInfo(file_).path();
-    if (!QDir().mkpath(folder))
-        throw Error(LocalError::cannotMakeFolder, {folder, QString()});
+    makeFolders(folder);
     QByteArray lines;
     for (const ImportRecord& record : records)
         lines += lineOf(record);

@@ -4,6 +4,7 @@
 #include "phone/PhoneError.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QStringConverter>
 
 #include <fcntl.h>
@@ -58,6 +59,15 @@ Error localFailure(LocalError otherwise, const QString& path, int reason) {
     default:
         return {otherwise, {path, qt_error_string(reason)}};
     }
+}
+
+void makeFolders(const QString& path) {
+    if (QDir().mkpath(path))
+        return;
+    const int reason = errno;
+    if (QFileInfo::exists(path))
+        throw Error(LocalError::notAFolder, {path});
+    throw localFailure(LocalError::cannotMakeFolder, path, reason);
 }
 
 QByteArray localName(const QString& name) {

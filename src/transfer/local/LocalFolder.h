@@ -14,6 +14,10 @@ namespace tessary {
 /// with the system's own text where there is no better one.
 [[nodiscard]] Error localFailure(LocalError otherwise, const QString& path, int reason);
 
+/// Makes a folder of any path and those above it, unless it is there. LocalError::notAFolder,
+/// ::cannotMakeFolder and what else localFailure() says.
+void makeFolders(const QString& path);
+
 /// A name as this computer's file systems take it. LocalError::nameNotUsable for what can be no
 /// single component of a path.
 [[nodiscard]] QByteArray localName(const QString& name);
