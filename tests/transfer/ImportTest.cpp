@@ -142,6 +142,8 @@ TEST(ImportLedger, knowsAFileByPathSizeAndDate) {
                 {u"/DCIM/100/none.jpg"_s, 10, {}, {}, {}}});
     FileItem undated = fileAt("/DCIM/100/a.jpg");
     undated.modifiedDate.reset();
+    FileItem namesake = fileAt("/DCIM/200/none.jpg");
+    namesake.modifiedDate.reset();
     const struct {
         const char* name;
         FileItem file;
@@ -151,6 +153,7 @@ TEST(ImportLedger, knowsAFileByPathSizeAndDate) {
         {"cut to the second by another way", fileAt("/DCIM/100/a.jpg", lunch.addMSecs(900)), true},
         {"in another time zone", fileAt("/DCIM/100/a.jpg", lunch.addSecs(9 * 3600)), true},
         {"listed without a date", undated, true},
+        {"another one without a date", namesake, false},
         {"moved on the phone", fileAt("/DCIM/200/a.jpg"), true},
         {"moved, and hours younger", fileAt("/DCIM/200/a.jpg", lunch.addSecs(9 * 3600)), false},
         {"changed a minute later", fileAt("/DCIM/100/a.jpg", lunch.addSecs(60)), false},
@@ -178,7 +181,7 @@ TEST(Import, whatCannotBeRecordedIsNoSuccess) {
     import.disk->write(u"ledgers"_s, "in the way");
     const CopyOutcome outcome = TreeCopy(request).run({}, {});
     ASSERT_EQ(outcome.end(), CopyOutcome::End::failed);
-    EXPECT_TRUE(outcome.failure->is(LocalError::cannotMakeFolder));
+    EXPECT_TRUE(outcome.failure->is(LocalError::notAFolder));
     EXPECT_EQ(import.here(), QStringList{u"IMG_1.JPG=one"_s});
     // It is recorded by the next try, which has nothing to fetch.
     QFile::remove(import.ledgers());

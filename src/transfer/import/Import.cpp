@@ -1,13 +1,35 @@
 #include "transfer/import/Import.h"
 
+#include "base/threads/CancellationError.h"
 #include "transfer/import/CameraFolders.h"
 #include "transfer/import/ImportRecorder.h"
 
 #include <algorithm>
+#include <chrono>
 #include <iterator>
+#include <thread>
 #include <utility>
 
 namespace tessary {
+
+namespace {
+
+/// A phone says what storages it has while nobody else uses it: asked for some seconds.
+bool askVolumes(PhoneFileSystem& from, DeviceInfo& device, const std::stop_token& stop) {
+    using namespace std::chrono_literals;
+    constexpr int tries = 20;
+    for (int n = 0; n < tries; ++n) {
+        throwIfStopped(stop);
+        if (auto live = from.liveInfo(stop)) {
+            device.volumes = std::move(live->volumes);
+            return true;
+        }
+        std::this_thread::sleep_for(250ms);
+    }
+    return false;
+}
+
+} // namespace
 
 std::vector<Photo> FoundPhotos::newOnes() const {
     std::vector<Photo> left;
@@ -20,12 +42,13 @@ FoundPhotos findPhotos(PhoneFileSystem& from, DeviceInfo device, const QString& 
                        const std::function<void(std::size_t)>& found, const Call& call) {
     FoundPhotos result;
     result.ledger = std::make_shared<ImportLedger>(ledgers, device.udid);
-    if (device.platform == DevicePlatform::android && device.volumes.empty())
-        if (auto live = from.liveInfo(call.stop))
-            device.volumes = std::move(live->volumes);
+    const bool isCardUnknown = device.platform == DevicePlatform::android &&
+                               device.volumes.empty() && !askVolumes(from, device, call.stop);
     CameraFiles all = listCameraFiles(from, cameraFoldersOf(device), found, call);
     result.photos = photosOf(all.files);
     result.unreadable = std::move(all.unreadable);
+    if (isCardUnknown)
+        result.unreadable.push_back({QStringLiteral("/storage"), Error(PhoneError::busy)});
     return result;
 }
 

@@ -117,9 +117,11 @@ std::optional<ImportRecord> ImportLedger::find(const FileItem& file) const {
     // The newest knows best where the copy is.
     const auto found =
         std::find_if(named->crbegin(), named->crend(), [&](const ImportRecord& record) {
-            return record.size == file.size &&
-                   (isSameDate(record, file) ||
-                    (record.path == file.path && isSameDateElsewhere(record, file)));
+            if (record.size != file.size)
+                return false;
+            return record.path == file.path
+                       ? isSameDate(record, file) || isSameDateElsewhere(record, file)
+                       : file.modifiedDate && isSameDate(record, file);
         });
     return found == named->crend() ? std::nullopt : std::optional(*found);
 }

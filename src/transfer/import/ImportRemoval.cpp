@@ -13,20 +13,21 @@ namespace tessary {
 
 namespace {
 
-/// Throws unless the content that was fetched still lies in the copy's folder.
-void requireCopy(const ImportRecord& record, const Call& call) {
+/// The content that was fetched, where it still lies in the copy's folder.
+FileItem requireCopy(LocalFileSystem& here, const ImportRecord& record, const Call& call) {
     if (record.sha256.isEmpty() || record.copy.isEmpty())
         throw Error(LocalError::notFound, {record.copy});
-    LocalFileSystem here(parentPath(record.copy));
     const auto holdsIt = [&](const FileItem& item) {
         return !item.isDirectory && item.size == record.size &&
                here.hash(item, call) == record.sha256;
     };
     if (const auto named = here.find(record.copy, call); named && holdsIt(*named))
-        return;
+        return *named;
     const std::vector<FileItem> all = listAll(here, here.folder(), call).items;
-    if (std::none_of(all.begin(), all.end(), holdsIt))
+    const auto found = std::find_if(all.begin(), all.end(), holdsIt);
+    if (found == all.end())
         throw Error(LocalError::notFound, {record.copy});
+    return *found;
 }
 
 /// The files of a photo as they are on the phone now, all of them whole here, too.
@@ -39,7 +40,12 @@ std::vector<FileItem> removableFiles(PhoneFileSystem& from, const Photo& photo,
             const auto record = ledger.find(seen);
             if (!record)
                 throw Error(LocalError::notFound, {seen.name});
-            requireCopy(*record, call);
+            LocalFileSystem here(parentPath(record->copy));
+            const FileItem copy = requireCopy(here, *record, call);
+            // Without dates another photo may have come under the name of the fetched one.
+            const bool isDated = record->modified && seen.modifiedDate;
+            if (!isDated && !haveSameContent(from, seen, here, copy, call))
+                throw Error(PhoneError::differs, {seen.path});
             const auto now = from.find(seen.path, call);
             if (!now || !isAsSeen(seen, *now))
                 throw changedError(from, seen.path);
