@@ -103,6 +103,9 @@ TEST_F(EntryChangesTest, changesOfAnotherPhoneStayWithIt) {
     browser_.open(files_, std::nullopt, {});
     settle();
     EXPECT_EQ(undoable(), UndoStep::Kind::rename);
+    browser_.changes().remove(browser_.itemsWithIds(ids({"/root/c.txt"})));
+    settle();
+    EXPECT_EQ(undoable(), std::nullopt) << "of nothing before a deletion";
 }
 
 TEST_F(EntryChangesTest, ofACopyThatGoesAgainWhichIsThereAnew) {

@@ -59,6 +59,22 @@ TEST_F(SearchTest, findsBelowTheFolderAndLeadsBackToIt) {
     EXPECT_TRUE(table().isColumnHidden(FileListModel::folderColumn));
 }
 
+TEST_F(SearchTest, aFilterLeadsToItsFirstAndEndsWithItsFolder) {
+    openFolder();
+    press(Qt::Key_F, Qt::ControlModifier);
+    QTest::keyClicks(&field(), u"tri"_s);
+    ASSERT_TRUE(wait([this] { return shown() == QStringList{u"Trip"_s}; }));
+    QTest::keyClick(&field(), Qt::Key_Down);
+    press(Qt::Key_Return);
+    EXPECT_TRUE(wait([this] { return isShown(u"one.txt"_s); })) << "and nothing is filtered there";
+    press(Qt::Key_F, Qt::ControlModifier);
+    QTest::keyClicks(&field(), u"none"_s);
+    QTest::keyClick(&field(), Qt::Key_Return);
+    ASSERT_TRUE(shown().isEmpty());
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(isShown(u"one.txt"_s));
+}
+
 TEST_F(SearchTest, whatIsFoundIsUsedAsInAFolder) {
     search(u"one"_s);
     ASSERT_EQ(shown(), (QStringList{u"beach one.jpg"_s, u"one.txt"_s}));

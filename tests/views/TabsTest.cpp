@@ -85,7 +85,7 @@ TEST_F(TabsTest, eachTabHasAPlaceAndKeysOfItsOwn) {
     EXPECT_TRUE(phone_.names().contains(u"readme.md"_s));
 
     activate();
-    press(Qt::Key_PageDown, Qt::ControlModifier);
+    press(Qt::Key_Tab, Qt::ControlModifier);
     ASSERT_TRUE(wait([this] { return isIn(u"/sdcard"_s); }));
     click(u"readme.md"_s);
     press(Qt::Key_C, Qt::ControlModifier);

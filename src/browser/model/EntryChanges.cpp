@@ -164,6 +164,8 @@ void EntryChanges::remove(std::vector<FileItem> items) {
         return;
     run(files, std::move(items), What::remove, removeWhole,
         [this, identity = files->identity()](const BrowserEditReport& report) {
+            if (!report.donePaths.isEmpty()) // what was done before is not what "undo" means now
+                noteLastingChange(identity);
             tellRemoved(identity, report.donePaths);
         });
 }

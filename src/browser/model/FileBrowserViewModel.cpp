@@ -174,6 +174,8 @@ void FileBrowserViewModel::show(const QString& path, bool isAtPhone) {
         rows_.reset(FileListing::make(*std::move(remembered), QLocale()));
     else if (isOther || rows_.listing().size() > 0)
         rows_.reset(FileListing::make({}, QLocale()));
+    if (isOther)
+        setSearchText({});
     Q_EMIT pathChanged();
     load(isRemembered ? Meanwhile::remembered : Meanwhile::nothing);
 }

@@ -75,7 +75,10 @@ BrowserView::BrowserView(FileBrowserViewModel& browser, CopyDialogs dialogs,
     setAcceptDrops(true);
     connectActions();
     toolbar_->path().setDrops(&drops_);
-    connect(toolbar_, &BrowserToolbar::left, this, [this] { stack_->currentWidget()->setFocus(); });
+    connect(toolbar_, &BrowserToolbar::left, this, [this] {
+        stack_->currentWidget()->setFocus();
+        entries_.selectFirstFound();
+    });
     notice_->setFocusPolicy(Qt::StrongFocus);
     for (QWidget* page : {static_cast<QWidget*>(table_), static_cast<QWidget*>(grid_),
                           static_cast<QWidget*>(notice_)}) {
@@ -422,14 +425,7 @@ bool BrowserView::handleMouseButton(const QMouseEvent& press) {
 bool BrowserView::handleKey(const QKeyEvent& key) {
     switch (key.key()) {
     case Qt::Key_Escape:
-        if (browser_.isEditing())
-            browser_.cancelEdits();
-        else if (browser_.canCancelLoading())
-            browser_.cancelLoading();
-        else if (browser_.selection().ids().isEmpty())
-            browser_.endSearch();
-        else
-            browser_.selection().clear();
+        entries_.endOne();
         return true;
     case Qt::Key_Return:
     case Qt::Key_Enter:

@@ -76,6 +76,27 @@ void EntryCommands::open() {
     });
 }
 
+void EntryCommands::selectFirstFound() {
+    EntrySelection& selection = browser_.selection();
+    if (browser_.searchText().isEmpty() || !selection.ids().isEmpty())
+        return;
+    selection.restart();
+    selection.move(1);
+}
+
+void EntryCommands::endOne() {
+    if (browser_.isEditing())
+        browser_.cancelEdits();
+    else if (browser_.canCancelLoading())
+        browser_.cancelLoading();
+    else if (!browser_.selection().ids().isEmpty())
+        browser_.selection().clear();
+    else if (!browser_.searchText().isEmpty())
+        browser_.setSearchText({});
+    else
+        browser_.endSearch();
+}
+
 void EntryCommands::openInTab(const std::vector<FileItem>& items) const {
     if (!openTab_ || !browser_.files())
         return;

@@ -71,6 +71,10 @@ public:
     /// Each folder among them in its own; anything else stays as it is.
     void openInTab(const std::vector<FileItem>& items) const;
     void preview();
+    /// Where a filter has found something and nothing is selected.
+    void selectFirstFound();
+    /// Ends what is under way, or the selection, or the filter, or the search: the first there is.
+    void endOne();
     /// Puts the selected entries on the clipboard. Other programs get copies, also of what was cut.
     void copy();
     void cut();

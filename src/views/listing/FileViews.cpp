@@ -56,8 +56,8 @@ void setUpListing(QAbstractItemView& view, FileListModel& model, FileItemDelegat
     view.setItemDelegate(delegate);
     view.setSelectionMode(QAbstractItemView::ExtendedSelection);
     view.setSelectionBehavior(QAbstractItemView::SelectRows);
-    view.setEditTriggers(QAbstractItemView::EditKeyPressed);
-    view.setDragDropMode(QAbstractItemView::DragOnly); // drops are the browser view's
+    view.setEditTriggers(QAbstractItemView::NoEditTriggers); // but by the action's key
+    view.setDragDropMode(QAbstractItemView::DragOnly);       // drops are the browser view's
     view.setContextMenuPolicy(Qt::CustomContextMenu);
     view.setFrameShape(QFrame::NoFrame);
     view.setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);

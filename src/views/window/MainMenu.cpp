@@ -58,6 +58,8 @@ void makeMainMenus(QMenuBar& bar, const BrowserActions& actions,
                                Qt::CTRL | Qt::Key_PageDown, &Callbacks::nextTab);
     QAction* previousTab = command("go-previous", QT_TRANSLATE_NOOP("MainMenu", "Previous Tab"),
                                    Qt::CTRL | Qt::Key_PageUp, &Callbacks::previousTab);
+    nextTab->setShortcuts({Qt::CTRL | Qt::Key_PageDown, Qt::CTRL | Qt::Key_Tab});
+    previousTab->setShortcuts({Qt::CTRL | Qt::Key_PageUp, Qt::CTRL | Qt::SHIFT | Qt::Key_Tab});
     QAction* settings = command("configure", QT_TRANSLATE_NOOP("MainMenu", "Settings"),
                                 Qt::CTRL | Qt::Key_Comma, &Callbacks::showSettings);
     settings->setMenuRole(QAction::PreferencesRole);
