@@ -31,6 +31,7 @@ using MemoryTree = std::map<QString, MemoryFile>;
 /// What the device of a MemoryPair can.
 struct MemoryDevice {
     bool setsDates = true;
+    bool renames = true;
     bool renamesOntoTaken = false;
     bool hasHashes = false;
     std::chrono::milliseconds dateStep{1000};
@@ -247,7 +248,8 @@ private:
         MemoryFileSystem::Options options;
         options.rules.ignoresCase = true;
         options.datesItself = !device.setsDates;
-        options.capabilities = {.renamesOntoTaken = device.renamesOntoTaken,
+        options.capabilities = {.renames = device.renames,
+                                .renamesOntoTaken = device.renamesOntoTaken,
                                 .setsDates = device.setsDates,
                                 .hasHashes = device.hasHashes};
         options.capabilities.dateStep = device.dateStep;

@@ -166,6 +166,49 @@ TEST(SyncRunFailuresTest, oneRefusedFileStopsNothingElse) {
     }
 }
 
+TEST(SyncRunFailuresTest, conflictThatNeverEndsKeepsItsLoserOnce) {
+    const MemoryDevice replacing{.renamesOntoTaken = true};
+    const std::tuple<const char*, MemoryDevice, SyncMode, bool, const char*> rows[] = {
+        {"phone that replaces nothing", {.renames = false}, SyncMode::biDirectional, false, ""},
+        {"the same, one way", {.renames = false}, SyncMode::toiPhone, false, ""},
+        {"old one is kept there", replacing, SyncMode::biDirectional, false, "a.txt"},
+        {"old one is kept here", replacing, SyncMode::biDirectional, true, "a.txt"},
+        {"copy is refused", replacing, SyncMode::biDirectional, false, "(conflict"},
+    };
+    for (const auto& [name, device, mode, deviceIsNewer, refused] : rows) {
+        SCOPED_TRACE(name);
+        MemoryPair pair(device);
+        pair.pair.syncMode = mode;
+        pair.put(!deviceIsNewer, u"a.txt"_s, "older");
+        pair.put(deviceIsNewer, u"a.txt"_s, "newer one");
+        const QString& root = deviceIsNewer ? MemoryPair::localRoot : MemoryPair::deviceRoot;
+        pair.beforeCall = [&root, refused](const MemoryFileSystem::Request& request) {
+            if (*refused != '\0' && request.path.startsWith(root) &&
+                request.other.contains(QLatin1StringView(refused)))
+                throw Error(PhoneError::accessDenied, {request.path});
+        };
+        for (int run = 0; run < 3; ++run) {
+            EXPECT_EQ(paths(pair.runTo(Outcome::incomplete).skipped).count(u"a.txt"_s), 1);
+            EXPECT_LE(pair.users(false).size(), 2U);
+            EXPECT_LE(pair.users(true).size(), 2U);
+        }
+        // Another loser is another copy.
+        MemoryFileSystem& loser = pair.side(!deviceIsNewer);
+        const QString path = MemoryPair::path(!deviceIsNewer, u"a.txt"_s);
+        loser.addFile(path, "OLDER", loser.item(path).modifiedDate);
+        (void)pair.run();
+        for (const char* content : {"older", "OLDER", "newer one"})
+            EXPECT_TRUE(pair.isAnywhere(content)) << content;
+        pair.beforeCall = nullptr;
+        if (!device.renames)
+            continue;
+        (void)pair.goodRun();
+        EXPECT_EQ(pair.users(false).size(), 3U);
+        EXPECT_EQ(pair.hereContents(), pair.thereContents());
+        pair.expectQuietRun();
+    }
+}
+
 TEST(SyncRunFailuresTest, emptySideAndMissingFolderAreAskedAbout) {
     using Kind = SyncQuestion::Kind;
     const std::tuple<const char*, Kind, void (*)(MemoryPair&)> rows[] = {

@@ -5,6 +5,9 @@
 #include <QDateTime>
 #include <QSet>
 #include <QString>
+#include <QStringList>
+
+#include <initializer_list>
 
 namespace tessary {
 
@@ -27,5 +30,9 @@ private:
     const QString mark_;
     QSet<QString> given_;
 };
+
+/// Files of the trees that are named as copies of a path's losers are, whichever run made them.
+[[nodiscard]] QStringList conflictCopiesOf(const QString& path,
+                                           std::initializer_list<const SyncTree*> trees);
 
 } // namespace tessary

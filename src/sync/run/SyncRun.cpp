@@ -276,13 +276,13 @@ void SyncRun::carryOut(const SyncPlan& plan) {
         writeManifests({}, true);
         isStored_ = true;
     }
-    SyncWorker worker(transfer_, setup_.pair, setup_.computer, progress_, report_,
-                      [this](const QStringList& paths) { return forgetMoved(paths); });
+    SyncWorker worker(transfer_, {localTree_, deviceTree_}, setup_.pair, setup_.computer, progress_,
+                      report_, [this](const QStringList& paths) { return forgetMoved(paths); });
     std::size_t reached = 0;
     try {
         while (reached < plan.actions.size())
             reached += worker.carryOutFirst(std::span(plan.actions).subspan(reached));
-        worker.finish(deviceTree_);
+        worker.finish();
     } catch (const Error& error) {
         recordBrokenOff(worker, plan, reached + 1, !endsEverything(error));
         throw;

@@ -3,9 +3,11 @@
 #include "base/text/ByteCount.h"
 #include "base/text/PathNames.h"
 #include "base/threads/CancellationError.h"
+#include "sync/plan/ConflictNames.h"
 #include "sync/plan/SyncError.h"
 #include "sync/run/SyncContents.h"
 #include "transfer/copy/CopyErrors.h"
+#include "transfer/copy/FileCopy.h"
 #include "transfer/copy/SmallFiles.h"
 
 #include <algorithm>
@@ -21,10 +23,11 @@ constexpr std::size_t partToList = 8;
 
 } // namespace
 
-SyncWorker::SyncWorker(SyncTransfer& transfer, const SyncPair& pair, const SyncComputer& computer,
-                       SyncRunProgress& progress, SyncReport& report,
+SyncWorker::SyncWorker(SyncTransfer& transfer, Trees trees, const SyncPair& pair,
+                       const SyncComputer& computer, SyncRunProgress& progress, SyncReport& report,
                        SyncRemovals::ForgetFiles forget)
     : transfer_(transfer),
+      trees_(trees),
       pair_(pair),
       progress_(progress),
       report_(report),
@@ -69,6 +72,11 @@ void SyncWorker::carryOut(const Action& action) {
         if (action.knownToDiffer && action.record != nullptr)
             files_.at(action.relativePath).differingDate = wholeSeconds(
                 pair_.syncMode == SyncMode::toMac ? action.local->date : action.device->date);
+        return;
+    }
+    if ((action.kind == Kind::upload || action.kind == Kind::download) &&
+        files_.contains(action.relativePath)) { // the copy of a conflict, and went with that
+        progress_.endFile(action.bytes());
         return;
     }
     try {
@@ -238,42 +246,86 @@ void SyncWorker::resolveConflict(const Action& action) {
     const SyncFile& winner = deviceWins ? file.device : file.local;
     SyncTransfer::Copy last{!deviceWins, path, winner, path,
                             deviceWins ? action.local : action.device};
+    QString loser;
     if (pair_.syncMode == SyncMode::biDirectional) {
-        keepLoserOnBoth(action, deviceWins);
+        loser = keepLoserOnBoth(action, deviceWins);
     } else {
-        keepLoserAtTarget(action);
+        loser = keepLoserAtTarget(action);
         if (transfer_.side(!deviceWins).files().capabilities(transfer_.call()).renames)
             last.replaced = nullptr; // it has got another name
     }
     progress_.beginFile(deviceWins ? SyncStage::downloading : SyncStage::uploading, path);
     const SyncFile there = syncFileOf(copy(last));
-    addItem(SyncDeed::keepBoth, path, winner.size, action.conflictName);
+    addItem(SyncDeed::keepBoth, path, winner.size, loser);
     if (action.deletesSource)
         removals_.add({!deviceWins, path, winner, action.record != nullptr});
     else
         enter(path, deviceWins ? there : winner, deviceWins ? winner : there, true);
 }
 
-/// In two-way mode both versions end up on both sides, the loser first.
-void SyncWorker::keepLoserOnBoth(const Action& action, bool deviceWins) {
-    const QString& path = action.relativePath;
-    const QString& name = action.conflictName;
-    SyncFile here;
-    if (deviceWins)
-        here = syncFileOf(transfer_.copyBeside(false, path, *action.local, name, byteProgress()));
-    else
-        here = syncFileOf(copy({false, path, *action.device, name, nullptr}));
-    progress_.beginFile(SyncStage::uploading, name);
-    const SyncFile there = syncFileOf(copy({true, name, here, name, nullptr}));
-    enter(name, here, there, true);
+/// A run whose last step failed has kept the loser already: what is its content on each side that
+/// has the name is not copied again. Else a free name.
+SyncWorker::LoserCopy SyncWorker::loserCopy(const Action& action, bool deviceWins) {
+    const bool isTwoWay = pair_.syncMode == SyncMode::biDirectional;
+    SyncSide& side = transfer_.side(!deviceWins);
+    const FileItem loser =
+        side.itemOf(action.relativePath, deviceWins ? *action.local : *action.device);
+    for (const QString& name :
+         conflictCopiesOf(action.relativePath, {&trees_.local, &trees_.device})) {
+        LoserCopy kept{name, {}, {}};
+        bool isSame = true;
+        const SyncSide* lastSide = &side;
+        FileItem last = loser;
+        for (const bool onDevice : {false, true}) {
+            SyncSide& here = transfer_.side(onDevice);
+            auto found = isSame ? here.findFile(name, transfer_.call()) : std::nullopt;
+            if (!found)
+                continue;
+            isSame =
+                found->size == last.size &&
+                haveSameContent(lastSide->files(), last, here.files(), *found, transfer_.call());
+            (onDevice ? kept.device : kept.local) = syncFileOf(*found);
+            lastSide = &here;
+            last = *std::move(found);
+        }
+        const bool isKept = isTwoWay ? kept.local || kept.device
+                                     : (deviceWins ? kept.local : kept.device).has_value();
+        if (isSame && isKept)
+            return kept;
+    }
+    return {action.conflictName, {}, {}};
 }
 
-/// In a one-way mode the target's own version stays there.
-void SyncWorker::keepLoserAtTarget(const Action& action) {
+/// In two-way mode both versions end up on both sides, the loser first. Returns its name.
+QString SyncWorker::keepLoserOnBoth(const Action& action, bool deviceWins) {
+    const QString& path = action.relativePath;
+    auto [name, here, there] = loserCopy(action, deviceWins);
+    if (!here && there)
+        here = syncFileOf(copy({false, name, *there, name, nullptr}));
+    else if (!here && deviceWins)
+        here = syncFileOf(transfer_.copyBeside(false, path, *action.local, name, byteProgress()));
+    else if (!here)
+        here = syncFileOf(copy({false, path, *action.device, name, nullptr}));
+    progress_.beginFile(SyncStage::uploading, name);
+    if (!there)
+        there = syncFileOf(copy({true, name, *here, name, nullptr}));
+    enter(name, *here, *there, true);
+    return name;
+}
+
+/// In a one-way mode the target's own version stays there. Returns its name.
+QString SyncWorker::keepLoserAtTarget(const Action& action) {
     const bool onDevice = pair_.syncMode == SyncMode::toiPhone;
+    const bool renames = transfer_.side(onDevice).files().capabilities(transfer_.call()).renames;
+    if (!renames) {
+        const LoserCopy kept = loserCopy(action, !onDevice);
+        if (onDevice ? kept.device : kept.local)
+            return kept.name;
+    }
     (void)transfer_.setAside(onDevice, action.relativePath,
                              onDevice ? *action.device : *action.local, action.conflictName,
                              byteProgress());
+    return action.conflictName;
 }
 
 void SyncWorker::deleteConfirmed(const Action& action) {
@@ -292,24 +344,24 @@ void SyncWorker::deleteConfirmed(const Action& action) {
     removals_.noteEmptied(fromDevice, folderOf(path));
 }
 
-void SyncWorker::finish(const SyncTree& listed) {
+void SyncWorker::finish() {
     removals_.finish();
     std::map<QString, QStringList> byFolder;
     for (const auto& [path, file] : sent_)
         if (files_.contains(path))
             byFolder[folderOf(path)].append(path);
     for (const auto& [folder, paths] : byFolder)
-        confirmSent(folder, paths, listed);
+        confirmSent(folder, paths);
 }
 
 /// Looks at files that were sent to a folder: at each, or at the whole folder where that is less.
-void SyncWorker::confirmSent(const QString& folder, const QStringList& paths,
-                             const SyncTree& listed) {
+void SyncWorker::confirmSent(const QString& folder, const QStringList& paths) {
     const QString prefix = folder.isEmpty() ? QString() : folder + QLatin1Char('/');
     std::size_t others = 0;
     const std::size_t enough = static_cast<std::size_t>(paths.size()) * partToList;
-    for (auto it = listed.files.lower_bound(prefix);
-         it != listed.files.end() && it->first.startsWith(prefix) && others <= enough; ++it)
+    const auto& listed = trees_.device.files;
+    for (auto it = listed.lower_bound(prefix);
+         it != listed.end() && it->first.startsWith(prefix) && others <= enough; ++it)
         ++others;
     std::map<QString, SyncFile> all;
     if (others <= enough && paths.size() > 1)

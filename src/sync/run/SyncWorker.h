@@ -16,8 +16,15 @@ namespace tessary {
 /// thrown.
 class SyncWorker {
 public:
-    SyncWorker(SyncTransfer& transfer, const SyncPair& pair, const SyncComputer& computer,
-               SyncRunProgress& progress, SyncReport& report, SyncRemovals::ForgetFiles forget);
+    /// What the scans of both sides saw; both must outlive the worker.
+    struct Trees {
+        const SyncTree& local;
+        const SyncTree& device;
+    };
+
+    SyncWorker(SyncTransfer& transfer, Trees trees, const SyncPair& pair,
+               const SyncComputer& computer, SyncRunProgress& progress, SyncReport& report,
+               SyncRemovals::ForgetFiles forget);
 
     void carryOut(const SyncPlannedAction& action);
     /// Carries out the first action, or the first few: small new files of one folder go together
@@ -26,8 +33,8 @@ public:
     /// Notes an action that is not carried out any more: its record stays.
     void keepRecord(const SyncPlannedAction& action);
     /// Deletes what was moved, removes folders that became empty, and looks at what was sent as the
-    /// device shows it in the end. `listed` is what the device's scan saw.
-    void finish(const SyncTree& listed);
+    /// device shows it in the end.
+    void finish();
     /// What is in sync: after finish(), or after a run that broke off.
     [[nodiscard]] SyncFiles takeFiles() {
         return std::move(files_);
@@ -35,6 +42,12 @@ public:
 
 private:
     using Action = SyncPlannedAction;
+    /// Where a conflict's loser is kept, and what is there of it already.
+    struct LoserCopy {
+        QString name;
+        std::optional<SyncFile> local;
+        std::optional<SyncFile> device;
+    };
 
     [[nodiscard]] std::size_t countTogether(std::span<const Action> actions) const;
     void carryOutTogether(std::span<const Action> actions);
@@ -42,10 +55,11 @@ private:
     void transfer(const Action& action, bool toDevice);
     void noteTransfer(const Action& action, const SyncFile& arrived);
     void resolveConflict(const Action& action);
-    void keepLoserOnBoth(const Action& action, bool deviceWins);
-    void keepLoserAtTarget(const Action& action);
+    [[nodiscard]] LoserCopy loserCopy(const Action& action, bool deviceWins);
+    [[nodiscard]] QString keepLoserOnBoth(const Action& action, bool deviceWins);
+    [[nodiscard]] QString keepLoserAtTarget(const Action& action);
     void deleteConfirmed(const Action& action);
-    void confirmSent(const QString& folder, const QStringList& names, const SyncTree& listed);
+    void confirmSent(const QString& folder, const QStringList& names);
     void confirmOne(const QString& path, const std::optional<SyncFile>& now);
 
     [[nodiscard]] FileItem copy(const SyncTransfer::Copy& copy);
@@ -56,6 +70,7 @@ private:
     void addItem(SyncDeed deed, const QString& path, qint64 size, const QString& other = {});
 
     SyncTransfer& transfer_;
+    const Trees trees_;
     const SyncPair& pair_;
     SyncRunProgress& progress_;
     SyncReport& report_;
