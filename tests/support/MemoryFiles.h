@@ -25,6 +25,7 @@ struct MemoryOptions {
     /// A write may bring more or fewer bytes than announced, as on a computer's disk.
     bool takesOtherSizes = false;
     qsizetype keepsAtMost = std::numeric_limits<qsizetype>::max(); ///< of a file, without a word
+    bool listsDates = true;
     bool datesItself = false; ///< a new file is of now, whatever date it is to have
     std::size_t rowsAtOnce = 3;
     std::size_t pieceSize = 1000; ///< bytes
@@ -135,7 +136,7 @@ protected:
                 pathOf(node),
                 node.isDirectory,
                 node.isDirectory ? 0 : node.announced.value_or(node.content.size()),
-                node.modified,
+                options_.listsDates ? node.modified : std::nullopt,
                 options_.givesHandles && node.parent != nullptr ? std::optional(node.handle)
                                                                 : std::nullopt};
     }

@@ -31,6 +31,7 @@ using MemoryTree = std::map<QString, MemoryFile>;
 /// What the device of a MemoryPair can.
 struct MemoryDevice {
     bool setsDates = true;
+    bool listsDates = true;
     bool renames = true;
     bool renamesOntoTaken = false;
     bool hasHashes = false;
@@ -44,7 +45,7 @@ public:
     static inline const QString deviceRoot = QStringLiteral("/Sync");
 
     explicit MemoryPair(const MemoryDevice& device = {})
-        : local_(computerOptions()), device_(phoneOptions(device)) {
+        : listsDates(device.listsDates), local_(computerOptions()), device_(phoneOptions(device)) {
         local_.addFolder(localRoot);
         device_.addFolder(deviceRoot);
         pair.deviceUDID = QStringLiteral("ABC");
@@ -215,6 +216,7 @@ public:
         answer = [](const SyncQuestion&) { return SyncAnswer::keepAll(); };
     }
 
+    const bool listsDates;
     SyncPair pair;
     std::function<SyncAnswer(const SyncQuestion&)> answer;
     std::function<std::optional<SyncAnswer>(const SyncQuestion&)> saidBeforehand;
@@ -248,6 +250,7 @@ private:
         MemoryFileSystem::Options options;
         options.rules.ignoresCase = true;
         options.datesItself = !device.setsDates;
+        options.listsDates = device.listsDates;
         options.capabilities = {.renames = device.renames,
                                 .renamesOntoTaken = device.renamesOntoTaken,
                                 .setsDates = device.setsDates,

@@ -97,6 +97,7 @@ TEST(SyncPlannerTest, decisionTable) {
     const SyncFileEntry differed{5, at(100), at(900), at(200), true};
     const SyncFile same = file(5, 100);  // as recorded, on this computer
     const SyncFile there = file(5, 900); // on the device
+    const SyncFile undated{5, at(900), false};
     const char* const inSync = "in sync, in sync, in sync";
     const char* const conflict = "conflict, conflict, conflict";
     const char* const compared = "in sync/conflict, in sync/conflict, in sync/conflict";
@@ -118,6 +119,7 @@ TEST(SyncPlannerTest, decisionTable) {
          "in sync/download, in sync/leave, in sync/download"},
         {"local edited, and that was seen", file(5, 200), there, differed, nothing,
          "upload, upload, leave"},
+        {"local of other size, undated there", file(6, 100), undated, r, content, compared},
         {"both changed to one size and date", file(7, 200), file(7, 201), r, content, compared},
         {"both changed to one size", file(5, 200), file(5, 300), r, content, compared},
         {"both changed", file(7, 200), file(8, 200), r, nothing, conflict},
@@ -136,6 +138,7 @@ TEST(SyncPlannerTest, decisionTable) {
         {"gone here", none, there, r, deletion, goneHere},
         {"gone here, of unseen content", none, there, seen, nothing, toHere},
         {"gone here, touched there", none, file(5, 990), r, nothing, toHere},
+        {"gone here, undated there", none, undated, r, nothing, toHere},
         {"gone here, changed there", none, file(6, 900), r, nothing, toHere},
         {"gone from both", none, none, r, nothing, "nothing, nothing, nothing"},
     };

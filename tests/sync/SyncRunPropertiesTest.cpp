@@ -278,7 +278,10 @@ void runInPeace(World& world, const Options& options) {
         const MemoryTree there = pair.users(true);
         RC_ASSERT(here.size() == there.size());
         for (const auto& [name, file] : here)
-            if (!there.contains(name) || there.at(name).content != file.content)
+            // Without dates an edit of the same size waits for another one.
+            if (!there.contains(name) ||
+                (there.at(name).content != file.content &&
+                 (pair.listsDates || there.at(name).content.size() != file.content.size())))
                 RC_FAIL(described(name, options, Fault::none, 0, before, world));
     }
     world.synced.clear();
@@ -307,6 +310,7 @@ RC_GTEST_PROP(SyncRunPropertiesTest, nothingIsLostWhateverFails, ()) {
     const Random random = [](int limit) { return *rc::gen::inRange(0, limit); };
     MemoryDevice device;
     device.setsDates = random(2) == 0;
+    device.listsDates = random(3) != 0;
     device.renamesOntoTaken = random(2) == 0;
     device.hasHashes = random(3) == 0;
     auto world = std::make_unique<World>(device);

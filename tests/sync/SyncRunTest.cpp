@@ -47,6 +47,44 @@ TEST(SyncRunTest, datesCutToTheMinuteHideNoEdit) {
     EXPECT_EQ(pair.users(false).at(u"a"_s).content, editedLate(longOne));
 }
 
+TEST(SyncRunTest, phoneWithoutDatesLosesNoEditOfTheSameSize) {
+    // What happens to a file, besides an edit on the phone that no listing shows.
+    const std::pair<const char*, void (*)(MemoryPair&)> rows[] = {
+        {"edited here", [](MemoryPair& pair) { pair.here("a", "other"); }},
+        {"of another size here", [](MemoryPair& pair) { pair.here("a", "longer"); }},
+        {"the same, to the phone",
+         [](MemoryPair& pair) {
+             pair.pair.syncMode = SyncMode::toiPhone;
+             pair.here("a", "longer");
+         }},
+        {"deleted here", [](MemoryPair& pair) { pair.removeHere("a"); }},
+        {"moved here",
+         [](MemoryPair& pair) {
+             pair.pair.syncMode = SyncMode::toMac;
+             pair.pair.moveFilesEnabled = true;
+         }},
+    };
+    for (const auto& [name, change] : rows)
+        for (const bool isEdited : {false, true}) {
+            SCOPED_TRACE(std::string(name) + (isEdited ? ", edited there" : ""));
+            MemoryPair pair({.listsDates = false});
+            pair.here("a", "first");
+            (void)pair.goodRun();
+            pair.expectQuietRun();
+            if (isEdited)
+                pair.there("a", "FIRST");
+            change(pair);
+            pair.confirmAll();
+            (void)pair.goodRun();
+            EXPECT_EQ(pair.isAnywhere("FIRST"), isEdited);
+            EXPECT_LE(pair.users(true).size(), isEdited ? 2U : 1U);
+            if (pair.pair.movesFiles())
+                continue;
+            EXPECT_TRUE(isEdited || pair.hereContents() == pair.thereContents());
+            pair.expectQuietRun();
+        }
+}
+
 TEST(SyncRunTest, moveAndDeletionTrustNoSampleAndNoDate) {
     for (const SyncMode mode : {SyncMode::toiPhone, SyncMode::toMac}) {
         SCOPED_TRACE(rawValue(mode).toStdString());

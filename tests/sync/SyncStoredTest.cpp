@@ -24,6 +24,7 @@ SyncManifest sample() {
     host.files[u"a/b.txt"_s] = {7, date(1969, 12, 31, 23, 59, 59), {}, {}};
     host.files[u"z"_s] = {1LL << 40, date(2107, 12, 31, 23, 59, 58), date(2024, 1, 2),
                           date(9999, 12, 31), true};
+    host.files[u"z"_s].sha256 = QByteArray(32, '\xA5');
     return manifest;
 }
 
@@ -42,6 +43,7 @@ constexpr const char* sampleJson = R"({
           "deviceModifiedDate" : "2024-01-02T00:00:00Z",
           "differingDate" : "9999-12-31T00:00:00Z",
           "modifiedDate" : "2107-12-31T23:59:58Z",
+          "sha256" : "a5a5a5a5a5a5a5a5a5a5a5a5a5a5a5a5a5a5a5a5a5a5a5a5a5a5a5a5a5a5a5a5",
           "size" : 1099511627776
         }
       },

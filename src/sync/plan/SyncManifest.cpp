@@ -112,6 +112,8 @@ void appendFile(QByteArray& out, const QString& path, const SyncFileEntry& entry
     if (entry.differingDate)
         date("differingDate", *entry.differingDate);
     date("modifiedDate", entry.modifiedDate);
+    if (!entry.sha256.isEmpty())
+        out.append(indent).append("\"sha256\" : \"").append(entry.sha256.toHex()).append("\",\n");
     out.append(indent).append("\"size\" : ").append(QByteArray::number(entry.size));
     out.append("\n        }");
 }
@@ -196,6 +198,7 @@ SyncFileEntry fileOf(const QJsonValue& value) {
     if (const QJsonValue date = object.value(View("differingDate")); date.isString())
         entry.differingDate = dateOf(date);
     entry.isContentKnown = object.value(View("contentKnown")).toBool();
+    entry.sha256 = QByteArray::fromHex(object.value(View("sha256")).toString().toLatin1());
     return entry;
 }
 

@@ -22,6 +22,9 @@ struct SyncFileEntry {
     std::optional<QDateTime> differingDate;
     /// The whole content was seen to be the same on both sides: this program copied or compared it.
     bool isContentKnown = false;
+    /// Of the content, where the device lists no dates and nothing else tells of an edit; empty
+    /// elsewhere.
+    QByteArray sha256{};
 
     /// The date that the device has by it.
     [[nodiscard]] const QDateTime& deviceDate() const {
@@ -68,7 +71,7 @@ struct SyncManifest {
     ///     {"hosts": {"<key>": {"appBundleID": …, "deviceUDID": …,
     ///      "files": {"<path>": {"contentKnown"?: true, "deviceModifiedDate"?: …,
     ///                           "differingDate"?: …, "modifiedDate": "2024-05-01T10:00:00Z",
-    ///                           "size": 1}},
+    ///                           "sha256"?: "<64 hex digits>", "size": 1}},
     ///      "lastSynced": …, "localFolderPath": …, "macName": …, "remoteFolderPath": …,
     ///      "runID": …, "runNumber": 1, "startedAt": …}}, "version": 1}
     [[nodiscard]] QByteArray encode() const;

@@ -71,10 +71,11 @@ struct SyncPlan {
     bool settlesDates = false;
 };
 
-/// Two files of one size whose contents have to be compared whole before anything is decided.
+/// Two files whose contents have to be compared whole before anything is decided.
 enum class SyncComparison {
     equal,
     differing,
+    asRecorded, ///< differing, and the one that has no date has the content that is recorded
     unreadable, ///< left as they are
 };
 

@@ -163,6 +163,8 @@ SyncPlanner::Change SyncPlanner::change(const SyncFile& file, qint64 recordedSiz
                                         std::chrono::milliseconds step) const {
     if (file.size != recordedSize || step >= 1min)
         return Change::changed;
+    if (!file.isDated)
+        return Change::undated;
     const qint64 date = file.date.toMSecsSinceEpoch();
     const qint64 recorded = recordedDate.toMSecsSinceEpoch();
     const qint64 expected = recorded + std::chrono::milliseconds(shift).count();
@@ -213,10 +215,12 @@ SyncPlanner::Pending SyncPlanner::decideBoth(SyncPlannedAction& action) const {
             return Pending::comparison;
         settleEqual(action, action.record->isContentKnown);
         // A phone that dates its files itself dates what a run sends it by that run.
-        return localChanged == Change::none ? Pending::nothing : Pending::freshness;
+        return localChanged == Change::unsure ? Pending::freshness : Pending::nothing;
     }
-    if (local.size != device.size) {
-        settleDiffering(action);
+    // Without a date nothing but the content tells whether the other one was edited, too.
+    const bool isOneUndated = localChanged == Change::undated || deviceChanged == Change::undated;
+    if (local.size != device.size && !isOneUndated) {
+        settleDiffering(action, false);
         return Pending::nothing;
     }
     if (action.record == nullptr) {
@@ -228,10 +232,12 @@ SyncPlanner::Pending SyncPlanner::decideBoth(SyncPlannedAction& action) const {
         return Pending::comparison;
     const QDateTime& changed = isChange(localChanged) ? local.date : device.date;
     const auto& known = action.record->differingDate;
-    if (!known || seconds(*known) != seconds(changed))
+    const bool isLeft =
+        input_.mode == (isChange(localChanged) ? SyncMode::toMac : SyncMode::toiPhone);
+    if (!known || seconds(*known) != seconds(changed) || (isOneUndated && !isLeft))
         return Pending::comparison;
     action.knownToDiffer = true;
-    settleDiffering(action);
+    settleDiffering(action, true);
     return Pending::nothing;
 }
 
@@ -242,10 +248,15 @@ void SyncPlanner::settleEqual(SyncPlannedAction& action, bool isContentKnown) co
                                                       : Kind::moveDeleteRemoteSourceOnly;
 }
 
-/// Both sides have the file, and it is not the same.
-void SyncPlanner::settleDiffering(SyncPlannedAction& action) const {
-    const bool localChanged = isChange(localChange(action));
-    const bool deviceChanged = isChange(deviceChange(action));
+/// Both sides have the file, and it is not the same. `isAsRecorded`: what has no date is unchanged.
+void SyncPlanner::settleDiffering(SyncPlannedAction& action, bool isAsRecorded) const {
+    const Change here = localChange(action);
+    const Change there = deviceChange(action);
+    const auto isEdit = [isAsRecorded](Change change, Change other) {
+        return isChange(change) || (change == Change::undated && isChange(other) && !isAsRecorded);
+    };
+    const bool localChanged = isEdit(here, there);
+    const bool deviceChanged = isEdit(there, here);
     const bool isTwoWay = input_.mode == SyncMode::biDirectional;
     action.deletesSource = isMove();
     if (localChanged == deviceChanged) {
@@ -286,9 +297,11 @@ SyncPlanner::Pending SyncPlanner::decideOne(SyncPlannedAction& action) const {
         return Pending::nothing;
     action.kind = isLocal ? Kind::upload : Kind::download;
     action.deletesSource = isMove();
-    const bool wasDeleted =
-        isTwoWay && action.record != nullptr && vouches(action) &&
-        (isLocal ? localChange(action) : deviceChange(action)) != Change::changed;
+    const Change change = isLocal ? localChange(action) : deviceChange(action);
+    // Right before a deletion its content is looked at where it has no date.
+    const bool wasDeleted = isTwoWay && action.record != nullptr && vouches(action) &&
+                            change != Change::changed &&
+                            (change != Change::undated || !action.record->sha256.isEmpty());
     return wasDeleted && input_.deletes ? Pending::deletion : Pending::nothing;
 }
 
@@ -397,7 +410,7 @@ void SyncPlanner::answer(SyncPlannedAction& action, Pending pending, const SyncD
         } else if (outcome == SyncComparison::equal) {
             settleEqual(action, true);
         } else {
-            settleDiffering(action);
+            settleDiffering(action, outcome == SyncComparison::asRecorded);
             action.knownToDiffer = action.kind == Kind::leave;
         }
     }

@@ -39,7 +39,7 @@ public:
     [[nodiscard]] std::vector<DeletionCandidate> deletionCandidates() const;
     [[nodiscard]] SyncGuard guard() const;
 
-    /// Files of one size that have to be compared whole.
+    /// Files that have to be compared whole, or one of them with what is recorded of its content.
     [[nodiscard]] QStringList pathsToCompare() const;
 
     /// The plan. Once only.
@@ -63,6 +63,7 @@ private:
     enum class Change : unsigned char {
         none,    ///< and nothing can have happened to it unseen
         unsure,  ///< it looks unchanged, and may have been changed since
+        undated, ///< the same, of a file that no date tells of
         near,    ///< its date is another one, of about the same time
         changed, ///< or without a record
     };
@@ -82,7 +83,7 @@ private:
     [[nodiscard]] Pending decideBoth(SyncPlannedAction& action) const;
     [[nodiscard]] Pending decideOne(SyncPlannedAction& action) const;
     void settleEqual(SyncPlannedAction& action, bool isContentKnown) const;
-    void settleDiffering(SyncPlannedAction& action) const;
+    void settleDiffering(SyncPlannedAction& action, bool isAsRecorded) const;
     void leave(SyncPlannedAction& action) const;
     void choose(SyncPlannedAction& action, ConflictChoice choice) const;
     void answer(SyncPlannedAction& action, Pending pending, const SyncDecisions& decisions,

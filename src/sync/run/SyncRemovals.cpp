@@ -4,6 +4,7 @@
 #include "base/threads/CancellationError.h"
 #include "sync/plan/SyncError.h"
 #include "transfer/copy/CopyErrors.h"
+#include "transfer/copy/FileCopy.h"
 
 #include <algorithm>
 #include <utility>
@@ -67,6 +68,12 @@ void SyncRemovals::removeSources() {
         try {
             const auto there = transfer_.side(one.toDevice).findFile(one.path, transfer_.call());
             if (!there || there->size != one.source.size)
+                throw Error(SyncError::changedMeanwhile, {one.path});
+            // Nothing but its content tells whether a file without a date was edited since.
+            SyncSide& from = transfer_.side(!one.toDevice);
+            if (!one.source.isDated &&
+                !haveSameContent(transfer_.side(one.toDevice).files(), *there, from.files(),
+                                 from.itemOf(one.path, one.source), transfer_.call()))
                 throw Error(SyncError::changedMeanwhile, {one.path});
             (void)transfer_.remove(!one.toDevice, one.path, one.source, false);
             noteEmptied(!one.toDevice, folderOf(one.path));

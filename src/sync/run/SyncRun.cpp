@@ -12,6 +12,7 @@
 #include "sync/run/SyncStore.h"
 #include "sync/run/SyncWorker.h"
 #include "transfer/copy/CopyErrors.h"
+#include "transfer/copy/FileCopy.h"
 
 #include <QSet>
 #include <QSysInfo>
@@ -165,6 +166,24 @@ void SyncRun::carryOutRenames() {
         takeBack(**rename, record_->files);
 }
 
+/// Of a file that is recorded under `path`.
+SyncComparison SyncRun::comparisonOf(const SyncedFile& file, const QString& path) {
+    if (haveSameContent(local_, device_, file, call_))
+        return SyncComparison::equal;
+    const auto isAsRecorded = [&](SyncSide& side, const QString& name, const SyncFile& seen) {
+        if (seen.isDated || !record_)
+            return false;
+        const auto known = record_->files.find(path);
+        return known != record_->files.end() && !known->second.sha256.isEmpty() &&
+               known->second.size == seen.size &&
+               known->second.sha256 == hashOf(side.files(), side.itemOf(name, seen), call_);
+    };
+    return isAsRecorded(local_, file.localPath, file.local) ||
+                   isAsRecorded(device_, file.devicePath, file.device)
+               ? SyncComparison::asRecorded
+               : SyncComparison::differing;
+}
+
 SyncComparisons SyncRun::compare(const QStringList& paths, bool isRenamed) {
     SyncComparisons comparisons;
     for (const QString& path : paths) {
@@ -172,10 +191,8 @@ SyncComparisons SyncRun::compare(const QStringList& paths, bool isRenamed) {
         const QString here = isRenamed ? path : nameBefore(path, renames_, false);
         const QString there = isRenamed ? path : nameBefore(path, renames_, true);
         try {
-            const bool isSame = haveSameContent(
-                local_, device_,
-                {here, localTree_.files.at(path), there, deviceTree_.files.at(path)}, call_);
-            comparisons[path] = isSame ? SyncComparison::equal : SyncComparison::differing;
+            comparisons[path] = comparisonOf(
+                {here, localTree_.files.at(path), there, deviceTree_.files.at(path)}, path);
         } catch (const Error& error) {
             if (endsCopy(error))
                 throw;

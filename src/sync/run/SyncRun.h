@@ -4,6 +4,7 @@
 #include "sync/plan/SyncRecord.h"
 #include "sync/plan/SyncReport.h"
 #include "sync/run/SyncConsent.h"
+#include "sync/run/SyncContents.h"
 #include "sync/run/SyncRunEvents.h"
 #include "sync/run/SyncTransfer.h"
 
@@ -55,6 +56,7 @@ private:
     void scan(SyncSide::Leftovers leftovers);
     [[nodiscard]] SyncPlanner makePlanner();
     void carryOutRenames();
+    [[nodiscard]] SyncComparison comparisonOf(const SyncedFile& file, const QString& path);
     [[nodiscard]] SyncComparisons compare(const QStringList& paths, bool isRenamed);
     void carryOut(const SyncPlan& plan);
     void reportUnknown();

@@ -45,11 +45,28 @@ void SyncWorker::skip(const QString& path, Error reason) {
     report_.skipped.push_back({path, std::move(reason)});
 }
 
+/// What later tells an edit on a device that lists no dates; empty when it cannot be told.
+QByteArray SyncWorker::hashHere(const QString& path, const SyncFile& local) {
+    SyncSide& side = transfer_.side(false);
+    try {
+        return hashOf(side.files(), side.itemOf(path, local), transfer_.call());
+    } catch (const Error&) {
+        return {}; // the next run reads it again, or says why not
+    }
+}
+
+/// `before`: what was known of the file.
 void SyncWorker::enter(const QString& path, const SyncFile& local, const SyncFile& device,
-                       bool isContentKnown) {
+                       bool isContentKnown, const SyncFileEntry* before) {
     SyncFileEntry entry{local.size, wholeSeconds(local.date), {}, {}, isContentKnown};
     if (wholeSeconds(device.date) != entry.modifiedDate)
         entry.deviceModifiedDate = wholeSeconds(device.date);
+    if (!device.isDated && isContentKnown) {
+        const bool isKnown = before != nullptr && !before->sha256.isEmpty() &&
+                             before->size == entry.size &&
+                             before->modifiedDate == entry.modifiedDate;
+        entry.sha256 = isKnown ? before->sha256 : hashHere(path, local);
+    }
     files_.insert_or_assign(path, std::move(entry));
 }
 
@@ -62,7 +79,8 @@ void SyncWorker::carryOut(const Action& action) {
     throwIfStopped(transfer_.call().stop);
     if (action.kind == Kind::alreadyInSync) {
         ++report_.inSync;
-        enter(action.relativePath, *action.local, *action.device, action.isContentKnown);
+        enter(action.relativePath, *action.local, *action.device, action.isContentKnown,
+              action.record);
         return;
     }
     if (action.kind == Kind::skip || action.kind == Kind::leave) {
@@ -339,6 +357,14 @@ void SyncWorker::deleteConfirmed(const Action& action) {
         return;
     }
     const SyncFile& seen = fromDevice ? *action.device : *action.local;
+    SyncSide& side = transfer_.side(fromDevice);
+    if (!seen.isDated && hashOf(side.files(), side.itemOf(path, seen), transfer_.call()) !=
+                             action.record->sha256) { // edited: it is wanted
+        Action back = action;
+        back.kind = fromDevice ? Kind::download : Kind::upload;
+        transfer(back, !fromDevice);
+        return;
+    }
     if (transfer_.remove(fromDevice, path, seen, true))
         addItem(deedOf(action), path, seen.size);
     removals_.noteEmptied(fromDevice, folderOf(path));
@@ -404,7 +430,7 @@ void SyncWorker::confirmOne(const QString& path, const std::optional<SyncFile>& 
         }
     }
     if (isSame) {
-        enter(path, local, *now, true);
+        enter(path, local, *now, true, &entry);
         return;
     }
     files_.erase(path);

@@ -64,7 +64,8 @@ private:
 
     [[nodiscard]] FileItem copy(const SyncTransfer::Copy& copy);
     void enter(const QString& path, const SyncFile& local, const SyncFile& device,
-               bool isContentKnown);
+               bool isContentKnown, const SyncFileEntry* before = nullptr);
+    [[nodiscard]] QByteArray hashHere(const QString& path, const SyncFile& local);
     void skip(const QString& path, Error reason);
     [[nodiscard]] ByteProgress byteProgress();
     void addItem(SyncDeed deed, const QString& path, qint64 size, const QString& other = {});

@@ -130,25 +130,6 @@ FileItem dated(PhoneFileSystem& to, FileItem item, const FilePut& put,
     return item;
 }
 
-QByteArray hashOf(PhoneFileSystem& files, const FileItem& item, const Call& call,
-                  const ByteProgress& progress = {}) {
-    if (files.capabilities(call).hasHashes)
-        if (auto known = files.hash(item, call))
-            return *std::move(known);
-    ContentHash hash;
-    qint64 done = 0;
-    files.read(
-        item, {},
-        [&](ByteView bytes) {
-            hash.add(bytes);
-            done += static_cast<qint64>(bytes.size());
-            if (progress)
-                progress(done);
-        },
-        call);
-    return hash.finish();
-}
-
 /// The progress of a file that goes across more than once, since it is read again for comparing:
 /// each time is its share of the whole.
 class SharedProgress {
@@ -174,6 +155,25 @@ private:
 };
 
 } // namespace
+
+QByteArray hashOf(PhoneFileSystem& files, const FileItem& item, const Call& call,
+                  const ByteProgress& progress) {
+    if (files.capabilities(call).hasHashes)
+        if (auto known = files.hash(item, call))
+            return *std::move(known);
+    ContentHash hash;
+    qint64 done = 0;
+    files.read(
+        item, {},
+        [&](ByteView bytes) {
+            hash.add(bytes);
+            done += static_cast<qint64>(bytes.size());
+            if (progress)
+                progress(done);
+        },
+        call);
+    return hash.finish();
+}
 
 bool haveSameContent(PhoneFileSystem& files, const FileItem& file, PhoneFileSystem& others,
                      const FileItem& other, const Call& call) {

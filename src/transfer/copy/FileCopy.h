@@ -68,6 +68,10 @@ inline constexpr qint64 resumableFrom = qint64{4} * 1024 * 1024;
 /// the copy as the target shows it.
 FileItem copyFile(const FileCopy& copy, const ByteProgress& progress, const Call& call);
 
+/// The SHA-256 of a file's content, by its own side where that works it out.
+[[nodiscard]] QByteArray hashOf(PhoneFileSystem& files, const FileItem& item, const Call& call,
+                                const ByteProgress& progress = {});
+
 /// Compares two files whole, by hash where a side works that out.
 [[nodiscard]] bool haveSameContent(PhoneFileSystem& files, const FileItem& file,
                                    PhoneFileSystem& others, const FileItem& other,
