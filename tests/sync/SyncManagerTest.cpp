@@ -141,6 +141,24 @@ TEST_F(SyncManagerTest, pairRunsByItselfWheneverItsPhoneComes) {
     EXPECT_EQ(runs, 1);
 }
 
+TEST_F(SyncManagerTest, pairThatGetsAnotherFolderMeanwhileIsPreviewedBeforeItRunsThere) {
+    const SyncPair first = addPair("first");
+    const SyncPair second = addPair("second");
+    local_.write(u"first/a"_s, "a");
+    for (const SyncPair& pair : {first, second})
+        sync_->syncPair(pair.id, *manager_, {});
+    for (SyncPair pair : {first, second}) { // one runs, one waits
+        pair.localFolderPath = local_.makeFolder(u"other"_s);
+        sync_->updateSyncPair(pair);
+    }
+    wait();
+    EXPECT_THAT(completed_, ElementsAre(first.id));
+    EXPECT_EQ(phone_->content(u"Sync/a"_s), "a");
+    EXPECT_THAT(local_.names(u"other"_s), IsEmpty());
+    for (const SyncPair& pair : {first, second})
+        EXPECT_FALSE(sync_->pair(pair.id)->lastSyncedAt);
+}
+
 TEST_F(SyncManagerTest, questionGoesWithItsRun) {
     const SyncPair pair = addPair("one");
     view_ = std::make_unique<SyncViewModel>(*sync_, *manager_);

@@ -123,6 +123,9 @@ void SyncManager::updateSyncPair(const SyncPair& pair) {
     SyncPair* old = find(pair.id);
     if (old == nullptr)
         return;
+    // What was decided for one folder holds for no other.
+    if (pair.localFolderPath != old->localFolderPath)
+        std::erase_if(waiting_, [&](const Job& job) { return job.id == pair.id; });
     SyncPair changed = pair;
     if (isRunningOrWaiting(pair.id)) {
         changed.status = old->status;
@@ -264,7 +267,7 @@ void SyncManager::start(const Job& job) {
         store.add(work.pair.id, report, now());
         return report;
     };
-    running_ = Running{id, {}};
+    running_ = Running{id, pair.localFolderPath, {}};
     running_->stop = runInBackground(this, run, [this, id](BackgroundResult<SyncReport> result) {
         SyncReport report;
         try {
@@ -281,11 +284,13 @@ void SyncManager::ended(const QUuid& id, SyncReport report) {
     // What breaks while a cancelled run winds down is not worth a word.
     if (running_ && running_->isCancelled && report.outcome == Outcome::failed)
         report.outcome = Outcome::cancelled;
+    const QString folder = running_ ? running_->localFolderPath : QString();
     running_.reset();
     const Outcome outcome = report.outcome;
     const std::optional<Error> failure = report.failure;
     const bool isToEnd = outcome == Outcome::done || outcome == Outcome::incomplete;
-    if (SyncPair* pair = find(id); pair != nullptr && isToEnd)
+    // One that has got another folder meanwhile was not synced there, and is previewed first.
+    if (SyncPair* pair = find(id); pair != nullptr && isToEnd && pair->localFolderPath == folder)
         pair->lastSyncedAt = QDateTime::currentDateTimeUtc();
     lastReports_.insert(id, std::move(report));
     switch (outcome) {

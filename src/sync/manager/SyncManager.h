@@ -60,7 +60,8 @@ public:
     void loadSyncPairs();
     void saveSyncPairs();
     void addSyncPair(const SyncPair& pair);
-    /// Replaces the pair with this id. A pair that runs keeps its state.
+    /// Replaces the pair with this id. A pair that runs keeps its state, and ends where it began;
+    /// one that waits and gets another folder here waits no more.
     void updateSyncPair(const SyncPair& pair);
     /// Cancels the pair's run, too, and forgets its reports. Its manifests stay.
     void removeSyncPair(const QUuid& id);
@@ -124,6 +125,7 @@ private:
     };
     struct Running {
         QUuid id;
+        QString localFolderPath;
         std::stop_source stop;
         bool isCancelled = false;
     };
