@@ -5,6 +5,7 @@
 #include <QAction>
 #include <QListWidget>
 #include <QPushButton>
+#include <QThread>
 #include <QToolButton>
 
 namespace tessary {
@@ -84,6 +85,22 @@ TEST_F(CopyHistoryTest, whatLostItsPhoneIsOfferedOnceWhenThatIsBack) {
     ASSERT_TRUE(wait([this] { return offer() != nullptr; }));
     expectToGoOn([this] { QTest::mouseClick(offer(), Qt::LeftButton); });
     EXPECT_EQ(jobs().size(), 1U) << "it is the same copy";
+    EXPECT_EQ(offer(), nullptr);
+}
+
+TEST_F(CopyHistoryTest, whoDeclinesWhileTheHistoryIsWrittenIsNotAskedAgain) {
+    loseFilm();
+    plugIn();
+    ASSERT_TRUE(wait([this] { return offer() != nullptr; }));
+    ASSERT_TRUE(QFile::remove(records_.path(u"copies.json"_s)));
+    Q_EMIT window_->copyQueue().recordChanged(jobs().front().id);
+    do { // until it is written, and nobody has heard of it yet
+        QThread::msleep(20);
+    } while (!records_.has(u"copies.json"_s));
+    app_->rememberedCopies().declineOffered();
+    ASSERT_TRUE(
+        wait([this] { return records_.read(u"copies.json"_s).contains("\"wasOffered\":true"); }));
+    QTest::qWait(50);
     EXPECT_EQ(offer(), nullptr);
 }
 

@@ -31,33 +31,40 @@ RememberedCopies::RememberedCopies(CopyQueue& queue, DeviceManager& devices,
       history_(std::make_shared<CopyHistory>(folder)) {
     connect(&queue, &CopyQueue::recordChanged, this, &RememberedCopies::keep);
     connect(&devices, &DeviceManager::devicesChanged, this, &RememberedCopies::offeredChanged);
-    runInBackground(
-        this, [history = history_] { return history->unfinished(); },
-        [this](BackgroundResult<std::vector<CopyRecord>> result) {
-            takeUnfinished(result.take());
-        });
+    tellHistory();
 }
 
 void RememberedCopies::keep(const QUuid& id) {
-    waiting_.push_back(queue_.recordOf(id));
-    if (!isWriting_)
-        writeWaiting();
+    news().records.push_back(queue_.recordOf(id));
+    tellHistory();
 }
 
-/// One writes at a time, so that no older record comes after a newer one.
-void RememberedCopies::writeWaiting() {
-    isWriting_ = true;
+RememberedCopies::News& RememberedCopies::news() {
+    return news_ ? *news_ : news_.emplace();
+}
+
+/// One writes at a time, so that nothing older comes after what is newer; and what it finds counts
+/// only while nothing newer waits.
+void RememberedCopies::tellHistory() {
+    if (std::exchange(isWriting_, true))
+        return;
     runInBackground(
         this,
-        [history = history_, records = std::exchange(waiting_, {})] {
-            attempt([&] { history->add(records); });
+        [history = history_, news = std::exchange(news_, {}).value_or(News())] {
+            if (news.forgetsAll)
+                attempt([&] { history->clear(); });
+            if (!news.offered.empty())
+                attempt([&] { history->noteOffered(news.offered); });
+            if (!news.records.empty())
+                attempt([&] { history->add(news.records); });
             return history->unfinished();
         },
         [this](BackgroundResult<std::vector<CopyRecord>> result) {
             isWriting_ = false;
-            if (!waiting_.empty())
-                writeWaiting();
-            takeUnfinished(result.take());
+            if (news_)
+                tellHistory();
+            else
+                takeUnfinished(result.take());
             Q_EMIT recordsChanged();
         });
 }
@@ -78,9 +85,8 @@ void RememberedCopies::find(const QString& search, QObject* context,
 
 void RememberedCopies::forgetAll() {
     unfinished_.clear();
-    runInBackground(
-        this, [history = history_] { attempt([&] { history->clear(); }); },
-        [this](BackgroundResult<void>) { Q_EMIT recordsChanged(); });
+    news_ = News{true, {}, {}};
+    tellHistory();
     Q_EMIT offeredChanged();
 }
 
@@ -132,15 +138,17 @@ void RememberedCopies::declineOffered() {
 }
 
 void RememberedCopies::noteOffered(const std::vector<CopyRecord>& records) {
-    std::vector<QUuid> ids;
+    News& news = this->news();
+    const auto isAmong = [&records](const CopyRecord& one) {
+        return std::any_of(records.begin(), records.end(),
+                           [&one](const CopyRecord& each) { return each.job.id == one.job.id; });
+    };
     for (const CopyRecord& record : records)
-        ids.push_back(record.job.id);
-    std::erase_if(unfinished_, [&ids](const CopyRecord& one) {
-        return std::find(ids.begin(), ids.end(), one.job.id) != ids.end();
-    });
-    runInBackground(
-        this, [history = history_, ids] { attempt([&] { history->noteOffered(ids); }); },
-        [](BackgroundResult<void>) {});
+        news.offered.push_back(record.job.id);
+    for (CopyRecord& record : news.records)
+        record.wasOffered = record.wasOffered || isAmong(record);
+    std::erase_if(unfinished_, isAmong);
+    tellHistory();
     Q_EMIT offeredChanged();
 }
 

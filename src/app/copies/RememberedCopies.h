@@ -9,6 +9,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace tessary {
@@ -49,8 +50,16 @@ Q_SIGNALS:
     void recordsChanged();
 
 private:
+    /// What the history is not told yet, in the order in which it is told.
+    struct News {
+        bool forgetsAll = false;
+        std::vector<QUuid> offered;
+        std::vector<CopyRecord> records;
+    };
+
     void keep(const QUuid& id);
-    void writeWaiting();
+    [[nodiscard]] News& news();
+    void tellHistory();
     void takeUnfinished(std::vector<CopyRecord> records);
     void noteOffered(const std::vector<CopyRecord>& records);
 
@@ -58,7 +67,7 @@ private:
     DeviceManager& devices_;
     PhoneFileSystems& phones_;
     const std::shared_ptr<CopyHistory> history_; ///< also held by what is under way
-    std::vector<CopyRecord> waiting_;            ///< to be written, once what is being written is
+    std::optional<News> news_;                   ///< waits until what is being written is
     bool isWriting_ = false;
     std::vector<CopyRecord> unfinished_;
 };
