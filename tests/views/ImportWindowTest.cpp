@@ -2,7 +2,9 @@
 #include "ios/Multiplexer.h"
 #include "support/PluggedIPhone.h"
 
+#include <QDir>
 #include <QPushButton>
+#include <QThread>
 
 namespace tessary {
 namespace {
@@ -117,6 +119,39 @@ TEST_F(ImportWindowTest, whatIsChosenIsFetchedAndThenGoesFromThePhoneWhenAsked) 
     EXPECT_EQ(rows().last(), u"IMG_0003.MOV"_s);
     press(u"importLeave"_s);
     EXPECT_TRUE(wait([this] { return window_->choice().isAtPhone(); })) << "where one came from";
+}
+
+TEST_F(ImportWindowTest, aCancelledImportSaysWhatIsOnTheDisk) {
+    look();
+    press(u"importProceed"_s);
+    QThread::msleep(200); // it was prepared, and nobody has heard of it yet
+    press(u"importLeave"_s);
+    ASSERT_TRUE(wait([this] { return state() != State::copying; }));
+    EXPECT_EQ(state(), State::choosing);
+    EXPECT_TRUE(window_->copyQueue().jobs().empty());
+
+    iphone_.faults(
+        [](VirtualIPhoneFaults& faults) { faults.delayEach = std::chrono::milliseconds(50); });
+    press(u"importProceed"_s);
+    ASSERT_TRUE(wait([this] { return here().contains(u"IMG_0003.MOV"_s); })) << "the oldest";
+    press(u"importLeave"_s);
+    ASSERT_TRUE(wait([this] { return state() == State::copied; }));
+    EXPECT_EQ(window_->import().arrivedCount(), here().size());
+    EXPECT_FALSE(here().contains(u"IMG_0001.MOV"_s));
+
+    // What is fetched once more and gone here is here when it has come.
+    ASSERT_TRUE(QDir(local_.path(u"pictures"_s)).removeRecursively());
+    press(u"importProceed"_s);
+    ImportViewModel& import = window_->import();
+    import.setShowsFetched(true);
+    for (const Photo& photo : import.photos())
+        import.choose({photo.id()}, true);
+    press(u"importProceed"_s);
+    ASSERT_TRUE(wait([&] { return import.job() != nullptr; }));
+    press(u"importLeave"_s);
+    ASSERT_TRUE(wait([this] { return state() == State::copied; }));
+    EXPECT_EQ(import.arrivedCount(), here().size());
+    EXPECT_LT(here().size(), 3);
 }
 
 TEST_F(ImportWindowTest, aRemovalGoesOnWhenItsPageIsLeftAndSaysHowItEnded) {

@@ -36,7 +36,11 @@ Prepared prepare(const std::vector<Photo>& photos, ImportLedger& ledger, const Q
 
 ImportViewModel::ImportViewModel(CopyQueue& queue, QString ledgers, QObject* parent)
     : QObject(parent), queue_(queue), ledgers_(std::move(ledgers)) {
-    connect(&queue_, &CopyQueue::jobFinished, this, &ImportViewModel::takeEnd);
+    // What is cancelled still keeps a ledger of what it has brought until all of it has ended.
+    connect(&queue_, &CopyQueue::recordChanged, this, [this](const QUuid& id) {
+        if (const CopyJob* copy = job(); copy != nullptr && copy->id == id && copy->isFinished())
+            takeEnd();
+    });
     connect(&queue_, &CopyQueue::jobChanged, this, [this](int index) {
         if (state_ == State::copying && queue_.indexOf(job_) == index)
             Q_EMIT stateChanged();
@@ -192,6 +196,7 @@ void ImportViewModel::start(const QString& folder, bool byDate) {
                 return;
             try {
                 Prepared prepared = result.take();
+                throwIfStopped(stop_.get_token()); // it was cancelled since
                 enqueue(std::move(prepared.plan), std::move(prepared.to));
             } catch (const CancellationError&) {
                 setState(State::choosing);
@@ -203,7 +208,7 @@ void ImportViewModel::start(const QString& folder, bool byDate) {
 
 void ImportViewModel::enqueue(ImportPlan plan, std::shared_ptr<LocalFileSystem> to) {
     if (plan.items.empty()) { // they lay here already
-        takeEnd({});
+        takeEnd();
         return;
     }
     job_ = queue_.enqueue(importRequest(files_, std::move(to), std::move(plan), found_.ledger));
@@ -220,12 +225,24 @@ void ImportViewModel::cancelCopy() {
     queue_.cancel(job_);
 }
 
-void ImportViewModel::takeEnd(const QUuid& job) {
-    if (job != job_ || (state_ != State::copying && state_ != State::copied))
+void ImportViewModel::takeEnd() {
+    if (state_ != State::copying && state_ != State::copied)
         return;
+    // The ledger tells of earlier copies, too, of what was to be fetched once more.
+    QSet<QString> missing;
+    if (job() != nullptr)
+        for (const CopyItem& item : queue_.recordOf(job_).rest)
+            if (!item.isContinued)
+                missing.insert(item.item.path);
     arrived_.clear();
     std::copy_if(copied_.begin(), copied_.end(), std::back_inserter(arrived_),
-                 [this](const Photo& photo) { return isFetched(photo, *found_.ledger); });
+                 [&](const Photo& photo) {
+                     return isFetched(photo, *found_.ledger) &&
+                            std::none_of(photo.files.begin(), photo.files.end(),
+                                         [&missing](const FileItem& file) {
+                                             return missing.contains(file.path);
+                                         });
+                 });
     setState(State::copied);
 }
 

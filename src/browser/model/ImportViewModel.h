@@ -29,8 +29,8 @@ public:
         looking,  ///< the camera folders are being listed
         failed,   ///< they could not be, or the copy could not begin: see problem()
         choosing, ///< photos() may be empty: nothing is new
-        copying,
-        copied, ///< see job(): not everything may have arrived
+        copying,  ///< also while what is cancelled comes to its end
+        copied,   ///< see job(): not everything may have arrived
         removing,
         removed, ///< see removal()
     };
@@ -136,7 +136,7 @@ private:
     void show(FoundPhotos found);
     void takeStock();
     void enqueue(ImportPlan plan, std::shared_ptr<LocalFileSystem> to);
-    void takeEnd(const QUuid& job);
+    void takeEnd();
     void takeRemoval(const ImportRemoval& removal, std::uint64_t number);
 
     CopyQueue& queue_;

@@ -182,6 +182,9 @@ void ImportView::show() {
                          state == State::removed);
     const bool isUnderWay = state == State::copying || state == State::removing;
     leave_->setText(isUnderWay ? tr("Cancel") : tr("Close"));
+    const CopyJob* copy = import_.job();
+    leave_->setEnabled(state != State::copying || copy == nullptr ||
+                       copy->status != CopyJob::Status::cancelled);
     switch (state) {
     case State::closed:
         break;
