@@ -2,13 +2,13 @@
 
 #include "app/LanguageManager.h"
 #include "app/texts/DisplayNames.h"
-#include "app/texts/ProblemText.h"
 #include "app/texts/SharedWords.h"
 #include "base/text/Printable.h"
 #include "views/common/Icons.h"
 #include "views/common/Layouts.h"
 #include "views/common/PageStack.h"
 #include "views/common/PlaceholderView.h"
+#include "views/common/ProblemText.h"
 #include "views/common/RowGround.h"
 
 #include <QApplication>

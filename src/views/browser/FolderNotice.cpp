@@ -1,7 +1,7 @@
 #include "views/browser/FolderNotice.h"
 
-#include "app/texts/ProblemText.h"
 #include "base/text/Printable.h"
+#include "views/common/ProblemText.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,7 +1,7 @@
 #include "views/tabs/WindowBanner.h"
 
 #include "app/texts/ErrorText.h"
-#include "app/texts/ProblemText.h"
+#include "views/common/ProblemText.h"
 
 namespace tessary {
 

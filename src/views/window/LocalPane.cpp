@@ -1,11 +1,11 @@
 #include "views/window/LocalPane.h"
 
-#include "app/texts/ProblemText.h"
 #include "base/local/LocalError.h"
 #include "base/text/PathNames.h"
 #include "base/threads/Background.h"
 #include "transfer/local/LocalFileSystem.h"
 #include "views/common/Layouts.h"
+#include "views/common/ProblemText.h"
 #include "views/common/StatusBanner.h"
 #include "views/common/TableColumns.h"
 #include "views/common/WindowStateStore.h"

@@ -1,4 +1,4 @@
-#include "app/texts/ProblemText.h"
+#include "views/common/ProblemText.h"
 
 #include "base/text/Printable.h"
 #include "phone/PhoneError.h"
