@@ -41,10 +41,6 @@ target_compile_options(tessary_flags INTERFACE
 if(TESSARY_WERROR)
     target_compile_options(tessary_flags INTERFACE -Werror)
 endif()
-if(CMAKE_CXX_COMPILER_ID MATCHES Clang)
-    # std::array counts the rows of a translation table in one fold expression.
-    target_compile_options(tessary_flags INTERFACE -fbracket-depth=1024)
-endif()
 target_compile_definitions(tessary_flags INTERFACE
     QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS
     _REENTRANT) # as some libraries ask for: a precompiled header serves all or none
