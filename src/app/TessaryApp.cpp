@@ -58,7 +58,7 @@ TessaryApp::~TessaryApp() {
 bool TessaryApp::stop() {
     deviceManager_.stopListening();
     syncManager_.cancelAll();
-    promisedFiles_.stop();
+    dragMount_.stop();
     phoneMounts_.closeAll();
     const auto end = std::chrono::steady_clock::now() + shutDownLimit;
     const auto left = [end] {

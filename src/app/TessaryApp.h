@@ -108,8 +108,8 @@ public:
         return setup_.importLedgers;
     }
     /// What was dragged out of the windows.
-    [[nodiscard]] DragMount& promisedFiles() {
-        return promisedFiles_;
+    [[nodiscard]] DragMount& dragMount() {
+        return dragMount_;
     }
     /// The phones that are open in the desktop's file manager.
     [[nodiscard]] PhoneMounts& phoneMounts() {
@@ -130,7 +130,7 @@ private:
     std::unique_ptr<ScratchFolder> scratch_; ///< of what has no folder in setup_; null for none
     const TessaryAppSetup setup_;
     StagedFiles staged_{QStringLiteral("files")};
-    DragMount promisedFiles_;
+    DragMount dragMount_;
     CopyQueue copies_;
     DeviceManager deviceManager_;
     RememberedCopies rememberedCopies_;

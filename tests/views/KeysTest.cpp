@@ -91,7 +91,7 @@ TEST_F(KeysTest, aFileOpensWithTheDesktopsProgram) {
 }
 
 TEST_F(KeysTest, withoutAMountAFileOpensHoweverLongItTakes) {
-    app_->promisedFiles().stop();
+    app_->dragMount().stop();
     openFolder();
     phone_.write(u"DCIM/film.mp4"_s, QByteArray(250'000, 'f'));
     phone_.write(u"DCIM/long.mp4"_s, QByteArray(2'000'000, 'l'));

@@ -31,7 +31,7 @@ FileBrowserViewModel::FileBrowserViewModel(CopyQueue& queue, BrowserSetup setup,
       openAndroid_(std::move(setup.openAndroid)),
       openApp_(std::move(setup.openApp)),
       staged_(setup.staged),
-      promises_(setup.promises),
+      dragMount_(setup.dragMount),
       selection_(rows_, std::move(setup.clock)),
       loader_([&queue] { return queue.summary().isIdle() ? reloadPause : reloadPauseInQueue; }),
       copies_(*this, queue, std::move(setup.comparesCopies)),
@@ -55,8 +55,8 @@ bool FileBrowserViewModel::isLocal() const {
 }
 
 void FileBrowserViewModel::takeDragFailures() {
-    if (promises_ != nullptr)
-        tellFailures(*promises_, this, [this](const BrowserProblem& p) { setProblem(p); });
+    if (dragMount_ != nullptr)
+        tellFailures(*dragMount_, this, [this](const BrowserProblem& p) { setProblem(p); });
 }
 
 FileBrowserViewModel::~FileBrowserViewModel() {
@@ -429,7 +429,8 @@ FileBrowserViewModel::prepareDragURLs(const QStringList& ids,
                                       std::function<void(const DragFiles&)> whenReady) {
     if (!files_)
         return std::stop_source(std::nostopstate);
-    return prepareDrag(this, {files_, itemsWithIds(ids), promises_, staged_}, std::move(whenReady));
+    return prepareDrag(this, {files_, itemsWithIds(ids), dragMount_, staged_},
+                       std::move(whenReady));
 }
 
 QStringList FileBrowserViewModel::pathCompletions(const QString& typed) const {

@@ -54,7 +54,7 @@ struct BrowserSetup {
     StagedFiles& staged;    ///< where previews and drags find their copies
     Typeahead::Clock clock; ///< empty: the steady clock
     OpenApp openApp{};
-    DragMount* promises = nullptr;            ///< null: what is dragged out is copied beforehand
+    DragMount* dragMount = nullptr;           ///< null: what is dragged out is copied beforehand
     BrowserCopies::Compares comparesCopies{}; ///< empty: they are not compared
 };
 
@@ -118,8 +118,8 @@ public:
         return staged_;
     }
     /// How files are shown here that are fetched when they are read; null where they are copied.
-    [[nodiscard]] DragMount* promises() const {
-        return promises_;
+    [[nodiscard]] DragMount* dragMount() const {
+        return dragMount_;
     }
     /// Where copies are queued.
     [[nodiscard]] const CopyQueue& queue() const {
@@ -310,7 +310,7 @@ public:
         preview_.cancel();
     }
     /// `whenReady` is called on the main thread, unless this is gone by then or the result
-    /// was asked to stop. Where this system can promise files the paths are there at once, and the
+    /// was asked to stop. Where a DragMount can show them the paths are there at once, and the
     /// entries are copied as another program reads them. Elsewhere they are copied beforehand:
     /// folders and what takes more than about two seconds are not ready then; with a folder
     /// nothing is.
@@ -371,7 +371,7 @@ private:
     BrowserSetup::OpenAndroid openAndroid_;
     BrowserSetup::OpenApp openApp_;
     StagedFiles& staged_;
-    DragMount* const promises_;
+    DragMount* const dragMount_;
 
     std::shared_ptr<PhoneFileSystem> files_;
     std::optional<DeviceInfo> activeDevice_;

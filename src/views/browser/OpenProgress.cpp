@@ -42,7 +42,7 @@ void fetchForOpening(FileBrowserViewModel& browser, std::vector<FileItem> items,
     window->setMinimumDuration(static_cast<int>(aMoment.count()));
     window->setValue(0); // the moment begins
     auto* fetch = new OpenFetch(
-        {browser.files(), std::move(items), browser.promises(), browser.stagedFiles()}, window);
+        {browser.files(), std::move(items), browser.dragMount(), browser.stagedFiles()}, window);
     QObject::connect(fetch, &OpenFetch::progress, window, [window](qint64 done, qint64 total) {
         const double share = total > 0 ? static_cast<double>(done) / static_cast<double>(total) : 0;
         window->setValue(static_cast<int>(share * whole));

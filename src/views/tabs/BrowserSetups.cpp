@@ -20,7 +20,7 @@ BrowserSetup browserSetup(TessaryApp& app) {
             [&app](const DeviceInfo& device, const AppInfo& chosen) {
                 return app.services().files().openApp(device, chosen);
             },
-        .promises = &app.promisedFiles(),
+        .dragMount = &app.dragMount(),
         .comparesCopies =
             [&app] { return app.defaults().value(BrowserCopies::comparesKey).toBool(); },
     };

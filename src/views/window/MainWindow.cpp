@@ -347,7 +347,7 @@ bool MainWindow::isChanging() const {
 /// all ends, and about what is being changed on a phone. True when there is nothing to ask.
 bool MainWindow::mayEnd(bool endsAll, bool endsChanges) {
     const bool isCopying =
-        endsAll && (!app_.copyQueue().summary().isIdle() || app_.promisedFiles().isBeingRead() ||
+        endsAll && (!app_.copyQueue().summary().isIdle() || app_.dragMount().isBeingRead() ||
                     app_.phoneMounts().isBeingRead());
     if (!isCopying && !endsChanges && !(endsAll && app_.syncManager().isRunning()))
         return true;
