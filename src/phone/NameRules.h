@@ -24,6 +24,9 @@ struct NameRules {
     bool operator==(const NameRules&) const = default;
 };
 
+/// How names are compared on any phone: storages ignore case, and some the Unicode form.
+inline constexpr NameRules phoneNames{.ignoresCase = true, .ignoresUnicodeForm = true};
+
 /// "a.txt", "a (2).txt", …: the first that is not too long and whose key `isTaken` does not hold
 /// for, shortened before its number where it has to be. But for its length `name` is accepted by
 /// the rules.

@@ -3,8 +3,8 @@
 #include "adb/files/ADBEdits.h"
 #include "adb/files/ADBListing.h"
 #include "base/text/PathNames.h"
+#include "phone/NameRules.h"
 #include "phone/PartNames.h"
-#include "phone/PhoneNames.h"
 
 #include <QSet>
 
@@ -107,7 +107,7 @@ ADBSmallFiles::Places ADBSmallFiles::free() {
     Places places;
     QSet<QString> given;
     for (std::size_t place = 0; place < files_.size(); ++place) {
-        const QString key = nameForPhones(files_[place].name);
+        const QString key = phoneNames.key(files_[place].name);
         if (facts[place + 1] || given.contains(key))
             continue;
         given.insert(key);

@@ -1,13 +1,13 @@
 #include "mtp/objects/MTPFolderContents.h"
 
-#include "phone/PhoneNames.h"
+#include "phone/NameRules.h"
 
 namespace tessary {
 
 void MTPFolderContents::insert(const MTPObjectInfo& info) {
     remove(info.id);
     objects_.insert(info.id, info);
-    handlesByName_.insert(nameForPhones(info.filename), info.id);
+    handlesByName_.insert(phoneNames.key(info.filename), info.id);
 }
 
 void MTPFolderContents::insertUnreadable(std::uint32_t handle) {
@@ -19,7 +19,7 @@ void MTPFolderContents::remove(std::uint32_t handle) {
     const auto object = objects_.constFind(handle);
     if (object == objects_.constEnd())
         return;
-    handlesByName_.remove(nameForPhones(object->filename), handle);
+    handlesByName_.remove(phoneNames.key(object->filename), handle);
     objects_.erase(object);
 }
 
@@ -39,12 +39,8 @@ std::optional<MTPObjectInfo> MTPFolderContents::info(std::uint32_t handle) const
     return found == objects_.cend() ? std::nullopt : std::optional(*found);
 }
 
-const MTPObjectInfo* MTPFolderContents::any() const {
-    return objects_.isEmpty() ? nullptr : &*objects_.constBegin();
-}
-
 const MTPObjectInfo* MTPFolderContents::find(const QString& name) const {
-    const QString key = nameForPhones(name);
+    const QString key = phoneNames.key(name);
     for (auto it = handlesByName_.constFind(key);
          it != handlesByName_.constEnd() && it.key() == key; ++it)
         if (const auto object = objects_.constFind(*it); object->filename == name)
@@ -54,7 +50,7 @@ const MTPObjectInfo* MTPFolderContents::find(const QString& name) const {
 
 std::optional<QString> MTPFolderContents::sameName(const QString& name,
                                                    std::uint32_t except) const {
-    const QString key = nameForPhones(name);
+    const QString key = phoneNames.key(name);
     for (auto it = handlesByName_.constFind(key);
          it != handlesByName_.constEnd() && it.key() == key; ++it)
         if (*it != except)

@@ -34,8 +34,6 @@ public:
     }
     /// The facts of an object; no value when they are not known.
     [[nodiscard]] std::optional<MTPObjectInfo> info(std::uint32_t handle) const;
-    /// Any object with its facts; null when there is none.
-    [[nodiscard]] const MTPObjectInfo* any() const;
     /// The object of this very name; null when there is none.
     [[nodiscard]] const MTPObjectInfo* find(const QString& name) const;
     /// The name, other than that of `except`, that phones take for this one.
@@ -45,7 +43,7 @@ public:
 private:
     std::uint32_t folder_ = 0;
     QHash<std::uint32_t, MTPObjectInfo> objects_;
-    QMultiHash<QString, std::uint32_t> handlesByName_; ///< by nameForPhones()
+    QMultiHash<QString, std::uint32_t> handlesByName_; ///< by phoneNames.key()
     QSet<std::uint32_t> unreadable_;
 };
 
