@@ -138,7 +138,7 @@ FileHandle fetchFilmParts(PhoneFileSystem& files, const FileItem& film, const Ca
 }
 
 PictureDecoder filmDecoder() {
-    return PictureDecoder(PictureDecoder::installedProgram("tessary-film"));
+    return PictureDecoder(installedHelper(QStringLiteral("tessary-film")));
 }
 
 Picture firstPictureOf(PhoneFileSystem& files, const FileItem& film, int maxSide,

@@ -5,9 +5,7 @@
 #include "platform/process/QtProcessRunner.h"
 #include "platform/sandbox/Sandbox.h"
 
-#include <QCoreApplication>
 #include <QFile>
-#include <QFileInfo>
 
 #include <mutex>
 
@@ -45,18 +43,6 @@ void sayWhatIsMissing() {
 
 PictureDecoder::PictureDecoder(QString program, std::chrono::milliseconds limit)
     : program_(std::move(program)), limit_(limit) {}
-
-QString PictureDecoder::installedProgram(const char* name) {
-    // Beside this program, where packages put helpers, and where a build puts its programs.
-    for (const char* folder : {".", "../libexec/tessary", "../../bin"}) {
-        const QFileInfo file(QStringLiteral("%1/%2/%3")
-                                 .arg(QCoreApplication::applicationDirPath(),
-                                      QString::fromLatin1(folder), QString::fromLatin1(name)));
-        if (file.isFile() && file.isExecutable())
-            return file.canonicalFilePath();
-    }
-    return {};
-}
 
 Picture PictureDecoder::decode(const PictureRequest& request, const std::stop_token& stop) const {
     const FileHandle file = openFile(request.file);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/local/FileHandle.h"
+#include "platform/process/ChildChannel.h"
 #include "preview/Picture.h"
 
 #include <chrono>
@@ -16,7 +17,7 @@ public:
     static constexpr std::chrono::milliseconds defaultLimit{60'000};
 
     /// `program` is the decoding program's path; by default the one that comes with this program.
-    explicit PictureDecoder(QString program = installedProgram("tessary-decode"),
+    explicit PictureDecoder(QString program = installedHelper(QStringLiteral("tessary-decode")),
                             std::chrono::milliseconds limit = defaultLimit);
 
     static constexpr qint64 longestFile = 400'000'000; ///< bytes
@@ -32,9 +33,6 @@ public:
     /// The same for an open file, from its beginning.
     [[nodiscard]] Picture decode(const FileHandle& file, int maxSide, int page,
                                  const std::stop_token& stop) const;
-
-    /// The path of a program that comes with this one. Empty when there is none.
-    [[nodiscard]] static QString installedProgram(const char* name);
 
 private:
     QString program_;

@@ -158,13 +158,13 @@ TEST_F(PictureDecoderTest, textIsDrawnWithThisComputersFonts) {
 }
 
 TEST_F(PictureDecoderTest, decodingProcessHasGivenUpEverythingElse) {
-    for (const auto& [program, file] : {std::pair("tessary-decode", saved("PNG", {1000, 1000})),
-                                        {"tessary-film", DemoMedia::film()}}) {
-        SCOPED_TRACE(program);
+    for (const auto& [program, file] : {std::pair(u"tessary-decode"_s, saved("PNG", {1000, 1000})),
+                                        {u"tessary-film"_s, DemoMedia::film()}}) {
+        SCOPED_TRACE(program.toStdString());
         // Its picture is more than a pipe holds, and is not read: it waits with it, walled in.
         QProcess process;
         process.setStandardInputFile(folder_.write(u"file"_s, file));
-        process.start(PictureDecoder::installedProgram(program), {u"1000"_s, u"0"_s});
+        process.start(installedHelper(program), {u"1000"_s, u"0"_s});
         ASSERT_TRUE(process.waitForStarted());
         const QString about = QStringLiteral("/proc/%1/").arg(process.processId());
         const auto textOf = [&](const char* name) {
