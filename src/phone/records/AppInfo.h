@@ -1,9 +1,6 @@
 #pragma once
 
-#include <QHashFunctions>
 #include <QString>
-
-#include <functional>
 
 namespace tessary {
 
@@ -29,16 +26,4 @@ struct AppInfo {
     return bundleIdentifier == QLatin1StringView("com.apple.afc");
 }
 
-[[nodiscard]] inline std::size_t qHash(const AppInfo& app, std::size_t seed = 0) {
-    return qHashMulti(seed, app.bundleIdentifier, app.displayName, app.fileSharingEnabled,
-                      app.documentsInPlace);
-}
-
 } // namespace tessary
-
-template <>
-struct std::hash<tessary::AppInfo> {
-    std::size_t operator()(const tessary::AppInfo& app) const {
-        return tessary::qHash(app);
-    }
-};

@@ -1,9 +1,9 @@
 #include "phone/records/DeviceInfo.h"
 
 #include "base/text/ByteFormat.h"
-#include "base/values/RecordHash.h"
 
 #include <algorithm>
+#include <array>
 
 namespace tessary {
 
@@ -82,21 +82,6 @@ std::optional<QString> DeviceInfo::formattedStorageSummary() const {
     if (total < 1)
         return std::nullopt;
     return formatBytes(std::min(free, total)) + QStringLiteral(" free of ") + formatBytes(total);
-}
-
-std::size_t qHash(const DeviceInfo& device, std::size_t seed) {
-    seed = qHashMulti(seed, device.udid, static_cast<int>(device.platform), device.handle,
-                      device.productId, device.vendorId, rawValue(device.connectionType),
-                      static_cast<int>(device.protocolMode));
-    seed = hashOptional(device.deviceName, seed);
-    seed = hashOptional(device.manufacturer, seed);
-    seed = hashOptional(device.serialNumber, seed);
-    seed = hashOptional(device.batteryLevel, seed);
-    seed = qHashMulti(seed, device.isLocked);
-    seed = hashOptional(device.freeStorageBytes, seed);
-    seed = hashOptional(device.totalStorageBytes, seed);
-    seed = qHashRange(device.volumes.begin(), device.volumes.end(), seed);
-    return qHashMulti(seed, device.usbLocation);
 }
 
 } // namespace tessary

@@ -5,7 +5,6 @@
 #include <QString>
 
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <vector>
 
@@ -27,7 +26,7 @@ enum class ProtocolMode { afc, mtp, adbTurbo };
 [[nodiscard]] QString rawValue(ProtocolMode mode);
 [[nodiscard]] std::optional<ProtocolMode> protocolModeFromRawValue(const QString& text);
 
-/// One attached device. A value: equality and hash cover every field, so that any change of a
+/// One attached device. A value: equality covers every field, so that any change of a
 /// detail makes the published list differ; `id()` is the narrower identity of a list row.
 struct DeviceInfo {
     QString udid; ///< iOS UDID, or the Android serial or substitute
@@ -60,13 +59,4 @@ struct DeviceInfo {
     bool operator==(const DeviceInfo&) const = default;
 };
 
-[[nodiscard]] std::size_t qHash(const DeviceInfo& device, std::size_t seed = 0);
-
 } // namespace tessary
-
-template <>
-struct std::hash<tessary::DeviceInfo> {
-    std::size_t operator()(const tessary::DeviceInfo& device) const {
-        return tessary::qHash(device);
-    }
-};

@@ -1,5 +1,7 @@
 #include "phone/records/EntryMarks.h"
 
+#include <QHashFunctions>
+
 namespace tessary {
 
 namespace {

@@ -1,7 +1,6 @@
 #include "phone/records/FileItem.h"
 
 #include "base/text/ByteFormat.h"
-#include "base/values/RecordHash.h"
 
 #include <QTimeZone>
 
@@ -45,13 +44,6 @@ QDateTime FileItem::modifiedDateOrEpoch() const {
 
 QString FileItem::iconName() const {
     return sfSymbol(category());
-}
-
-std::size_t qHash(const FileItem& item, std::size_t seed) {
-    seed = qHashMulti(seed, item.name, item.path, item.isDirectory, item.size);
-    seed = hashOptional(item.modifiedDate, seed);
-    seed = hashOptional(item.handle, seed);
-    return hashOptional(item.customId_, seed);
 }
 
 } // namespace tessary

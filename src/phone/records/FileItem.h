@@ -6,13 +6,12 @@
 #include <QString>
 
 #include <cstdint>
-#include <functional>
 #include <optional>
 
 namespace tessary {
 
-/// One entry of a listing, on a device or on the local disk. A value: equality and hash cover
-/// every field, `id()` is the narrower identity of a list row.
+/// One entry of a listing, on a device or on the local disk. A value: equality covers every
+/// field, `id()` is the narrower identity of a list row.
 struct FileItem {
     FileItem() = default;
     FileItem(QString name, QString path, bool isDirectory, qint64 size,
@@ -40,18 +39,7 @@ struct FileItem {
     bool operator==(const FileItem&) const = default;
 
 private:
-    friend std::size_t qHash(const FileItem& item, std::size_t seed);
-
     std::optional<QString> customId_;
 };
 
-[[nodiscard]] std::size_t qHash(const FileItem& item, std::size_t seed = 0);
-
 } // namespace tessary
-
-template <>
-struct std::hash<tessary::FileItem> {
-    std::size_t operator()(const tessary::FileItem& item) const {
-        return tessary::qHash(item);
-    }
-};

@@ -2,8 +2,6 @@
 
 #include "base/text/ByteFormat.h"
 
-#include <QHashFunctions>
-
 namespace tessary {
 
 qint64 StorageVolume::usedBytes() const {
@@ -21,11 +19,6 @@ QString StorageVolume::formattedFreeSpace() const {
 
 QString StorageVolume::formattedCapacity() const {
     return formattedFreeSpace() + QStringLiteral(" of ") + formatBytes(signedByteCount(totalBytes));
-}
-
-std::size_t qHash(const StorageVolume& volume, std::size_t seed) {
-    return qHashMulti(seed, volume.id, volume.name, volume.totalBytes, volume.freeBytes,
-                      volume.isSDCard);
 }
 
 } // namespace tessary

@@ -3,7 +3,6 @@
 #include <QString>
 
 #include <cstdint>
-#include <functional>
 
 namespace tessary {
 
@@ -28,13 +27,4 @@ struct StorageVolume {
     bool operator==(const StorageVolume&) const = default;
 };
 
-[[nodiscard]] std::size_t qHash(const StorageVolume& volume, std::size_t seed = 0);
-
 } // namespace tessary
-
-template <>
-struct std::hash<tessary::StorageVolume> {
-    std::size_t operator()(const tessary::StorageVolume& volume) const {
-        return tessary::qHash(volume);
-    }
-};
