@@ -35,8 +35,8 @@ struct Session {
 
     VirtualUSBBus bus;
     PluggedPhone phone{bus};
-    MTPClient client{
-        std::make_unique<MTPUSBTransport>(bus, phone.info.vendorId, phone.info.productId)};
+    MTPClient client{std::make_unique<MTPUSBTransport>(
+        bus, MTPDeviceAddress{phone.info.vendorId, phone.info.productId, {}, {}})};
 };
 
 void downloadToSink(benchmark::State& state) {

@@ -77,7 +77,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
                       },
                       {});
             require(bytes <= size);
-            (void)sync.stat("/sdcard/a", true, {});
+            (void)sync.stat({{"/sdcard/a", true}}, {});
         });
         attempt([&] {
             auto sync = client();

@@ -26,7 +26,8 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     ScriptedUSBBus bus;
     const FuzzedUSBDevice device(bus, fuzzInput(data, size));
     {
-        MTPClient client(std::make_unique<MTPUSBTransport>(bus, 0x18D1, 0x4EE1));
+        MTPClient client(
+            std::make_unique<MTPUSBTransport>(bus, MTPDeviceAddress{0x18D1, 0x4EE1, {}, {}}));
         std::vector<std::uint32_t> storages{1};
         std::vector<std::uint32_t> handles{2};
         attempt([&] { client.openSession(1); });

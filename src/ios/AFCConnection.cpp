@@ -210,10 +210,6 @@ std::optional<std::uint64_t> AFCConnection::freeBytes() {
     return status == AFC_E_SUCCESS && isNumber ? std::optional<std::uint64_t>(bytes) : std::nullopt;
 }
 
-void AFCConnection::requireLink() {
-    (void)freeBytes();
-}
-
 void AFCConnection::makeDirectory(const QString& path) {
     require(path, [name = path.toUtf8()](afc_client_t afc) {
         return afc_make_directory(afc, name.constData());

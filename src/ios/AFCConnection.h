@@ -54,13 +54,10 @@ public:
     }
 
     /// Names in the order of the device, without "." and "..", as the bytes that came: they need
-    /// not be UTF-8. Some of them when the link broke off meanwhile: see requireLink().
+    /// not be UTF-8. Some of them when the link broke off meanwhile: see AFCLink::requireLink().
     [[nodiscard]] std::vector<QByteArray> readNames(const QString& path);
     /// No value when nothing is there; any other refusal is thrown.
     [[nodiscard]] std::optional<AFCFileInfo> findInfo(const QString& path);
-    /// Throws unless the device still answers. The library takes an answer that was cut short for a
-    /// whole one: only what another answer followed is known to have come in full.
-    void requireLink();
     void makeDirectory(const QString& path);
     void removePath(const QString& path);
     void renamePath(const QString& from, const QString& to);

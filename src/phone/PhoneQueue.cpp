@@ -76,11 +76,6 @@ PhoneQueue::Job PhoneQueue::beginJob() {
     return Job(shared_from_this());
 }
 
-bool PhoneQueue::isBusy() const {
-    const std::scoped_lock lock(mutex_);
-    return isTaken_ || jobs_ > 0 || !waiting_.empty();
-}
-
 /// Nobody wants the phone but those who have time.
 bool PhoneQueue::isSpare() const {
     return jobs_ == 0 && std::ranges::all_of(waiting_, [](const Waiting& one) {

@@ -66,7 +66,6 @@ public:
     /// A turn, when nobody has one or waits for one and no job runs.
     [[nodiscard]] std::optional<Turn> tryTake();
     [[nodiscard]] Job beginJob();
-    [[nodiscard]] bool isBusy() const;
     /// Who waits for a turn.
     [[nodiscard]] std::size_t waitingCount() const;
     /// Whether somebody waits who wants his turn as soon as this, or sooner.

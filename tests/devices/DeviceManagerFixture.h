@@ -45,7 +45,10 @@ protected:
         return udids;
     }
     [[nodiscard]] std::optional<DeviceInfo> device(const char* udid) const {
-        return manager_->device(QString::fromUtf8(udid) + QStringLiteral("-0"));
+        for (const DeviceInfo& device : manager_->devices())
+            if (device.udid == QLatin1String(udid))
+                return device;
+        return std::nullopt;
     }
     [[nodiscard]] std::optional<DeviceTrouble> trouble(const char* udid) const {
         return manager_->trouble(QString::fromUtf8(udid) + QStringLiteral("-0"));

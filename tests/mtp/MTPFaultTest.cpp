@@ -116,7 +116,8 @@ TEST_P(DeadClientTest, nextClientWorks) {
     const std::uint32_t handle = find(client_, QStringLiteral("big"));
     client_.closeSession();
     {
-        MTPUSBTransport transport(bus_, phone_.info.vendorId, phone_.info.productId);
+        MTPUSBTransport transport(
+            bus_, MTPDeviceAddress{phone_.info.vendorId, phone_.info.productId, {}, {}});
         transport.open();
         transport.send(commandOf(0x1002, 1, {1}));
         (void)transport.receivePacket();

@@ -23,7 +23,8 @@ protected:
     }
 
     [[nodiscard]] std::unique_ptr<MTPTransportProtocol> newTransport() {
-        return std::make_unique<MTPUSBTransport>(bus_, phone_.info.vendorId, phone_.info.productId);
+        return std::make_unique<MTPUSBTransport>(
+            bus_, MTPDeviceAddress{phone_.info.vendorId, phone_.info.productId, {}, {}});
     }
     void replug() {
         phone_.android.unplug();

@@ -99,10 +99,6 @@ std::vector<ADBFacts> ADBSyncClient::stat(const std::vector<Question>& questions
     return answers;
 }
 
-ADBFacts ADBSyncClient::stat(const QByteArray& path, bool follows, const Wait& wait) {
-    return stat({{path, follows}}, wait).front();
-}
-
 void ADBSyncClient::list(const QByteArray& path,
                          const std::function<void(const ADBFacts& facts, QByteArray&& name)>& entry,
                          const Wait& wait) {

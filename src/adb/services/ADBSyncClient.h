@@ -54,7 +54,6 @@ public:
     /// phones look through a link only to a folder: what any other link leads to is ENOENT there.
     [[nodiscard]] std::vector<ADBFacts> stat(const std::vector<Question>& questions,
                                              const Wait& wait);
-    [[nodiscard]] ADBFacts stat(const QByteArray& path, bool follows, const Wait& wait);
 
     /// Hands the entries of a folder to `entry` in the phone's order, with "." and "..", links not
     /// followed. A folder that cannot be read has none. Names are hostile. Returns only when the

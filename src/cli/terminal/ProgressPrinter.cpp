@@ -24,14 +24,6 @@ ProgressPrinter::~ProgressPrinter() {
         std::fputs("\r\033[K", stream_);
 }
 
-void ProgressPrinter::show(qint64 done, qint64 total) {
-    TransferProgress progress;
-    progress.totalFiles = 1;
-    progress.totalBytes = total;
-    progress.currentFileBytes = done;
-    show(progress);
-}
-
 void ProgressPrinter::show(const TransferProgress& progress) {
     if (!isTerminal_)
         return;

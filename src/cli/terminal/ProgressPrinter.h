@@ -20,7 +20,6 @@ public:
     ProgressPrinter& operator=(const ProgressPrinter&) = delete;
 
     void show(const TransferProgress& progress);
-    void show(qint64 done, qint64 total);
 
 private:
     void write(const QString& line);

@@ -23,12 +23,6 @@ namespace {
 /// must not fill the memory.
 constexpr qsizetype rememberedDevices = 256;
 
-const DeviceInfo* find(const std::vector<DeviceInfo>& devices, const QString& id) {
-    const auto found = std::find_if(devices.begin(), devices.end(),
-                                    [&](const DeviceInfo& one) { return one.id() == id; });
-    return found == devices.end() ? nullptr : &*found;
-}
-
 } // namespace
 
 DeviceManager::DeviceManager(DeviceSources sources, DeviceServices& services,
@@ -53,7 +47,7 @@ DeviceManager::DeviceManager(DeviceSources sources, std::shared_ptr<DeviceProbe>
         // Trust may have been granted: whoever refused is asked again at once.
         for (const DeviceInfo& device : devices_)
             if (device.platform == DevicePlatform::iOS && trouble(device.id()))
-                refreshStorageInfo({device});
+                refreshDetailsForDevices({device});
     });
     connect(&storageTimer_, &QTimer::timeout, this, [this] {
         checkConflict(); // not at each poll of the list
@@ -65,7 +59,7 @@ DeviceManager::DeviceManager(DeviceSources sources, std::shared_ptr<DeviceProbe>
             devices_.begin(), devices_.end(), std::back_inserter(due), [&](const DeviceInfo& one) {
                 return isMinute || one.platform != DevicePlatform::iOS || lacksDetails(one);
             });
-        refreshStorageInfo(due);
+        refreshDetailsForDevices(due);
     });
 }
 
@@ -362,10 +356,6 @@ void DeviceManager::checkConflict() {
         });
 }
 
-void DeviceManager::refreshStorageInfo(const std::vector<DeviceInfo>& forDevices) {
-    refreshDetailsForDevices(forDevices);
-}
-
 void DeviceManager::refreshDetailsForDevices(const std::vector<DeviceInfo>& devices) {
     for (const DeviceInfo& device : devices)
         if (attachments_.contains(device.id()) && !isAsking(device))
@@ -428,11 +418,6 @@ void DeviceManager::tellWhenSettled() {
                                         [this](const DeviceInfo& one) { return isAsking(one); });
     if (!isScanning_ && !isAskingADB_ && !iphones_.isReading() && !isAnyAsked)
         Q_EMIT detailsSettled();
-}
-
-std::optional<DeviceInfo> DeviceManager::device(const QString& id) const {
-    const DeviceInfo* found = find(devices_, id);
-    return found == nullptr ? std::nullopt : std::optional(*found);
 }
 
 std::optional<DeviceTrouble> DeviceManager::trouble(const QString& id) const {

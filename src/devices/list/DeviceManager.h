@@ -62,15 +62,11 @@ public:
     /// Reads bus and multiplexer anew, and asks devices for details: those that are new or lack
     /// some, or all with `forceStorageRefresh`. Returns at once; changes are told by signals.
     void refreshDeviceList(bool forceStorageRefresh);
-    /// Asks these devices for battery and storage, whatever is known already.
-    void refreshStorageInfo(const std::vector<DeviceInfo>& forDevices);
 
     /// Sorted by udid.
     [[nodiscard]] const std::vector<DeviceInfo>& devices() const {
         return devices_;
     }
-    /// The device with this `DeviceInfo::id()`, while it is attached.
-    [[nodiscard]] std::optional<DeviceInfo> device(const QString& id) const;
     /// Whether a program runs that competes for Android devices. Asked at each refresh that is not
     /// a timer's, and every `storageInterval`.
     [[nodiscard]] bool hasUSBConflict() const {
@@ -121,6 +117,7 @@ private:
     void setTrouble(const QString& id, const std::optional<DeviceTrouble>& trouble);
     [[nodiscard]] bool hasAndroid() const;
     void checkConflict();
+    /// Asks these for battery and storage, whatever is known already.
     void refreshDetailsForDevices(const std::vector<DeviceInfo>& devices);
     void ask(const DeviceInfo& device);
     [[nodiscard]] bool lacksDetails(const DeviceInfo& device) const;

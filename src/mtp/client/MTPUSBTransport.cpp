@@ -7,9 +7,6 @@ namespace tessary {
 MTPUSBTransport::MTPUSBTransport(USBBus& bus, MTPDeviceAddress address)
     : bus_(bus), address_(std::move(address)) {}
 
-MTPUSBTransport::MTPUSBTransport(USBBus& bus, std::uint32_t vendorID, std::uint32_t productID)
-    : MTPUSBTransport(bus, MTPDeviceAddress{vendorID, productID, {}, {}}) {}
-
 MTPUSBTransport::~MTPUSBTransport() = default;
 
 void MTPUSBTransport::open() {

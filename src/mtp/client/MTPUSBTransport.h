@@ -19,8 +19,6 @@ class MTPUSBTransport final : public MTPTransportProtocol {
 public:
     /// `bus` must outlive the transport.
     MTPUSBTransport(USBBus& bus, MTPDeviceAddress address);
-    /// Any device with these IDs.
-    MTPUSBTransport(USBBus& bus, std::uint32_t vendorID, std::uint32_t productID);
     ~MTPUSBTransport() override;
 
     void open() override;

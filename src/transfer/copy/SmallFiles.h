@@ -31,9 +31,6 @@ public:
     [[nodiscard]] bool isFull() const {
         return files_.size() >= mostFiles || bytes_ >= mostBytes;
     }
-    [[nodiscard]] std::size_t count() const {
-        return files_.size();
-    }
     [[nodiscard]] const std::vector<One>& all() const {
         return files_;
     }

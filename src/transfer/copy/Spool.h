@@ -21,14 +21,12 @@ public:
     void append(ByteView bytes);
     /// The next bytes, 0 at the end. Nothing is appended after the first call.
     std::size_t read(std::span<std::byte> into);
-    [[nodiscard]] qint64 size() const {
-        return size_;
-    }
+
+private:
     [[nodiscard]] bool isOnDisk() const {
         return file_.has_value();
     }
 
-private:
     const qint64 mostInMemory_;
     Bytes memory_;
     std::optional<UnnamedFile> file_; ///< holds everything once it is there
