@@ -69,5 +69,21 @@ TEST(PathNames, onlyAPlainNameIsSafe) {
         EXPECT_TRUE(isSafeName(name)) << testing::PrintToString(name);
 }
 
+TEST(PathNames, folderHoldsItselfAndWhatIsBelowIt) {
+    for (const auto& [path, folder] : {std::pair("/a", "/a"),
+                                       {"/a/b", "/a"},
+                                       {"/a", "/a/"},
+                                       {"/a", "/"},
+                                       {"/", "/"},
+                                       {"a/b/c", "a/b"},
+                                       {"", ""}})
+        EXPECT_TRUE(isAtOrBelow(QString::fromLatin1(path), QString::fromLatin1(folder)))
+            << path << " in " << folder;
+    for (const auto& [path, folder] :
+         {std::pair("/ab", "/a"), {"/", "/a"}, {"/a", "/a/b"}, {"/a", ""}})
+        EXPECT_FALSE(isAtOrBelow(QString::fromLatin1(path), QString::fromLatin1(folder)))
+            << path << " in " << folder;
+}
+
 } // namespace
 } // namespace tessary

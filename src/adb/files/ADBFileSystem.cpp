@@ -15,8 +15,6 @@ namespace tessary {
 
 namespace {
 
-constexpr QLatin1Char slash('/');
-
 void letOthersIn(PassingTurn& turn) {
     if (turn.isDue())
         turn.pass();
@@ -301,7 +299,7 @@ FileItem ADBFileSystem::rename(const FileItem& item, const QString& newName, Tak
 FileItem ADBFileSystem::move(const FileItem& item, const QString& newFolder, const Call& call) {
     const FileItem there = editable(item);
     const QString folder = canonicalPath(newFolder);
-    if (folder == there.path || folder.startsWith(there.path + slash))
+    if (isAtOrBelow(folder, there.path))
         throw Error(PhoneError::insideItself, {there.path});
     if (ADBStorages::rootPathOf(folder) != ADBStorages::rootPathOf(there.path))
         throw Error(PhoneError::otherStorage, {there.path});

@@ -27,11 +27,6 @@ constexpr std::array aliases{View("/storage/emulated/0"), View("/storage/self/pr
 constexpr std::array notCards{View("emulated"), View("self"), View("enc_emulated"),
                               View("knox-emulated"), View("sdcard0")};
 
-bool isBelow(const QString& path, QStringView folder) {
-    return path.startsWith(folder) &&
-           (path.size() == folder.size() || path[folder.size()] == slash);
-}
-
 bool isCard(const QString& name) {
     return isSafeName(name) && std::find(notCards.begin(), notCards.end(), name) == notCards.end();
 }
@@ -56,7 +51,7 @@ QString swappedCase(const QString& text) {
 QString ADBStorages::canonicalPath(const QString& path) const {
     QString clean = slash + androidPath(path).split(slash, Qt::SkipEmptyParts).join(slash);
     for (const View alias : aliases)
-        if (isBelow(clean, QString(alias)))
+        if (isAtOrBelow(clean, QString(alias)))
             return card + clean.mid(alias.size());
     if (!clean.startsWith(storage))
         return clean;
@@ -79,7 +74,7 @@ bool ADBStorages::isByNumber(const QString& canonical) {
 QString ADBStorages::rootPathOf(const QString& canonical) {
     if (canonical.startsWith(storage) && isCard(canonical.section(slash, 2, 2)))
         return canonical.section(slash, 0, 2);
-    return isBelow(canonical, QString(card)) ? QString(card) : QString(slash);
+    return isAtOrBelow(canonical, QString(card)) ? QString(card) : QString(slash);
 }
 
 FileTreeRoot ADBStorages::rootOf(const QString& path) const {

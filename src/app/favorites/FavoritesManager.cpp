@@ -1,5 +1,7 @@
 #include "app/favorites/FavoritesManager.h"
 
+#include "base/text/PathNames.h"
+
 #include <QJsonArray>
 
 #include <algorithm>
@@ -7,11 +9,6 @@
 namespace tessary {
 
 namespace {
-
-/// So that /A/B is no beginning of /A/BC. The root is its own end.
-QString withSlash(const QString& path) {
-    return path.size() < 2 || path.endsWith(QLatin1Char('/')) ? path : path + QLatin1Char('/');
-}
 
 QJsonArray encodeFavorites(const std::vector<DeviceFavorite>& favorites) {
     QJsonArray list;
@@ -136,10 +133,9 @@ void FavoritesManager::moveFavorites(const QString& deviceUDID, const std::set<i
 
 void FavoritesManager::removeFavorites(const QString& path, const QString& deviceUDID,
                                        const std::optional<QString>& appBundleId) {
-    const QString gone = withSlash(path);
     removeWhere([&](const DeviceFavorite& favorite) {
         return favorite.deviceUDID == deviceUDID && favorite.appBundleId == appBundleId &&
-               withSlash(favorite.path).startsWith(gone);
+               isAtOrBelow(favorite.path, path);
     });
 }
 

@@ -34,6 +34,15 @@ QString lastComponent(const QString& path) {
     return clean.mid(clean.lastIndexOf(slash) + 1);
 }
 
+bool isAtOrBelow(QStringView path, QStringView folder) {
+    if (folder.isEmpty())
+        return path.isEmpty();
+    if (folder.endsWith(slash))
+        folder.chop(1);
+    return path.startsWith(folder) &&
+           (path.size() == folder.size() || path[folder.size()] == slash);
+}
+
 bool isSafeName(const QString& name) {
     return !name.isEmpty() && name != QLatin1StringView(".") && name != QLatin1StringView("..") &&
            !name.contains(slash) && !name.contains(QChar::Null);

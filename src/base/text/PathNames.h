@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringView>
 
 namespace tessary {
 
@@ -14,6 +15,9 @@ namespace tessary {
 
 /// The last component; empty for the root.
 [[nodiscard]] QString lastComponent(const QString& path);
+
+/// Whether a path is that of a folder or of something in it, however deep. Nothing is in "".
+[[nodiscard]] bool isAtOrBelow(QStringView path, QStringView folder);
 
 /// Whether a name from a device may become one component of a local path: not empty, not "." or
 /// "..", and without "/" and NUL.

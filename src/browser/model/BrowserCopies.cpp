@@ -176,12 +176,10 @@ void BrowserCopies::moveByCopy(const std::shared_ptr<PhoneFileSystem>& files,
 
 bool BrowserCopies::areBeingRead(const PhoneFileSystem& files,
                                  const std::vector<FileItem>& items) const {
-    const auto isWithin = [](const QString& path, const QString& folder) {
-        return path == folder || path.startsWith(folder + QLatin1Char('/'));
-    };
     const auto touches = [&](const CopyItem& copied) {
         return std::ranges::any_of(items, [&](const FileItem& item) {
-            return isWithin(copied.item.path, item.path) || isWithin(item.path, copied.item.path);
+            return isAtOrBelow(copied.item.path, item.path) ||
+                   isAtOrBelow(item.path, copied.item.path);
         });
     };
     return std::ranges::any_of(queue_.jobs(), [&](const CopyJob& job) {
@@ -200,8 +198,7 @@ bool BrowserCopies::fillsShownFolder(const CopyJob& job) const {
     const QString shown = browser_.currentPath();
     const QString folder = files->canonicalPath(job.targetFolder);
     const auto holdsShown = [&](const QString& path) {
-        const QString made = files->canonicalPath(path);
-        return shown == made || shown.startsWith(joinPath(made, {}));
+        return isAtOrBelow(shown, files->canonicalPath(path));
     };
     const auto comesHere = [&](const CopyItem& item) {
         return holdsShown(joinPath(joinPath(folder, item.folder), item.name));

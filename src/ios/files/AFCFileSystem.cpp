@@ -297,7 +297,7 @@ FileItem AFCFileSystem::move(const FileItem& item, const QString& newFolder, con
     const QString folder = canonicalPath(newFolder);
     const QString path = canonicalPath(item.path);
     requireItem(path);
-    if (joinPath(folder, {}).startsWith(joinPath(path, {})))
+    if (isAtOrBelow(folder, path))
         throw Error(PhoneError::insideItself, {path});
     return renameTo(item, joinPath(folder, lastComponent(path)), TakenName::refused, call);
 }

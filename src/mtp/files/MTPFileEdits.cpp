@@ -1,5 +1,6 @@
 #include "mtp/files/MTPFileEdits.h"
 
+#include "base/text/PathNames.h"
 #include "mtp/files/MTPFileItems.h"
 #include "mtp/files/MTPFileWriter.h"
 #include "mtp/objects/MTPFailures.h"
@@ -74,8 +75,7 @@ FileItem MTPFileEdits::move(const FileItem& item, const QString& newFolder) {
     const std::uint32_t storageID = found.location.storageID;
     if (target.location.storageID != storageID)
         throw Error(PhoneError::otherStorage, {item.path});
-    const QString inside = found.location.path + QLatin1Char('/');
-    if (target.location.path == found.location.path || target.location.path.startsWith(inside))
+    if (isAtOrBelow(target.location.path, found.location.path))
         throw Error(PhoneError::insideItself, {item.path});
     requireFreeMTPName(tree_.contents(target, stop_), item.name);
     try {

@@ -28,8 +28,7 @@ namespace {
 /// The name of a path before renames that were planned and not carried out.
 QString nameBefore(QString path, const std::vector<SyncRename>& renames, bool onDevice) {
     for (auto it = renames.rbegin(); it != renames.rend(); ++it)
-        if (it->onDevice == onDevice &&
-            (path == it->to || path.startsWith(it->to + QLatin1Char('/'))))
+        if (it->onDevice == onDevice && isAtOrBelow(path, it->to))
             path = it->from + path.mid(it->to.size());
     return path;
 }

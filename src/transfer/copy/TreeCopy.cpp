@@ -22,10 +22,6 @@ QStringList namesOf(const std::vector<ScannedItem>& items) {
     return names;
 }
 
-bool isAtOrBelow(const QString& path, const QString& folder) {
-    return path == folder || path.startsWith(joinPath(folder, {}));
-}
-
 } // namespace
 
 TreeCopy::TreeCopy(TreeCopyRequest request)

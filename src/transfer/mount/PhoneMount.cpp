@@ -76,10 +76,8 @@ QString PhoneMount::localPath(const QString& folder) const {
     for (const auto& tree : trees_) {
         const QString& top = tree->top().path;
         const QString shown = trees_.size() == 1 ? path_ : joinPath(path_, tree->top().name);
-        if (folder == top)
-            return shown;
-        if (folder.startsWith(joinPath(top, {})))
-            return joinPath(shown, folder.mid(joinPath(top, {}).size()));
+        if (isAtOrBelow(folder, top))
+            return folder == top ? shown : joinPath(shown, folder.mid(joinPath(top, {}).size()));
     }
     return path_;
 }

@@ -61,8 +61,7 @@ bool EntryDrop::consider(QDropEvent& event, const DropFolder& folder) const {
         // Not where they are, not onto themselves, not into what they hold.
         const QString target = browser_.files()->canonicalPath(folder.path);
         const auto holdsTarget = [&](const FileItem& item) {
-            const QString path = browser_.files()->canonicalPath(item.path);
-            return path == target || target.startsWith(path + QLatin1Char('/'));
+            return isAtOrBelow(target, browser_.files()->canonicalPath(item.path));
         };
         const bool moves = isMove(event, true);
         const auto isThere = [&](const FileItem& item) {

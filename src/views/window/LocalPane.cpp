@@ -30,10 +30,6 @@ struct PlaceOnDisk {
     QString file;
 };
 
-bool isIn(const QString& top, const QString& folder) {
-    return folder == top || (!top.isEmpty() && folder.startsWith(joinPath(top, {})));
-}
-
 /// Links on the way are followed; no value where nothing is. Blocking.
 std::optional<PlaceOnDisk> placeOnDisk(const QString& path) {
     const QFileInfo found(QFileInfo(path).canonicalFilePath());
@@ -47,7 +43,7 @@ std::optional<PlaceOnDisk> placeOnDisk(const QString& path) {
     const QString disk = QStorageInfo(place.folder).rootPath();
     place.top = place.folder;
     for (const QString& top : {disk, home})
-        if (isIn(top, place.folder))
+        if (isAtOrBelow(place.folder, top))
             place.top = top;
     return place;
 }
