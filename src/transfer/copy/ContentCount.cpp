@@ -50,7 +50,7 @@ ContentCount countContent(PhoneFileSystem& files, const std::vector<FileItem>& i
             }
         };
         try {
-            if (folder.depth > deepestFolder)
+            if (folder.depth >= deepestFolder)
                 throw Error(PhoneError::insideItself, {folder.path});
             files.list(folder.path, {addRows, [&](UnreadableEntry&&) { ++count.unreadable; }},
                        call);

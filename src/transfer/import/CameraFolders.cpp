@@ -2,13 +2,11 @@
 
 #include "base/text/PathNames.h"
 #include "base/threads/CancellationError.h"
+#include "phone/TreeLimits.h"
 
 namespace tessary {
 
 namespace {
-
-/// Cameras nest their folders one or two deep; what goes on below is a phone's mistake.
-constexpr int maxDepth = 8;
 
 class Lister {
 public:
@@ -19,7 +17,12 @@ public:
         throwIfStopped(call_.stop);
         Listing listing;
         try {
+            if (depth >= deepestFolder)
+                throw Error(PhoneError::insideItself, {folder});
+            if (count_ > mostWalkedEntries)
+                throw Error(PhoneError::listingBroken, {folder});
             listing = listAll(files_, folder, call_);
+            count_ += static_cast<qint64>(listing.items.size());
         } catch (const Error& error) {
             if (endsEverything(error))
                 throw;
@@ -41,12 +44,8 @@ public:
         }
         if (found_)
             found_(all_.files.size());
-        for (const QString& path : below) {
-            if (depth < maxDepth)
-                listBelow(path, depth + 1);
-            else
-                all_.unreadable.push_back({path, Error(PhoneError::insideItself, {path})});
-        }
+        for (const QString& path : below)
+            listBelow(path, depth + 1);
     }
 
     [[nodiscard]] CameraFiles take() {
@@ -58,6 +57,7 @@ private:
     const std::function<void(std::size_t)>& found_;
     const Call& call_;
     CameraFiles all_;
+    qint64 count_ = 0; ///< entries seen
 };
 
 } // namespace
