@@ -26,6 +26,7 @@ protected:
 TEST_F(Records, categoryFollowsTheLastExtensionOnly) {
     const std::tuple<const char*, FileCategory, const char*> rows[] = {
         {"photo.JPG", FileCategory::image, "jpg"},
+        {"sensor.CR2", FileCategory::image, "cr2"},
         {"stream.ts", FileCategory::code, "ts"},
         {"backup.tar.gz", FileCategory::archive, "gz"},
         {"x.jpgx", FileCategory::other, "jpgx"},

@@ -1,6 +1,7 @@
 #include "phone/records/FileCategory.h"
 
 #include <QHash>
+#include <QStringList>
 
 namespace tessary {
 
@@ -18,8 +19,9 @@ struct CategoryRow {
 constexpr std::array<CategoryRow, 9> categoryTable{{
     {FileCategory::folder, View("Folder"), View("folder.fill"), View("")},
     {FileCategory::image, View("Image"), View("photo"),
-     View("jpg jpeg png gif heic webp bmp raw dng")},
-    {FileCategory::video, View("Video"), View("film"), View("mp4 mov avi mkv webm 3gp flv")},
+     View("jpg jpeg jpe png gif heic heif hif webp avif jxl tif tiff bmp")},
+    {FileCategory::video, View("Video"), View("film"),
+     View("mp4 mov m4v 3gp 3g2 mkv webm avi mpg mpeg mts m2ts insv flv")},
     {FileCategory::audio, View("Audio"), View("music.note"), View("mp3 aac wav m4a flac ogg opus")},
     {FileCategory::document, View("Document"), View("doc.richtext"),
      View("pdf doc docx txt rtf md xls xlsx ppt pptx log")},
@@ -30,6 +32,13 @@ constexpr std::array<CategoryRow, 9> categoryTable{{
     {FileCategory::other, View("File"), View("doc"), View("")},
 }};
 
+/// What cameras saw, before anybody made a picture of it: images too.
+constexpr View rawPictures("dng raw cr2 cr3 nef arw orf rw2 raf pef srw gpr");
+
+QStringList words(View row) {
+    return QString(row).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+}
+
 const CategoryRow& row(FileCategory category) {
     return categoryTable[static_cast<std::size_t>(category)];
 }
@@ -37,9 +46,10 @@ const CategoryRow& row(FileCategory category) {
 QHash<QString, FileCategory> extensionIndex() {
     QHash<QString, FileCategory> index;
     for (const CategoryRow& entry : categoryTable)
-        for (const QString& extension :
-             QString(entry.extensions).split(QLatin1Char(' '), Qt::SkipEmptyParts))
+        for (const QString& extension : words(entry.extensions))
             index.insert(extension, entry.category);
+    for (const QString& extension : words(rawPictures))
+        index.insert(extension, FileCategory::image);
     return index;
 }
 
@@ -56,6 +66,11 @@ QString sfSymbol(FileCategory category) {
 FileCategory fileCategoryForExtension(QStringView extension) {
     static const QHash<QString, FileCategory> index = extensionIndex();
     return index.value(extension.toString(), FileCategory::other);
+}
+
+bool isRawPicture(QStringView extension) {
+    static const QStringList extensions = words(rawPictures);
+    return extensions.contains(extension);
 }
 
 } // namespace tessary

@@ -20,5 +20,7 @@ inline constexpr std::array allFileCategories{
 
 /// The category of a file by its lower-cased extension; `other` for an unknown or empty one.
 [[nodiscard]] FileCategory fileCategoryForExtension(QStringView extension);
+/// Whether that is an image as a camera's sensor gave it.
+[[nodiscard]] bool isRawPicture(QStringView extension);
 
 } // namespace tessary

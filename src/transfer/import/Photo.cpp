@@ -3,7 +3,6 @@
 #include "base/text/ByteCount.h"
 #include "base/text/PathNames.h"
 
-#include <QHash>
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -12,26 +11,6 @@
 namespace tessary {
 
 namespace {
-
-struct KindRow {
-    MediaKind kind;
-    const char* extensions; ///< separated by blanks
-};
-
-constexpr std::array kinds{
-    KindRow{MediaKind::picture, "jpg jpeg heic heif hif png gif webp avif jxl tif tiff bmp"},
-    KindRow{MediaKind::raw, "dng raw cr2 cr3 nef arw orf rw2 raf pef srw gpr"},
-    KindRow{MediaKind::video, "mov mp4 m4v 3gp 3g2 mkv webm avi mpg mpeg mts m2ts insv"},
-    KindRow{MediaKind::companion, "aae xmp thm srt"},
-};
-
-QHash<QString, MediaKind> kindsByExtension() {
-    QHash<QString, MediaKind> index;
-    for (const KindRow& row : kinds)
-        for (const QString& extension : QString::fromLatin1(row.extensions).split(u' '))
-            index.insert(extension, row.kind);
-    return index;
-}
 
 /// What the files of one photo have in common in their names.
 QString stemOf(const QString& name) {
@@ -60,10 +39,19 @@ int rankOf(const FileItem& item) {
 } // namespace
 
 std::optional<MediaKind> mediaKindOf(const QString& name) {
-    static const QHash<QString, MediaKind> index = kindsByExtension();
     const qsizetype dot = name.lastIndexOf(u'.');
-    const auto found = index.constFind(dot < 0 ? QString() : name.mid(dot + 1).toLower());
-    return found == index.constEnd() ? std::nullopt : std::optional(*found);
+    const QString extension = dot < 0 ? QString() : name.mid(dot + 1).toLower();
+    if (isRawPicture(extension))
+        return MediaKind::raw;
+    const FileCategory category = fileCategoryForExtension(extension);
+    if (category == FileCategory::image)
+        return MediaKind::picture;
+    if (category == FileCategory::video)
+        return MediaKind::video;
+    constexpr std::array companions{"aae", "xmp", "thm", "srt"};
+    const bool isCompanion = std::ranges::any_of(
+        companions, [&](const char* one) { return extension == QLatin1StringView(one); });
+    return isCompanion ? std::optional(MediaKind::companion) : std::nullopt;
 }
 
 std::optional<QDateTime> Photo::taken() const {
