@@ -12,13 +12,13 @@ namespace {
 struct PlatformRow {
     DevicePlatform platform;
     QLatin1StringView rawValue;
-    QLatin1StringView systemImage;
+    QLatin1StringView iconName;
 };
 
 constexpr std::array platformTable{
-    PlatformRow{DevicePlatform::iOS, QLatin1StringView("iOS"), QLatin1StringView("iphone.gen3")},
+    PlatformRow{DevicePlatform::iOS, QLatin1StringView("iOS"), QLatin1StringView("iphonePicture")},
     PlatformRow{DevicePlatform::android, QLatin1StringView("Android"),
-                QLatin1StringView("smartphone")},
+                QLatin1StringView("phonePicture")},
 };
 
 struct ModeRow {
@@ -38,8 +38,8 @@ QString rawValue(DevicePlatform platform) {
     return platformTable[static_cast<std::size_t>(platform)].rawValue;
 }
 
-QString systemImage(DevicePlatform platform) {
-    return platformTable[static_cast<std::size_t>(platform)].systemImage;
+QString iconName(DevicePlatform platform) {
+    return platformTable[static_cast<std::size_t>(platform)].iconName;
 }
 
 std::uint32_t rawValue(ConnectionType type) {

@@ -13,7 +13,8 @@ namespace tessary {
 enum class DevicePlatform { iOS, android };
 
 [[nodiscard]] QString rawValue(DevicePlatform platform);
-[[nodiscard]] QString systemImage(DevicePlatform platform);
+/// Of this program's own icons.
+[[nodiscard]] QString iconName(DevicePlatform platform);
 
 /// How a device is attached; the numbers are those of the USB multiplexer's device list.
 enum class ConnectionType : std::uint32_t { usb = 1, network = 2 };

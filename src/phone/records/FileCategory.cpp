@@ -12,24 +12,27 @@ using View = QLatin1StringView;
 struct CategoryRow {
     FileCategory category;
     View rawValue;
-    View sfSymbol;
+    View iconName;
     View extensions; ///< separated by blanks
 };
 
 constexpr std::array<CategoryRow, 9> categoryTable{{
-    {FileCategory::folder, View("Folder"), View("folder.fill"), View("")},
-    {FileCategory::image, View("Image"), View("photo"),
+    {FileCategory::folder, View("Folder"), View("folder"), View("")},
+    {FileCategory::image, View("Image"), View("image-x-generic"),
      View("jpg jpeg jpe png gif heic heif hif webp avif jxl tif tiff bmp")},
-    {FileCategory::video, View("Video"), View("film"),
+    {FileCategory::video, View("Video"), View("video-x-generic"),
      View("mp4 mov m4v 3gp 3g2 mkv webm avi mpg mpeg mts m2ts insv flv")},
-    {FileCategory::audio, View("Audio"), View("music.note"), View("mp3 aac wav m4a flac ogg opus")},
-    {FileCategory::document, View("Document"), View("doc.richtext"),
+    {FileCategory::audio, View("Audio"), View("audio-x-generic"),
+     View("mp3 aac wav m4a flac ogg opus")},
+    {FileCategory::document, View("Document"), View("x-office-document"),
      View("pdf doc docx txt rtf md xls xlsx ppt pptx log")},
-    {FileCategory::archive, View("Archive"), View("doc.zipper"), View("zip tar gz 7z rar bz2 xz")},
-    {FileCategory::apk, View("APK Package"), View("shippingbox.fill"), View("apk xapk apks")},
-    {FileCategory::code, View("Source Code"), View("chevron.left.forwardslash.chevron.right"),
+    {FileCategory::archive, View("Archive"), View("package-x-generic"),
+     View("zip tar gz 7z rar bz2 xz")},
+    {FileCategory::apk, View("APK Package"), View("application-vnd.android.package-archive"),
+     View("apk xapk apks")},
+    {FileCategory::code, View("Source Code"), View("text-x-script"),
      View("swift kt java py c cpp h js ts json xml html css")},
-    {FileCategory::other, View("File"), View("doc"), View("")},
+    {FileCategory::other, View("File"), View("text-x-generic"), View("")},
 }};
 
 /// What cameras saw, before anybody made a picture of it: images too.
@@ -59,8 +62,8 @@ QString rawValue(FileCategory category) {
     return row(category).rawValue;
 }
 
-QString sfSymbol(FileCategory category) {
-    return row(category).sfSymbol;
+QString iconName(FileCategory category) {
+    return row(category).iconName;
 }
 
 FileCategory fileCategoryForExtension(QStringView extension) {

@@ -16,7 +16,8 @@ inline constexpr std::array allFileCategories{
 
 /// The name that the user sees.
 [[nodiscard]] QString rawValue(FileCategory category);
-[[nodiscard]] QString sfSymbol(FileCategory category);
+/// In an icon theme.
+[[nodiscard]] QString iconName(FileCategory category);
 
 /// The category of a file by its lower-cased extension; `other` for an unknown or empty one.
 [[nodiscard]] FileCategory fileCategoryForExtension(QStringView extension);

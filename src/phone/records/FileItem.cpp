@@ -43,7 +43,7 @@ QDateTime FileItem::modifiedDateOrEpoch() const {
 }
 
 QString FileItem::iconName() const {
-    return sfSymbol(category());
+    return tessary::iconName(category());
 }
 
 } // namespace tessary

@@ -166,11 +166,11 @@ void AppListView::show() {
             return;
         }
         placeholder_->show(
-            QStringLiteral("iphone.gen3"), tr("Looking for apps…"), {}, tr("Cancel"),
+            QStringLiteral("iphonePicture"), tr("Looking for apps…"), {}, tr("Cancel"),
             [this] { apps_.cancelLoading(); }, true);
         break;
     case AppListState::empty:
-        placeholder_->show(QStringLiteral("iphone.gen3"), tr("No Apps That Share Files"),
+        placeholder_->show(QStringLiteral("iphonePicture"), tr("No Apps That Share Files"),
                            tr("Only apps whose makers turned on file sharing can be opened from a "
                               "computer. The photos and videos can be opened."),
                            tr("Photos & Videos"), [this] { choose_(mediaFolder()); });
@@ -182,8 +182,8 @@ void AppListView::show() {
         break;
     case AppListState::failed:
         if (apps_.problem()->what == BrowserProblem::What::appsNotRead)
-            placeholder_->show(QStringLiteral("iphone.gen3"), words.what, words.advice, tr("Retry"),
-                               [this] { apps_.reload(); });
+            placeholder_->show(QStringLiteral("iphonePicture"), words.what, words.advice,
+                               tr("Retry"), [this] { apps_.reload(); });
         else
             placeholder_->show(QStringLiteral("dialog-error"), tr("Connection Failed"),
                                words.advice + QLatin1Char('\n') + words.what, tr("Retry"),

@@ -25,7 +25,7 @@ bool FolderNotice::takeState() {
     const ErrorText words = browser_.problem() ? problemText(*browser_.problem()) : ErrorText{};
     switch (browser_.state()) {
     case BrowserState::deviceLost:
-        show(QStringLiteral("smartphone"), tr("The phone is gone"),
+        show(QStringLiteral("phonePicture"), tr("The phone is gone"),
              isInApp() ? tr("Plug the phone in again and unlock it.")
                        : tr("Plug it in again, unlock it and choose File transfer on it."));
         return true;

@@ -6,7 +6,6 @@
 #include <QPainter>
 #include <QPalette>
 
-#include <array>
 #include <utility>
 
 /// Outside of any namespace, as the macro wants it.
@@ -17,27 +16,6 @@ static void useOwnPictures() {
 namespace tessary {
 
 namespace {
-
-struct Row {
-    QLatin1StringView symbol;
-    QLatin1StringView themeName;
-};
-
-constexpr std::array symbols{
-    Row{QLatin1StringView("iphone.gen3"), QLatin1StringView("iphonePicture")},
-    Row{QLatin1StringView("smartphone"), QLatin1StringView("phonePicture")},
-    Row{QLatin1StringView("folder.fill"), QLatin1StringView("folder")},
-    Row{QLatin1StringView("photo"), QLatin1StringView("image-x-generic")},
-    Row{QLatin1StringView("film"), QLatin1StringView("video-x-generic")},
-    Row{QLatin1StringView("music.note"), QLatin1StringView("audio-x-generic")},
-    Row{QLatin1StringView("doc.richtext"), QLatin1StringView("x-office-document")},
-    Row{QLatin1StringView("doc.zipper"), QLatin1StringView("package-x-generic")},
-    Row{QLatin1StringView("shippingbox.fill"),
-        QLatin1StringView("application-vnd.android.package-archive")},
-    Row{QLatin1StringView("chevron.left.forwardslash.chevron.right"),
-        QLatin1StringView("text-x-script")},
-    Row{QLatin1StringView("doc"), QLatin1StringView("text-x-generic")},
-};
 
 /// A theme's drawing of one colour, in that of the text: the theme's own fits one ground only.
 class LineIconEngine : public QIconEngine {
@@ -77,9 +55,6 @@ private:
 } // namespace
 
 QIcon icon(const QString& name) {
-    for (const Row& row : symbols)
-        if (row.symbol == name)
-            return QIcon::fromTheme(row.themeName);
     return QIcon::fromTheme(name);
 }
 
@@ -98,13 +73,13 @@ QIcon lineIcon(const QString& name) {
     return QIcon(new LineIconEngine(QIcon::fromTheme(symbolic)));
 }
 
-QIcon fileIcon(const QString& symbol) {
+QIcon fileIcon(const QString& name) {
     constexpr int drawnSize = 64;
     static QHash<QString, QIcon> drawn;
-    const QString key = symbol + QLatin1Char(' ') + QIcon::themeName();
+    const QString key = name + QLatin1Char(' ') + QIcon::themeName();
     auto found = drawn.constFind(key);
     if (found == drawn.constEnd()) {
-        const QPixmap picture = icon(symbol).pixmap(drawnSize, drawnSize);
+        const QPixmap picture = icon(name).pixmap(drawnSize, drawnSize);
         QIcon both(picture);
         // A selected row has a ground of its own: tinted, the icon would vanish in it.
         both.addPixmap(picture, QIcon::Selected);

@@ -5,8 +5,7 @@
 
 namespace tessary {
 
-/// The icon of a symbol name that records carry ("folder.fill", "smartphone"), or of an icon theme
-/// name ("go-up"), from the desktop's icon theme.
+/// An icon by its name in icon themes ("go-up", "folder"), the desktop's or the one that stands in.
 [[nodiscard]] QIcon icon(const QString& name);
 [[nodiscard]] QIcon icon(const char* name);
 
@@ -15,8 +14,8 @@ namespace tessary {
 /// A theme's icon as an outline at every size and scale: themes draw large ones in colour.
 [[nodiscard]] QIcon lineIcon(const QString& name);
 
-/// The icon of a file's symbol name, in colour at every size: themes draw small ones as outlines.
-[[nodiscard]] QIcon fileIcon(const QString& symbol);
+/// The icon of a file, in colour at every size: themes draw small ones as outlines.
+[[nodiscard]] QIcon fileIcon(const QString& name);
 
 /// Sets the icons that stand in where the desktop's theme has none, to suit a light or dark
 /// palette. Once at start and when the palette changes.

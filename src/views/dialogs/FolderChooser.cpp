@@ -160,7 +160,7 @@ void FolderChooser::take(const Listing& listing, const Marked& marked) {
     const auto listed = FileListing::make(std::move(folders), QLocale());
     for (const int index : listed->ordered({})) {
         const QString& name = listed->item(index).name;
-        auto* row = new QListWidgetItem(fileIcon(QStringLiteral("folder.fill")), printable(name));
+        auto* row = new QListWidgetItem(fileIcon(QStringLiteral("folder")), printable(name));
         row->setData(nameRole, name);
         list_->addItem(row);
         if (name == marked.name)

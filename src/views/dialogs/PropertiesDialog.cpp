@@ -136,7 +136,7 @@ void PropertiesDialog::makeHeading(QVBoxLayout& column) {
         return item.iconName() == first;
     });
     picture->setPixmap(
-        icon(isOfOneKind ? first : QStringLiteral("doc")).pixmap(iconSide, iconSide));
+        icon(isOfOneKind ? first : QStringLiteral("text-x-generic")).pixmap(iconSide, iconSide));
     title_->setObjectName(QStringLiteral("propertiesTitle"));
     title_->setTextFormat(Qt::PlainText);
     title_->setTextInteractionFlags(Qt::TextSelectableByMouse);

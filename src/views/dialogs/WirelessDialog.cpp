@@ -136,7 +136,7 @@ void WirelessDialog::showPhones() {
     while (list_->count() > static_cast<int>(phones.size()))
         delete list_->takeItem(list_->count() - 1);
     while (list_->count() < static_cast<int>(phones.size()))
-        list_->addItem(new QListWidgetItem(icon("smartphone"), QString()));
+        list_->addItem(new QListWidgetItem(icon("phonePicture"), QString()));
     for (int row = 0; row < list_->count(); ++row) {
         const auto& phone = phones[static_cast<std::size_t>(row)];
         QListWidgetItem* item = list_->item(row);

@@ -111,7 +111,7 @@ void PhotoDelegate::paintPhoto(QPainter& painter, const QStyleOptionViewItem& op
         constexpr int iconSide = 48;
         QRect iconPlace(0, 0, iconSide, iconSide);
         iconPlace.moveCenter(cell.center());
-        fileIcon(isVideo ? QStringLiteral("film") : QStringLiteral("photo"))
+        fileIcon(isVideo ? QStringLiteral("video-x-generic") : QStringLiteral("image-x-generic"))
             .paint(&painter, iconPlace);
     } else {
         place.setSize(picture.deviceIndependentSize().toSize().boundedTo(cell.size()));

@@ -119,7 +119,7 @@ void DeviceListModel::update() {
 
 QIcon devicePicture(const DeviceInfo& device) {
     return icon(looksLikeTablet(deviceTitle(device)) ? QStringLiteral("tabletPicture")
-                                                     : systemImage(device.platform));
+                                                     : iconName(device.platform));
 }
 
 QString deviceDetail(const DeviceInfo& device) {
