@@ -4,6 +4,8 @@
 #include "base/threads/CancellationError.h"
 #include "phone/TreeLimits.h"
 
+#include <QCryptographicHash>
+
 #include <iterator>
 
 namespace tessary {
@@ -98,6 +100,16 @@ FileItem requireFolder(PhoneFileSystem& files, const QString& path, const Call& 
     if (!item.isDirectory)
         throw Error(PhoneError::notAFolder, {path});
     return item;
+}
+
+QString fileKey(const PhoneFileSystem& files, const FileItem& item) {
+    const QStringList identity{
+        files.identity(), item.id(), item.path, QString::number(item.size),
+        item.modifiedDate ? QString::number(item.modifiedDate->toMSecsSinceEpoch()) : QString()};
+    return QString::fromLatin1(
+        QCryptographicHash::hash(identity.join(QChar::Null).toUtf8(), QCryptographicHash::Sha256)
+            .toHex()
+            .left(32));
 }
 
 } // namespace tessary

@@ -234,5 +234,8 @@ public:
 [[nodiscard]] FileItem require(PhoneFileSystem& files, const QString& path, const Call& call);
 /// The same for a folder; PhoneError::notAFolder for anything else.
 [[nodiscard]] FileItem requireFolder(PhoneFileSystem& files, const QString& path, const Call& call);
+/// Of this very file, for caches: 32 hexadecimal digits of phone, path, size and date. A file that
+/// changed has another one. Does not block.
+[[nodiscard]] QString fileKey(const PhoneFileSystem& files, const FileItem& item);
 
 } // namespace tessary

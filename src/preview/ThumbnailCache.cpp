@@ -8,7 +8,6 @@
 #include "base/local/Unfinished.h"
 
 #include <QBuffer>
-#include <QCryptographicHash>
 #include <QFile>
 #include <QImageReader>
 
@@ -58,16 +57,6 @@ ThumbnailCache& ThumbnailCache::shared() {
 
 ThumbnailCache::ThumbnailCache(QString name, qint64 maxBytes)
     : name_(std::move(name)), maxBytes_(maxBytes) {}
-
-QString ThumbnailCache::key(const PhoneFileSystem& files, const FileItem& item) {
-    const QStringList identity{
-        files.identity(), item.id(), item.path, QString::number(item.size),
-        item.modifiedDate ? QString::number(item.modifiedDate->toMSecsSinceEpoch()) : QString()};
-    return QString::fromLatin1(
-        QCryptographicHash::hash(identity.join(QChar::Null).toUtf8(), QCryptographicHash::Sha256)
-            .toHex()
-            .left(32));
-}
 
 /// -1 where there can be none.
 int ThumbnailCache::folder() const {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "base/local/PrivateFolder.h"
-#include "phone/PhoneFileSystem.h"
 
 #include <QImage>
 
@@ -12,9 +11,8 @@
 namespace tessary {
 
 /// Thumbnails on the local disk, in a folder of this user's cache that nobody else can reach: one
-/// PNG each, named by a hash of connection, path, size and date, so that a file that changed is
-/// another one. Together they stay below a number of bytes; the oldest go first. Thread-safe; all
-/// but key() blocks.
+/// PNG each, named by fileKey(), so that a file that changed is another one. Together they stay
+/// below a number of bytes; the oldest go first. Thread-safe and blocking.
 class ThumbnailCache {
 public:
     static constexpr qint64 defaultMaxBytes = 200'000'000;
@@ -25,9 +23,6 @@ public:
     /// `name` is the folder's in the cache, made when it is needed; everything in it belongs to the
     /// thumbnails.
     explicit ThumbnailCache(QString name, qint64 maxBytes = defaultMaxBytes);
-
-    /// What stands for a file in this state. Pure.
-    [[nodiscard]] static QString key(const PhoneFileSystem& files, const FileItem& item);
 
     /// Nothing when there is none, or none that can be read.
     [[nodiscard]] std::optional<QImage> load(const QString& key) const;

@@ -7,7 +7,6 @@
 #include "transfer/copy/Leftovers.h"
 #include "transfer/local/LocalFileSystem.h"
 
-#include <QCryptographicHash>
 #include <QFile>
 
 #include <algorithm>
@@ -42,14 +41,7 @@ StagedFiles::StagedFiles(QString name, qint64 maxBytes)
     : name_(std::move(name)), maxBytes_(maxBytes) {}
 
 StagedFiles::Place StagedFiles::placeOf(const PhoneFileSystem& files, const FileItem& item) {
-    const QStringList identity{
-        files.identity(), item.id(), item.path, QString::number(item.size),
-        item.modifiedDate ? item.modifiedDate->toUTC().toString(Qt::ISODateWithMs) : QString()};
-    const QByteArray key =
-        QCryptographicHash::hash(identity.join(QChar::Null).toUtf8(), QCryptographicHash::Sha256)
-            .toHex()
-            .left(32);
-    return {QString::fromLatin1(key), localNameOf(item)};
+    return {fileKey(files, item), localNameOf(item)};
 }
 
 QString StagedFiles::folder() {

@@ -151,7 +151,7 @@ QPixmap ThumbnailStore::find(const QString& id, qreal scale) {
     }
     QString& key = keys_[id];
     if (key.isEmpty())
-        key = ThumbnailCache::key(*source_.files(), *item);
+        key = fileKey(*source_.files(), *item);
     if (const QPixmap* known = pixmaps_.object(key))
         return *known;
     if (failed_.contains(key) || requested_.contains(key))
