@@ -38,10 +38,6 @@ constexpr std::array<std::uint32_t, 21> knownVendors{
     0x283B, 0x2970, 0x0B05, 0x17EF, 0x1949, 0x2B0E, 0x0489, 0x1BBB, 0x2207, 0x1F3A,
 };
 
-constexpr std::uint16_t apple = 0x05AC;
-
-/// Still image: MTP and PTP.
-constexpr std::uint8_t stillImageClass = 6;
 constexpr std::uint8_t wirelessClass = 0xE0;
 constexpr std::uint8_t bluetoothProtocol = 1;
 /// What disks, hubs, mice, headsets and cameras for calls have, and phones have beside other
@@ -49,7 +45,7 @@ constexpr std::uint8_t bluetoothProtocol = 1;
 constexpr std::array<std::uint8_t, 8> otherClasses{0x01, 0x03, 0x08, 0x09, 0x0B, 0x0E, 0x10, 0x11};
 
 bool speaksMTP(const USBInterfaceEntry& interface) {
-    return interface.interfaceClass == stillImageClass || interface.name.contains(View("MTP"));
+    return interface.interfaceClass == usb::stillImageClass || interface.name.contains(View("MTP"));
 }
 
 bool isOfSomethingElse(const USBInterfaceEntry& interface) {
@@ -105,7 +101,8 @@ DeviceInfo deviceOf(const USBDeviceEntry& entry) {
 std::optional<DeviceInfo> extractAndroidDevice(const USBDeviceEntry& from) {
     // What it says that it speaks counts for more than who made it.
     const auto& interfaces = from.interfaces;
-    if (from.vendorID != apple && std::any_of(interfaces.begin(), interfaces.end(), speaksMTP))
+    if (from.vendorID != usb::appleVendor &&
+        std::any_of(interfaces.begin(), interfaces.end(), speaksMTP))
         return deviceOf(from);
     if (!interfaces.empty() && std::all_of(interfaces.begin(), interfaces.end(), isOfSomethingElse))
         return std::nullopt;

@@ -13,9 +13,8 @@ namespace {
 using namespace std::chrono_literals;
 
 /// Makers of phones with another protocol and of disks: never opened, even when asked for.
-constexpr std::array<std::uint32_t, 3> neverOpened{0x05AC, 0x0BC2, 0x1058};
+constexpr std::array<std::uint32_t, 3> neverOpened{usb::appleVendor, 0x0BC2, 0x1058};
 
-constexpr std::uint8_t stillImageClass = 6;
 constexpr std::uint8_t vendorClass = 255;
 constexpr std::uint8_t vendorMTPSubclass = 1;
 constexpr std::uint8_t vendorADBSubclass = 66;
@@ -74,7 +73,7 @@ bool isCalledMTP(const USBInterface& interface, const USBDeviceEntry& entry) {
 /// How likely an interface speaks MTP, the likeliest first; no value for one that does not. Adb and
 /// fastboot have subclass 66; kernels of some phones declare MTP as 255/255 without a protocol.
 std::optional<int> rankOf(const USBInterface& interface, const USBDeviceEntry& entry) {
-    if (interface.interfaceClass() == stillImageClass)
+    if (interface.interfaceClass() == usb::stillImageClass)
         return 0;
     if (interface.interfaceClass() != vendorClass ||
         interface.interfaceSubclass() == vendorADBSubclass)

@@ -17,6 +17,15 @@
 
 namespace tessary {
 
+namespace usb {
+
+/// The class of interfaces that speak MTP and PTP: still image.
+inline constexpr std::uint8_t stillImageClass = 6;
+/// The maker of iPhones, whose still image interfaces are none of MTP's.
+inline constexpr std::uint16_t appleVendor = 0x05AC;
+
+} // namespace usb
+
 /// One interface of an attached device, as the registry knows it. Its name is hostile.
 struct USBInterfaceEntry {
     std::uint8_t number = 0;
