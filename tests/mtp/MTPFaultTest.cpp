@@ -6,11 +6,9 @@
 namespace tessary {
 namespace {
 
-using ::testing::HasSubstr;
 using Clock = std::chrono::steady_clock;
 
 constexpr std::size_t bigSize = 3'000'000;
-const char* const gone = "0x-1FFFFD40";
 
 /// An operation with a data phase of `phaseBytes` bytes, header included.
 struct Operation {
@@ -76,8 +74,8 @@ TEST_P(EveryOperationTest, unpluggingFailsAtOnceAndPluggingInMends) {
             faults.unplug = VirtualByteFault{operation.direction, bytes, operation.phase};
         });
         const auto start = Clock::now();
-        EXPECT_THAT(mtpFailureOf([&] { operation.run(client_, handle); }), HasSubstr(gone));
-        EXPECT_THAT(mtpFailureOf([&] { (void)client_.getStorageIDs(); }), HasSubstr(gone));
+        EXPECT_TRUE(mtpFailureOf([&] { operation.run(client_, handle); }).value().isDeviceGone());
+        EXPECT_TRUE(mtpFailureOf([&] { (void)client_.getStorageIDs(); }).value().isDeviceGone());
         EXPECT_LT(Clock::now() - start, MTPTransportProtocol::pipeTimeout);
         replug();
         EXPECT_EQ(phone_.names().size(), 200) << "nothing half done is left";

@@ -38,9 +38,9 @@ TEST(MTPInterfaceConnection, likeliestInterfaceIsOpened) {
         VirtualUSBBus bus;
         const PluggedPhone phone(bus, {.interfaces = row.interfaces});
         int opened = -1;
-        EXPECT_EQ(
-            mtpFailureOf([&] { opened = openMTPInterface(bus, anyOfModel()).interface->number(); }),
-            row.opened < 0 ? mtpNotConnected : "none");
+        const auto failure =
+            mtpFailureOf([&] { opened = openMTPInterface(bus, anyOfModel()).interface->number(); });
+        EXPECT_TRUE(!failure || failure->kind() == MTPTransportError::Case::notConnected);
         EXPECT_EQ(opened, row.opened);
     }
 }
@@ -65,8 +65,8 @@ TEST(MTPInterfaceConnection, tellsTwoPhonesOfOneModelApart) {
         const MTPDeviceAddress address{0x18D1, 0x4EE1, serial, location};
         const auto found = findMTPDevice(bus, address);
         EXPECT_EQ(found ? found->location : QString(), expected) << name;
-        EXPECT_EQ(mtpFailureOf([&] { (void)openMTPInterface(bus, address); }) == "none",
-                  found.has_value())
+        EXPECT_EQ(mtpFailureOf([&] { (void)openMTPInterface(bus, address); }).has_value(),
+                  !found.has_value())
             << name;
     }
 }

@@ -153,10 +153,9 @@ TEST_P(CancelTest, fullDiskHereAndVanishedFileHereLeaveTheSessionUsable) {
         given += buffer.size();
         return given > 1'000'000 ? 0 : buffer.size();
     };
-    EXPECT_THAT(mtpFailureOf([&] {
-                    client_.sendObject(source, size, QStringLiteral("new"), mtpRootHandle, storage);
-                }),
-                ::testing::HasSubstr("the data ended after"));
+    const auto failure = mtpFailureOf(
+        [&] { client_.sendObject(source, size, QStringLiteral("new"), mtpRootHandle, storage); });
+    EXPECT_TRUE(failure.value().message().startsWith(QStringLiteral("the data ended after")));
     EXPECT_FALSE(phone_.names().contains(QStringLiteral("new")));
     expectUsable();
 }

@@ -2,21 +2,19 @@
 
 #include "mtp/protocol/MTPTransportError.h"
 
-#include <string>
+#include <optional>
 
 namespace tessary {
 
-/// The description of the MTPTransportError that `call` throws; "none" when it throws nothing.
+/// What `call` throws.
 template <typename Call>
-std::string mtpFailureOf(Call&& call) {
+std::optional<MTPTransportError> mtpFailureOf(Call&& call) {
     try {
         call();
     } catch (const MTPTransportError& error) {
-        return error.description().toStdString();
+        return error;
     }
-    return "none";
+    return std::nullopt;
 }
-
-inline constexpr const char* mtpNotConnected = "MTP USB Transport is not connected.";
 
 } // namespace tessary

@@ -45,7 +45,7 @@ bool isResponse(const MTPPacket& packet) {
 /// Something else came where data was due.
 [[noreturn]] void failWithoutData(const MTPPacket& packet, const QString& failure) {
     if (isResponse(packet) && packet.header.code != rawOk)
-        throw MTPTransportError::refused(failure, packet.header.code);
+        throw MTPTransportError::refusal(packet.header.code);
     throw MTPTransportError::underlying(failure);
 }
 
@@ -112,7 +112,7 @@ MTPDeviceInfo MTPClient::getDeviceInfo() {
     session_.sendCommand(MTPOperationCode::getDeviceInfo, {});
     const QString failure = QStringLiteral("Failed to parse DeviceInfo");
     const Bytes dataset = session_.receiveDataset(failure);
-    session_.expectOk(QStringLiteral("GetDeviceInfo failed: 0x"));
+    session_.expectOk();
     if (auto info = MTPPacketCodec::decodeDeviceInfo(dataset))
         return *std::move(info);
     throw MTPTransportError::underlying(failure);
@@ -129,7 +129,7 @@ std::vector<std::uint32_t> MTPClient::getStorageIDs() {
                                               "%1, code 0x%2)")
                                    .arg(mtpContainerTypeName(first.header.type),
                                         hexadecimal(first.header.code)));
-    session_.expectOk(QStringLiteral("GetStorageIDs failed: 0x"));
+    session_.expectOk();
     return MTPPacketCodec::decodeStorageIDs(first.payload);
 }
 
@@ -143,7 +143,7 @@ MTPStorageInfo MTPClient::getStorageInfo(std::uint32_t storageID) {
         session_.skipResponse();
         throw MTPTransportError::underlying(failure);
     }
-    session_.expectOk(QStringLiteral("GetStorageInfo response error: 0x"));
+    session_.expectOk();
     return *info;
 }
 
@@ -169,12 +169,11 @@ std::vector<std::uint32_t> MTPClient::getObjectHandles(std::uint32_t storageID,
     const std::scoped_lock lock(mutex_);
     session_.sendCommand(MTPOperationCode::getObjectHandles, {storageID, 0, parentHandle});
     const MTPPacket first = session_.receiveFirst();
-    const QString failure = QStringLiteral("GetObjectHandles failed: 0x");
     if (isResponse(first) && first.header.code != rawOk)
-        throw MTPTransportError::refusal(failure, first.header.code);
+        throw MTPTransportError::refusal(first.header.code);
     if (isResponse(first))
         return {};
-    session_.expectOk(failure);
+    session_.expectOk();
     std::vector<std::uint32_t> handles = MTPPacketCodec::decodeObjectHandles(first.payload);
     // A list that is cut, or longer than its count, is no empty folder.
     if (first.payload.size() != sizeof(std::uint32_t) * (1 + handles.size()))
@@ -191,7 +190,7 @@ MTPObjectInfo MTPClient::getObjectInfo(std::uint32_t handle) {
         session_.skipResponse();
         throw MTPTransportError::underlying(failure);
     }
-    session_.expectOk(QStringLiteral("GetObjectInfo failed: 0x"));
+    session_.expectOk();
     if (info->compressedSize == full32Bits)
         info->true64BitSize = objectSizeLocked(handle);
     return *info;
@@ -231,8 +230,7 @@ Bytes MTPClient::getObject(std::uint32_t handle) {
 std::uint64_t MTPClient::getObject(std::uint32_t handle, const MTPDataSink& sink,
                                    const MTPStreamOptions& options) {
     const std::scoped_lock lock(mutex_);
-    return session_.receiveContent(MTPOperationCode::getObject, {handle},
-                                   QStringLiteral("GetObject failed: 0x"), sink, options);
+    return session_.receiveContent(MTPOperationCode::getObject, {handle}, sink, options);
 }
 
 std::uint64_t MTPClient::getPartialObject(std::uint32_t handle, std::uint64_t offset,
@@ -242,11 +240,10 @@ std::uint64_t MTPClient::getPartialObject(std::uint32_t handle, std::uint64_t of
     const std::scoped_lock lock(mutex_);
     const auto low = static_cast<std::uint32_t>(offset);
     const auto high = static_cast<std::uint32_t>(offset >> 32);
-    const QString failure = QStringLiteral("GetPartialObject failed: 0x");
     return isWide ? session_.receiveContent(MTPOperationCode::androidGetPartialObject64,
-                                            {handle, low, high, length}, failure, sink, options)
+                                            {handle, low, high, length}, sink, options)
                   : session_.receiveContent(MTPOperationCode::getPartialObject,
-                                            {handle, low, length}, failure, sink, options);
+                                            {handle, low, length}, sink, options);
 }
 
 void MTPClient::getObjectPropList(std::uint32_t folder, const MTPDataSink& sink,
@@ -257,15 +254,14 @@ void MTPClient::getObjectPropList(std::uint32_t folder, const MTPDataSink& sink,
     constexpr std::uint32_t noGroup = 0;
     constexpr std::uint32_t childrenOnly = 1;
     session_.receiveContent(MTPOperationCode::getObjectPropList,
-                            {folder, anyFormat, allProperties, noGroup, childrenOnly},
-                            QStringLiteral("GetObjectPropList failed: 0x"), sink, options);
+                            {folder, anyFormat, allProperties, noGroup, childrenOnly}, sink,
+                            options);
 }
 
 void MTPClient::getThumb(std::uint32_t handle, const MTPDataSink& sink,
                          const MTPStreamOptions& options) {
     const std::scoped_lock lock(mutex_);
-    session_.receiveContent(MTPOperationCode::getThumb, {handle},
-                            QStringLiteral("GetThumb failed: 0x"), sink, options);
+    session_.receiveContent(MTPOperationCode::getThumb, {handle}, sink, options);
 }
 
 std::uint32_t MTPClient::sendObject(ByteView data, const QString& filename,
@@ -304,13 +300,11 @@ std::uint32_t MTPClient::sendObject(MTPObjectInfo object, const MTPDataSource& s
         return first.empty() ? source(buffer) : takeFront(first, buffer);
     };
     object.compressedSize = static_cast<std::uint32_t>(std::min<std::uint64_t>(size, full32Bits));
-    const std::uint32_t handle =
-        sendObjectInfo(object, QStringLiteral("SendObjectInfo failed: 0x"));
+    const std::uint32_t handle = sendObjectInfo(object);
     if (options.accepted)
         options.accepted(handle);
 
-    session_.sendContent(MTPOperationCode::sendObject, {}, whole, size,
-                         QStringLiteral("SendObject failed: 0x"), options);
+    session_.sendContent(MTPOperationCode::sendObject, {}, whole, size, options);
     return handle;
 }
 
@@ -326,18 +320,18 @@ void MTPClient::sendPartialObject(std::uint32_t handle, std::uint64_t offset, st
     session_.sendContent(MTPOperationCode::androidSendPartialObject,
                          {handle, static_cast<std::uint32_t>(offset),
                           static_cast<std::uint32_t>(offset >> 32), size},
-                         whole, size, QStringLiteral("SendPartialObject failed: 0x"), options);
+                         whole, size, options);
 }
 
 /// Phase one of an upload, and the whole of making a folder.
-std::uint32_t MTPClient::sendObjectInfo(const MTPObjectInfo& info, const QString& failure) {
+std::uint32_t MTPClient::sendObjectInfo(const MTPObjectInfo& info) {
     const std::uint32_t transactionID =
         session_.sendCommand(MTPOperationCode::sendObjectInfo, {info.storageID, info.parentObject});
     session_.sendData(MTPOperationCode::sendObjectInfo, transactionID,
                       MTPPacketCodec::encodeObjectInfo(info));
     const MTPPacket response = session_.receiveResponse();
     if (response.header.code != rawOk)
-        throw MTPTransportError::refusal(failure, response.header.code);
+        throw MTPTransportError::refusal(response.header.code);
     return announcedHandle(response);
 }
 
@@ -350,52 +344,50 @@ std::uint32_t MTPClient::createFolder(const QString& name, std::uint32_t parentH
     info.parentObject = parentHandle;
     info.associationType = 1; // generic folder
     info.filename = name;
-    return sendObjectInfo(info, QStringLiteral("CreateFolder failed: 0x"));
+    return sendObjectInfo(info);
 }
 
-void MTPClient::setProperty(std::uint32_t handle, MTPObjectProperty property, const QString& value,
-                            const QString& failure) {
+void MTPClient::setProperty(std::uint32_t handle, MTPObjectProperty property,
+                            const QString& value) {
     const std::scoped_lock lock(mutex_);
     const std::uint32_t transactionID = session_.sendCommand(
         MTPOperationCode::setObjectPropValue, {handle, static_cast<std::uint32_t>(property)});
     session_.sendData(MTPOperationCode::setObjectPropValue, transactionID,
                       MTPPacketCodec::encodeString(value));
-    session_.expectOk(failure);
+    session_.expectOk();
 }
 
 void MTPClient::renameObject(std::uint32_t handle, const QString& newName) {
-    setProperty(handle, MTPObjectProperty::objectFileName, newName,
-                QStringLiteral("RenameObject failed: 0x"));
+    setProperty(handle, MTPObjectProperty::objectFileName, newName);
 }
 
 void MTPClient::setDateModified(std::uint32_t handle, const QDateTime& date) {
-    setProperty(handle, MTPObjectProperty::dateModified, MTPPacketCodec::formatMTPDate(date),
-                QStringLiteral("SetDateModified failed: 0x"));
+    setProperty(handle, MTPObjectProperty::dateModified, MTPPacketCodec::formatMTPDate(date));
 }
 
 void MTPClient::moveObject(std::uint32_t handle, std::uint32_t storageID,
                            std::uint32_t parentHandle) {
     const std::scoped_lock lock(mutex_);
     session_.sendCommand(MTPOperationCode::moveObject, {handle, storageID, parentHandle});
-    session_.expectOk(QStringLiteral("MoveObject failed: 0x"), MTPSession::workPatience);
+    session_.expectOk(MTPSession::workPatience);
 }
 
 void MTPClient::beginEdit(std::uint32_t handle) {
     const std::scoped_lock lock(mutex_);
     session_.sendCommand(MTPOperationCode::androidBeginEditObject, {handle});
-    session_.expectOk(QStringLiteral("BeginEditObject failed: 0x"));
+    session_.expectOk();
 }
 
 void MTPClient::endEdit(std::uint32_t handle) {
     const std::scoped_lock lock(mutex_);
     session_.sendCommand(MTPOperationCode::androidEndEditObject, {handle});
-    session_.expectOk(QStringLiteral("EndEditObject failed: 0x"), MTPSession::workPatience);
+    session_.expectOk(MTPSession::workPatience);
 }
 
 void MTPClient::deleteObject(std::uint32_t handle) {
     const std::scoped_lock lock(mutex_);
     session_.sendCommand(MTPOperationCode::deleteObject, {handle, 0});
-    session_.expectOk(QStringLiteral("DeleteObject failed: 0x"), MTPSession::workPatience);
+    session_.expectOk(MTPSession::workPatience);
 }
 
 } // namespace tessary

@@ -114,10 +114,9 @@ public:
     void deleteObject(std::uint32_t handle);
 
 private:
-    void setProperty(std::uint32_t handle, MTPObjectProperty property, const QString& value,
-                     const QString& failure);
+    void setProperty(std::uint32_t handle, MTPObjectProperty property, const QString& value);
     [[nodiscard]] std::optional<std::uint64_t> objectSizeLocked(std::uint32_t handle);
-    std::uint32_t sendObjectInfo(const MTPObjectInfo& info, const QString& failure);
+    std::uint32_t sendObjectInfo(const MTPObjectInfo& info);
 
     mutable std::mutex mutex_; ///< held during each call; guards everything below
     MTPSession session_;

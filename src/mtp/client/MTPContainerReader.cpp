@@ -94,7 +94,7 @@ Bytes MTPContainerReader::takeFromReads(std::uint64_t most) {
 }
 
 void MTPContainerReader::failRead(USBCode code) const {
-    pipes_.fail(QStringLiteral("USB Read failed"), pipes_.connection.inPipe, code);
+    pipes_.fail(pipes_.connection.inPipe, code);
 }
 
 /// Reads until the incoming stream holds `count` bytes.

@@ -10,7 +10,6 @@ namespace tessary {
 
 namespace {
 
-const QString writeFailed = QStringLiteral("USB Write failed");
 /// Writes in flight at once, so that the pipe never idles while the source is read.
 constexpr std::size_t streamDepth = 4;
 
@@ -91,7 +90,7 @@ void MTPContainerWriter::endFullPacket() {
     if (code == usb::pipeStalled || code == usb::timeout)
         link.interface->clearPipeStallBothEnds(link.outPipe);
     else if (code != usb::success)
-        pipes_.fail(writeFailed, link.outPipe, code); // which is not the data's fault
+        pipes_.fail(link.outPipe, code); // which is not the data's fault
 }
 
 void MTPContainerWriter::sendContainer(const MTPContainerHeader& header, std::uint64_t payloadSize,
@@ -154,7 +153,7 @@ void MTPContainerWriter::write(ByteView chunk) {
 
 void MTPContainerWriter::fail(USBCode code) {
     hasFailed_ = code != usb::aborted || !pipes_.waits.stop.stop_requested();
-    pipes_.fail(writeFailed, pipes_.connection.outPipe, code);
+    pipes_.fail(pipes_.connection.outPipe, code);
 }
 
 bool MTPContainerWriter::hasSentData() const {

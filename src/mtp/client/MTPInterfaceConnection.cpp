@@ -139,7 +139,7 @@ MTPTransportError openError(USBCode code) {
         return MTPTransportError(Case::notConnected);
     if (code == usb::exclusiveAccess)
         return MTPTransportError(Case::exclusiveAccessDenied);
-    return MTPTransportError::pipe(QStringLiteral("USB open failed"), code);
+    return MTPTransportError::pipe(code);
 }
 
 } // namespace

@@ -8,12 +8,12 @@ USBTimeouts MTPPipes::timeouts() const {
     return {waits.patience, waits.patience, waits.stop.stop_possible() ? &waits.stop : nullptr};
 }
 
-void MTPPipes::fail(const QString& what, std::uint8_t pipe, USBCode code) const {
+void MTPPipes::fail(std::uint8_t pipe, USBCode code) const {
     if (code == usb::aborted)
         throwIfStopped(waits.stop);
     if (code != usb::noDevice)
         connection.interface->clearPipeStallBothEnds(pipe);
-    throw MTPTransportError::pipe(what, code);
+    throw MTPTransportError::pipe(code);
 }
 
 } // namespace tessary

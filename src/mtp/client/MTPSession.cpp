@@ -115,10 +115,10 @@ void MTPSession::skipResponse() {
     }
 }
 
-void MTPSession::expectOk(const QString& failure, std::chrono::milliseconds patience) {
+void MTPSession::expectOk(std::chrono::milliseconds patience) {
     const MTPPacket response = receiveResponse(patience);
     if (response.header.code != rawOk)
-        throw MTPTransportError::refusal(failure, response.header.code);
+        throw MTPTransportError::refusal(response.header.code);
 }
 
 void MTPSession::open(std::uint32_t sessionID) {
@@ -150,8 +150,7 @@ void MTPSession::start(std::uint32_t sessionID) {
             return;
     }
     if (response.header.code != rawOk)
-        throw MTPTransportError::refusal(QStringLiteral("OpenSession failed with code 0x"),
-                                         response.header.code);
+        throw MTPTransportError::refusal(response.header.code);
 }
 
 /// A response; no value when something else came, of which no more than the beginning is read.
@@ -226,13 +225,12 @@ Bytes MTPSession::receiveDataset(const QString& failure) {
     if (first.header.type == MTPContainerType::data)
         return std::move(first.payload);
     if (isResponse(first) && first.header.code != rawOk)
-        throw MTPTransportError::refused(failure, first.header.code);
+        throw MTPTransportError::refusal(first.header.code);
     throw MTPTransportError::underlying(failure);
 }
 
 std::uint64_t MTPSession::receiveContent(MTPOperationCode operation, MTPParameters parameters,
-                                         const QString& failure, const MTPDataSink& sink,
-                                         const MTPStreamOptions& options) {
+                                         const MTPDataSink& sink, const MTPStreamOptions& options) {
     throwIfStopped(options.stop);
     sendCommand(operation, parameters);
     std::uint64_t received = 0;
@@ -252,15 +250,15 @@ std::uint64_t MTPSession::receiveContent(MTPOperationCode operation, MTPParamete
         throw;
     }
     if (!isSettled_)
-        expectOk(failure);
+        expectOk();
     else if (first.header.code != rawOk)
-        throw MTPTransportError::refusal(failure, first.header.code);
+        throw MTPTransportError::refusal(first.header.code);
     return received;
 }
 
 void MTPSession::sendContent(MTPOperationCode operation, MTPParameters parameters,
                              const MTPDataSource& source, std::uint64_t size,
-                             const QString& failure, const MTPStreamOptions& options) {
+                             const MTPStreamOptions& options) {
     const std::uint32_t transactionID = sendCommand(operation, parameters);
     MTPContainerHeader header;
     header.type = MTPContainerType::data;
@@ -282,7 +280,7 @@ void MTPSession::sendContent(MTPOperationCode operation, MTPParameters parameter
         throw;
     }
     if (response.header.code != rawOk)
-        throw MTPTransportError::refusal(failure, response.header.code);
+        throw MTPTransportError::refusal(response.header.code);
 }
 
 } // namespace tessary

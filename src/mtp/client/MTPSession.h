@@ -19,8 +19,7 @@ using MTPParameters = std::initializer_list<std::uint32_t>;
 
 /// A session with one device: its transactions in their phases, and what brings the device to rest
 /// when one was broken off. What an operation means is its caller's business. Used by one thread at
-/// a time, except asked() and answered(). Failures are MTPTransportError; the texts begin with
-/// `failure`, and refusals append their code to it.
+/// a time, except asked() and answered(). Failures are MTPTransportError.
 class MTPSession {
 public:
     /// How long a device may work on after the last byte of an upload, or on a deletion.
@@ -59,12 +58,12 @@ public:
     void sendData(MTPOperationCode operation, std::uint32_t transactionID, ByteView payload);
     /// The first container of a transaction with a data phase, which a refusal takes the place of.
     [[nodiscard]] MTPPacket receiveFirst();
-    /// The payload of the data container that a command asks for. A refusal, or whatever else comes
-    /// in its place, is an error with this text.
+    /// The payload of the data container that a command asks for. Whatever comes in its place but a
+    /// refusal is an error with this text.
     [[nodiscard]] Bytes receiveDataset(const QString& failure);
     /// The last container of a transaction.
     [[nodiscard]] MTPPacket receiveResponse(std::chrono::milliseconds patience = {});
-    void expectOk(const QString& failure, std::chrono::milliseconds patience = {});
+    void expectOk(std::chrono::milliseconds patience = {});
     /// Reads a response whose content no longer matters.
     void skipResponse();
 
@@ -72,11 +71,10 @@ public:
 
     /// One whose data phase brings an object's content, or a part of it. Returns the bytes.
     std::uint64_t receiveContent(MTPOperationCode operation, MTPParameters parameters,
-                                 const QString& failure, const MTPDataSink& sink,
-                                 const MTPStreamOptions& options);
+                                 const MTPDataSink& sink, const MTPStreamOptions& options);
     /// One whose data phase is a file's content, or a part of it.
     void sendContent(MTPOperationCode operation, MTPParameters parameters,
-                     const MTPDataSource& source, std::uint64_t size, const QString& failure,
+                     const MTPDataSource& source, std::uint64_t size,
                      const MTPStreamOptions& options);
 
 private:

@@ -10,8 +10,8 @@
 
 namespace tessary {
 
-/// The one error of the MTP library. A value; `description` is the text for people and `what()`
-/// the same in UTF-8.
+/// The one error of the MTP library. A value, and nobody's to read: phoneErrorOf() makes an Error
+/// of it.
 class MTPTransportError : public std::exception {
 public:
     enum class Case {
@@ -27,21 +27,17 @@ public:
 
     /// A case without a payload.
     explicit MTPTransportError(Case kind);
+    /// `underlying` for data that make no sense: `message` says which, in English, for the log.
     [[nodiscard]] static MTPTransportError underlying(const QString& message);
-    /// `underlying` for a failed pipe call: `what` names it ("USB Read failed"), `code` is shown
-    /// as a signed hexadecimal number.
-    [[nodiscard]] static MTPTransportError pipe(const QString& what, USBCode code);
-
-    /// `underlying` for a device's refusal: `failure` and the response code in hexadecimal.
-    [[nodiscard]] static MTPTransportError refusal(const QString& failure, std::uint16_t response);
-
-    /// The same with words that do not name the code.
-    [[nodiscard]] static MTPTransportError refused(const QString& message, std::uint16_t response);
+    /// `underlying` for a failed pipe call.
+    [[nodiscard]] static MTPTransportError pipe(USBCode code);
+    /// `underlying` for a device's refusal.
+    [[nodiscard]] static MTPTransportError refusal(std::uint16_t response);
 
     [[nodiscard]] Case kind() const {
         return kind_;
     }
-    /// The message of `underlying`; empty for every other case.
+    /// The message of underlying(); empty for every other error.
     [[nodiscard]] const QString& message() const {
         return message_;
     }
@@ -64,23 +60,11 @@ public:
         return kind_ == Case::notConnected || code_ == usb::noDevice;
     }
 
-    [[nodiscard]] QString description() const;
-    [[nodiscard]] const char* what() const noexcept override {
-        return utf8_.constData();
-    }
-
-    bool operator==(const MTPTransportError& other) const {
-        return kind_ == other.kind_ && message_ == other.message_;
-    }
-
 private:
-    MTPTransportError(Case kind, QString message, USBCode code);
-
     Case kind_;
     QString message_;
     USBCode code_ = usb::success;
     std::optional<std::uint16_t> response_;
-    QByteArray utf8_;
 };
 
 } // namespace tessary
