@@ -129,15 +129,15 @@ int main(int argc, char** argv) {
 
     const bool isDemo = parser.isSet(demo);
 
-    AppDelegate* delegate = nullptr;
+    ApplicationWindows* shown = nullptr;
     // The virtual phones may be tried beside the real ones.
     SingleInstance instance(isDemo ? QStringLiteral("tessary-demo") : QStringLiteral("tessary"));
     if (instance.claim(
-            [&delegate](const QByteArray& token) {
+            [&shown](const QByteArray& token) {
                 if (!token.isEmpty())
                     qputenv(activationToken, token);
-                if (delegate != nullptr)
-                    delegate->reopen();
+                if (shown != nullptr)
+                    shown->showAgain();
             },
             qgetenv(activationToken)) == SingleInstance::Outcome::raisedOther)
         return 0;
@@ -183,14 +183,14 @@ int main(int argc, char** argv) {
     alerts.addCommand(*window.menuBar());
     TaskbarProgress taskbar;
     const CopyQueue& copies = app.copyQueue();
-    QObject::connect(&copies, &CopyQueue::summaryChanged, &windows.delegate(),
+    QObject::connect(&copies, &CopyQueue::summaryChanged, &windows,
                      [&] { taskbar.show(copies.summary().fractionDone()); });
-    delegate = &windows.delegate();
-    delegate->applicationDidFinishLaunching();
+    shown = &windows;
+    windows.start();
     if (const QString address = isDemo ? phones.virtualPhones->straightAddress() : QString();
         !address.isEmpty())
         runInBackground(
-            &windows.delegate(),
+            &windows,
             [&services, address](const std::stop_token& stop) {
                 services.adbWays().connect(address, stop);
             },
@@ -203,7 +203,7 @@ int main(int argc, char** argv) {
             app, [] { QCoreApplication::exit(); }, Qt::QueuedConnection);
     });
     const int status = QApplication::exec();
-    delegate = nullptr;
+    shown = nullptr;
     window.hide();
     processes.stop();
     if (!app.stop()) {

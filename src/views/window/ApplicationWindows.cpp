@@ -4,37 +4,9 @@
 #include <QEvent>
 #include <QScreen>
 
+#include <algorithm>
+
 namespace tessary {
-
-ApplicationWindows::ApplicationWindows(QWidget& mainWindow)
-    : mainWindow_(mainWindow), delegate_(*this) {
-    QApplication::setQuitOnLastWindowClosed(false); // the delegate decides
-    qApp->installEventFilter(this);
-}
-
-std::vector<AppWindow> ApplicationWindows::windows() const {
-    std::vector<AppWindow> all;
-    for (const QWidget* window : QApplication::topLevelWidgets()) {
-        const Qt::WindowType type = window->windowType();
-        all.push_back({window->isVisible(), type == Qt::Window, type == Qt::Tool});
-    }
-    return all;
-}
-
-std::optional<QRect> ApplicationWindows::firstFrame() const {
-    // One that fills the screen has the height that the user wants.
-    if (mainWindow_.isMaximized() || mainWindow_.isFullScreen())
-        return std::nullopt;
-    return mainWindow_.geometry();
-}
-
-void ApplicationWindows::setFirstFrame(const QRect& frame) {
-    mainWindow_.setGeometry(frame);
-}
-
-QRect ApplicationWindows::screen() const {
-    return mainWindow_.screen()->availableGeometry();
-}
 
 void bringToFront(QWidget& window) {
     window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
@@ -43,18 +15,46 @@ void bringToFront(QWidget& window) {
     window.activateWindow();
 }
 
-void ApplicationWindows::activate() {
+ApplicationWindows::ApplicationWindows(QWidget& mainWindow) : mainWindow_(mainWindow) {
+    QApplication::setQuitOnLastWindowClosed(false); // quitWithoutWindows() decides
+    qApp->installEventFilter(this);
+}
+
+void ApplicationWindows::start() {
+    bringToFront(mainWindow_);
+    QMetaObject::invokeMethod(
+        this, [this] { limitHeight(); }, Qt::QueuedConnection);
+}
+
+void ApplicationWindows::showAgain() {
     bringToFront(mainWindow_);
 }
 
-void ApplicationWindows::terminate() {
-    QApplication::quit();
+void ApplicationWindows::limitHeight() {
+    const QRect frame = mainWindow_.geometry();
+    // One that fills the screen has the height that the user wants.
+    if (mainWindow_.isMaximized() || mainWindow_.isFullScreen() || frame.height() <= tallestWindow)
+        return;
+    QRect sensible(frame.topLeft(), QSize(frame.width(), sensibleHeight));
+    sensible.moveCenter(mainWindow_.screen()->availableGeometry().center());
+    mainWindow_.setGeometry(sensible);
+}
+
+/// A menu, a tool tip or a question alone keeps nothing going.
+void ApplicationWindows::quitWithoutWindows() {
+    const auto all = QApplication::topLevelWidgets();
+    if (std::ranges::none_of(all, [](const QWidget* window) {
+            return window->isVisible() && window->windowType() == Qt::Window;
+        }))
+        QApplication::quit();
 }
 
 bool ApplicationWindows::eventFilter(QObject* watched, QEvent* event) {
+    // The check comes when the window is gone.
     if (event->type() == QEvent::Close && watched->isWidgetType() &&
         static_cast<QWidget*>(watched)->isWindow())
-        delegate_.windowWillClose();
+        QMetaObject::invokeMethod(this, &ApplicationWindows::quitWithoutWindows,
+                                  Qt::QueuedConnection);
     return QObject::eventFilter(watched, event);
 }
 

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "app/AppDelegate.h"
-
+#include <QObject>
 #include <QWidget>
 
 namespace tessary {
@@ -9,30 +8,30 @@ namespace tessary {
 /// Has the user see a window again, wherever it is.
 void bringToFront(QWidget& window);
 
-/// The windows of this application, with `mainWindow` as the first of them. Tells the delegate when
-/// one closes.
-class ApplicationWindows : public QObject, public AppWindows {
+/// The rules of the application's windows: the main one starts at a sensible height, and closing
+/// the last window ends the program, unless one has a question first. Lives on the main thread.
+class ApplicationWindows : public QObject {
 public:
+    /// In pixels, without regard to the screen's scaling.
+    static constexpr int tallestWindow = 900;
+    static constexpr int sensibleHeight = 750;
+
     /// `mainWindow` must outlive this.
     explicit ApplicationWindows(QWidget& mainWindow);
 
-    [[nodiscard]] AppDelegate& delegate() {
-        return delegate_;
-    }
-
-    [[nodiscard]] std::vector<AppWindow> windows() const override;
-    [[nodiscard]] std::optional<QRect> firstFrame() const override;
-    void setFirstFrame(const QRect& frame) override;
-    [[nodiscard]] QRect screen() const override;
-    void activate() override;
-    void terminate() override;
+    /// Once at start: brings the main window to the front, and sees to its height soon after.
+    void start();
+    /// The program was started again: brings the main window to the front.
+    void showAgain();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void limitHeight();
+    static void quitWithoutWindows();
+
     QWidget& mainWindow_;
-    AppDelegate delegate_;
 };
 
 } // namespace tessary
