@@ -203,7 +203,8 @@ TEST_F(AFCFileSystemTest, aPhoneThatReplacesNothingByARenameIsBelievedFromThenOn
     };
     refuse("afc.renamePath", 16);
     EXPECT_TRUE(files_.capabilities({}).renamesOntoTaken);
-    EXPECT_EQ(errorOf(replace), "notSupported (/a), caused by objectExists (16)");
+    EXPECT_EQ(errorOf(replace),
+              "notSupported (/a), caused by taken (/a), caused by objectExists (16)");
     EXPECT_FALSE(files_.capabilities({}).renamesOntoTaken);
     EXPECT_EQ(errorOf(replace), "notSupported (/a)");
     EXPECT_EQ(iphone_.count("afc.renamePath"), 1U);

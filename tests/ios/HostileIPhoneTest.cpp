@@ -1,6 +1,7 @@
 // Phones that send what breaks or fills whoever parses it, and helpers that die or stay silent.
 
 #include "ios/files/AFCFileSystem.h"
+#include "ios/files/AFCSteps.h"
 
 #include "base/threads/CancellationError.h"
 #include "platform/process/ChildChannel.h"
@@ -178,6 +179,26 @@ TEST(IPhoneHelper, thatCannotBeUsedIsAnError) {
                     StartsWith(row.error));
         EXPECT_LT(std::chrono::steady_clock::now() - begin, soon);
     }
+}
+
+/// One that a phone has taken over says what no phone's library would.
+TEST(IPhoneHelper, whatItSaysMayHaveNoCause) {
+    const TemporaryFolder folder;
+    QByteArray answers;
+    for (const QByteArray& answer : {helperArguments(false, true, u"/"_s),
+                                     helperArguments(false, false, Error(PhoneError::notFound)),
+                                     helperArguments(false, true, std::optional(AFCFileInfo()))}) {
+        const auto length = static_cast<quint32>(answer.size());
+        answers.append(reinterpret_cast<const char*>(&length), sizeof length).append(answer);
+    }
+    folder.write(u"helper.says"_s, answers);
+    IPhoneHelper::Limits limits;
+    limits.program = folder.write(u"helper"_s, "#!/bin/sh\ncat $0.says >&0\nexec sleep 60\n");
+    QFile::setPermissions(limits.program, QFile::ReadOwner | QFile::ExeOwner);
+    const AFCSession::Opened opened{
+        std::make_shared<AFCLink>(u"x"_s, u"y"_s, limits, std::stop_token()), {}, {}, {}};
+    EXPECT_EQ(errorOf([&] { (void)namesIn(opened, u"/a"_s); }),
+              "notAFolder (/a), caused by notFound");
 }
 
 /// The whole session is stopped for longer than an answer may take: nobody was silent.

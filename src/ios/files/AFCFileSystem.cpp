@@ -330,10 +330,10 @@ FileItem AFCFileSystem::renameTo(const FileItem& item, const QString& target, Ta
         const auto status = error.find<AFCStatus>();
         if (replaces && status == AFCStatus::objectExists) {
             renamesOntoTaken_ = false;
-            throw Error(PhoneError::notSupported, {path}, *error.cause());
+            throw Error(PhoneError::notSupported, {path}, error);
         }
         if (replaces && status == AFCStatus::objectIsFolder)
-            throw Error(PhoneError::taken, {name}, *error.cause());
+            throw Error(PhoneError::taken, {name}, error);
         throw;
     }
     FileItem renamed = item;

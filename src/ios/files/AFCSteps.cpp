@@ -75,7 +75,7 @@ std::vector<QByteArray> namesIn(const Opened& opened, const QString& folder) {
     } catch (const Error& error) {
         if (!error.is(PhoneError::notFound) || !infoAt(opened, folder))
             throw;
-        throw Error(PhoneError::notAFolder, {folder}, *error.cause());
+        throw Error(PhoneError::notAFolder, {folder}, error);
     }
 }
 
