@@ -28,6 +28,8 @@ TEST(Printable, onlySignsReachTheScreen) {
     };
     for (const auto& [name, shown] : rows)
         EXPECT_EQ(printable(name), shown);
+    EXPECT_EQ(shortened(QString(255, u'x') + u"\U0001F469"_s), QString(255, u'x'));
+    EXPECT_EQ(shortened(QString(256, u'x') + u"y"_s), QString(256, u'x'));
 }
 
 TEST(Printable, documentsMeanTheSameAfterwards) {

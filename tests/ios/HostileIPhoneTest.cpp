@@ -230,7 +230,8 @@ TEST(IPhoneHelper, refusesWhatIsNoRequest) {
 }
 
 TEST(IPhoneHelper, anAnswerThatIsTooLongIsNotTaken) {
-    PluggedIPhone iphone;
+    PluggedIPhone iphone({.name = QString(1000, u'x')});
+    EXPECT_EQ(askIPhoneFacts(iphone.udid(), {}).name, QString(256, u'x'));
     IPhoneHelper::Limits limits;
     limits.longestAnswer = 16;
     EXPECT_EQ(errorOf([&] { (void)askIPhoneFacts(iphone.udid(), {}, limits); }),

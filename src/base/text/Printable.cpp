@@ -62,4 +62,10 @@ QString printableLines(const QString& text) {
     return escaped(text, true);
 }
 
+QString shortened(const QString& text) {
+    constexpr qsizetype most = 256;
+    const bool cutsPair = text.size() > most && text[most - 1].isHighSurrogate();
+    return text.left(cutsPair ? most - 1 : most);
+}
+
 } // namespace tessary

@@ -13,5 +13,8 @@ namespace tessary {
 /// The same for a text of several lines, whose line feeds stay. What is escaped inside a string of
 /// a JSON document means the same there.
 [[nodiscard]] QString printableLines(const QString& text);
+/// At most the first 256 units of a text that stands for a device, or something of it: laying out
+/// one of millions stops a window. No pair is cut in two.
+[[nodiscard]] QString shortened(const QString& text);
 
 } // namespace tessary

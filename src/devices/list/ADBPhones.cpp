@@ -1,5 +1,7 @@
 #include "devices/list/ADBPhones.h"
 
+#include "base/text/Printable.h"
+
 #include <algorithm>
 
 namespace tessary {
@@ -23,7 +25,7 @@ DeviceInfo phoneOf(const ADBDevice& device) {
     phone.platform = DevicePlatform::android;
     phone.connectionType = ConnectionType::network;
     phone.protocolMode = ProtocolMode::adbTurbo;
-    phone.deviceName = device.model.isEmpty() ? device.serial : device.model;
+    phone.deviceName = shortened(device.model.isEmpty() ? device.serial : device.model);
     return phone;
 }
 

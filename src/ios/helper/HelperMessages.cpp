@@ -1,5 +1,6 @@
 #include "ios/helper/HelperMessages.h"
 
+#include "base/text/Printable.h"
 #include "ios/AFCStatus.h"
 #include "ios/IPhoneError.h"
 #include "phone/PhoneError.h"
@@ -17,6 +18,8 @@ constexpr int deepestCause = 4;
 /// A phone's status or the like; longer texts are cut.
 constexpr qsizetype longestArgument = 4096;
 constexpr int mostArguments = 8;
+/// Bytes; phones have 255 characters.
+constexpr qsizetype longestName = 4096;
 constexpr int mostPercent = 100;
 
 std::optional<ErrorCode> codeFrom(qint32 layer, qint32 value) {
@@ -113,6 +116,8 @@ QDataStream& operator>>(QDataStream& stream, std::vector<QByteArray>& names) {
     readList(stream, names, [&] {
         QByteArray name;
         stream >> name;
+        if (name.size() > longestName)
+            stream.setStatus(QDataStream::ReadCorruptData);
         return name;
     });
     return stream;
@@ -184,7 +189,8 @@ QDataStream& operator<<(QDataStream& stream, const IPhoneFacts& facts) {
 }
 
 QDataStream& operator>>(QDataStream& stream, IPhoneFacts& facts) {
-    facts.name = readOptional<QString>(stream);
+    if (const auto name = readOptional<QString>(stream))
+        facts.name = shortened(*name);
     bool hasStorage = false;
     stream >> hasStorage;
     if (hasStorage) {
@@ -213,6 +219,8 @@ QDataStream& operator>>(QDataStream& stream, std::vector<AppInfo>& apps) {
         AppInfo app;
         stream >> app.bundleIdentifier >> app.displayName >> app.fileSharingEnabled >>
             app.documentsInPlace;
+        app.bundleIdentifier = shortened(app.bundleIdentifier);
+        app.displayName = shortened(app.displayName);
         return app;
     });
     return stream;
