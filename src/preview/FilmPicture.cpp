@@ -49,7 +49,10 @@ struct Box {
 class FilmParts {
 public:
     FilmParts(PhoneFileSystem& files, const FileItem& film, const Call& call)
-        : files_(files), film_(film), call_(call), file_(::memfd_create("film", MFD_CLOEXEC)) {
+        : files_(files),
+          film_(film),
+          call_(call),
+          file_(::memfd_create("film", MFD_CLOEXEC | MFD_ALLOW_SEALING)) {
         if (!file_.isOpen() || ::ftruncate(file_.get(), film.size) != 0)
             throw PictureError("there is no memory for the film");
     }

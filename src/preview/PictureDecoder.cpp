@@ -51,7 +51,7 @@ Picture PictureDecoder::decode(const PictureRequest& request, const std::stop_to
 
 Picture PictureDecoder::decode(const QByteArray& bytes, int maxSide,
                                const std::stop_token& stop) const {
-    const FileHandle file(::memfd_create("picture", MFD_CLOEXEC));
+    const FileHandle file(::memfd_create("picture", MFD_CLOEXEC | MFD_ALLOW_SEALING));
     const auto size = static_cast<std::size_t>(bytes.size());
     if (!file.isOpen() ||
         ::write(file.get(), bytes.constData(), size) != static_cast<ssize_t>(size) ||
@@ -66,6 +66,8 @@ Picture PictureDecoder::decode(const FileHandle& file, int maxSide, int page,
     if (program_.isEmpty())
         throw PictureError("the program that decodes pictures is missing");
     sayWhatIsMissing();
+    // What lies in memory a decoder could fill past its own limit. A file on a disk refuses this.
+    (void)::fcntl(file.get(), F_ADD_SEALS, F_SEAL_GROW | F_SEAL_SHRINK | F_SEAL_WRITE);
     ProcessRequest child;
     child.program = program_;
     child.arguments = {QString::number(maxSide), QString::number(page)};
