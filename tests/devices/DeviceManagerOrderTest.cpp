@@ -75,7 +75,7 @@ private:
 /// Answers with rising battery levels, in the order of the questions.
 class ScriptedInquiry final : public DeviceProbe {
 public:
-    [[nodiscard]] DeviceAnswer ask(const DeviceInfo&) override {
+    [[nodiscard]] DeviceAnswer ask(const DeviceInfo&, const std::stop_token&) override {
         const int number = ++questions_;
         gate_.pass();
         return {DeviceAnswer::Outcome::answered, {number, {StorageVolume{}}}, {}};

@@ -194,9 +194,8 @@ void DeviceManager::askADB() {
     isAskingADB_ = true;
     runInBackground(
         this,
-        [inquiry = inquiry_, lookAgain = std::exchange(wasPlugged_, false)] {
-            return inquiry->adbDevices(lookAgain);
-        },
+        [inquiry = inquiry_, lookAgain = std::exchange(wasPlugged_, false)](
+            const std::stop_token& stop) { return inquiry->adbDevices(lookAgain, stop); },
         [this, period = period_](BackgroundResult<std::vector<ADBDevice>> result) {
             isAskingADB_ = false;
             if (adbIsOutdated_)
@@ -368,7 +367,10 @@ void DeviceManager::ask(const DeviceInfo& device) {
     const Attachment attachment = attachments_.value(id);
     asking_.insert(attachment);
     runInBackground(
-        this, [inquiry = inquiry_, device] { return inquiry->ask(device); },
+        this,
+        [inquiry = inquiry_, device](const std::stop_token& stop) {
+            return inquiry->ask(device, stop);
+        },
         [this, id, attachment, period = period_](BackgroundResult<DeviceAnswer> result) {
             asking_.remove(attachment);
             if (period != period_)

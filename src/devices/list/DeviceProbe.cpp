@@ -1,6 +1,7 @@
 #include "devices/list/DeviceProbe.h"
 
 #include "base/threads/CancellationError.h"
+#include "base/threads/CombinedStopToken.h"
 #include "base/threads/Deadline.h"
 #include "devices/files/DeviceServices.h"
 #include "devices/list/IPhoneProbe.h"
@@ -24,12 +25,13 @@ DeviceAnswer answerTo(const Error& error) {
 
 } // namespace
 
-DeviceAnswer PhoneProbe::ask(const DeviceInfo& device) {
+DeviceAnswer PhoneProbe::ask(const DeviceInfo& device, const std::stop_token& stop) {
     const Deadline deadline(limit_);
+    const CombinedStopToken either(deadline.token(), stop);
     try {
         if (device.platform == DevicePlatform::iOS)
-            return askIPhone(services_, device, deadline.token());
-        auto figures = services_.files().open(device)->liveInfo(deadline.token());
+            return askIPhone(services_, device, either.token());
+        auto figures = services_.files().open(device)->liveInfo(either.token());
         if (!figures)
             return {Outcome::busy};
         DeviceAnswer answer{Outcome::answered, *std::move(figures)};
@@ -43,9 +45,9 @@ DeviceAnswer PhoneProbe::ask(const DeviceInfo& device) {
     }
 }
 
-std::vector<ADBDevice> PhoneProbe::adbDevices(bool lookAgain) {
+std::vector<ADBDevice> PhoneProbe::adbDevices(bool lookAgain, const std::stop_token& stop) {
     if (lookAgain)
-        services_.adbWays().lookAgain({});
+        services_.adbWays().lookAgain(stop);
     return services_.adbWays().devices();
 }
 

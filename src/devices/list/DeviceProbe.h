@@ -9,6 +9,7 @@
 #include <chrono>
 #include <functional>
 #include <optional>
+#include <stop_token>
 
 namespace tessary {
 
@@ -37,12 +38,15 @@ class DeviceProbe {
 public:
     virtual ~DeviceProbe() = default;
 
-    /// Battery and storages. Never waits for whoever uses the device.
-    [[nodiscard]] virtual DeviceAnswer ask(const DeviceInfo& device) = 0;
+    /// Battery and storages. Never waits for whoever uses the device. Who asks to stop has no use
+    /// for the answer.
+    [[nodiscard]] virtual DeviceAnswer ask(const DeviceInfo& device,
+                                           const std::stop_token& stop) = 0;
     /// Whether a program runs that is known to compete for phones.
     [[nodiscard]] virtual bool isConflictingAppRunning() = 0;
     /// The phones that adb reaches, or is refused by. `lookAgain`: something was plugged in.
-    [[nodiscard]] virtual std::vector<ADBDevice> adbDevices(bool) {
+    [[nodiscard]] virtual std::vector<ADBDevice> adbDevices(bool /*lookAgain*/,
+                                                            const std::stop_token&) {
         return {};
     }
     /// From now on `changed` is called, on any thread, when adbDevices() has another answer; an
@@ -59,9 +63,10 @@ public:
     PhoneProbe(DeviceServices& services, std::chrono::milliseconds limit)
         : services_(services), limit_(limit) {}
 
-    [[nodiscard]] DeviceAnswer ask(const DeviceInfo& device) override;
+    [[nodiscard]] DeviceAnswer ask(const DeviceInfo& device, const std::stop_token& stop) override;
     [[nodiscard]] bool isConflictingAppRunning() override;
-    [[nodiscard]] std::vector<ADBDevice> adbDevices(bool lookAgain) override;
+    [[nodiscard]] std::vector<ADBDevice> adbDevices(bool lookAgain,
+                                                    const std::stop_token& stop) override;
     void onADBChange(std::function<void()> changed) override;
 
 private:
