@@ -167,7 +167,11 @@ QString phoneName(const PhoneIdentity& opened, const PhoneQueue& queue) {
 }
 
 std::shared_ptr<PhoneQueue> PhoneQueues::of(const PhoneIdentity& phone) {
+    constexpr qsizetype many = 256;
     const std::scoped_lock lock(mutex_);
+    // Each may have a thread, and a gadget ever new serial numbers.
+    if (queues_.size() >= many && !queues_.contains(phone.key()))
+        queues_.removeIf([](decltype(queues_)::iterator one) { return one->use_count() == 1; });
     std::shared_ptr<PhoneQueue>& queue = queues_[phone.key()];
     if (!queue)
         queue = std::make_shared<PhoneQueue>();

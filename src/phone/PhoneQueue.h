@@ -122,7 +122,7 @@ private:
 class PhoneQueues {
 public:
     /// The one of a phone, made at the first call. It takes the phone's name over, where there is
-    /// one.
+    /// one. Once there are many, those that nobody else holds are dropped.
     [[nodiscard]] std::shared_ptr<PhoneQueue> of(const PhoneIdentity& phone);
 
 private:

@@ -120,5 +120,20 @@ TEST_F(PhoneQueueTest, connectionIsClosedOnceThePhoneIsIdleAndAgainAfterEachUse)
     EXPECT_EQ(closed, 3);
 }
 
+TEST(PhoneQueues, thatNobodyHoldsAreDroppedOnceThereAreMany) {
+    PhoneQueues queues;
+    const auto of = [&](int n) {
+        PhoneIdentity phone;
+        phone.udid = QString::number(n);
+        return queues.of(phone);
+    };
+    const auto held = of(-1);
+    const std::weak_ptr<PhoneQueue> unused = of(0);
+    for (int n = 0; n < 300; ++n)
+        (void)of(n);
+    EXPECT_TRUE(unused.expired());
+    EXPECT_EQ(of(-1), held);
+}
+
 } // namespace
 } // namespace tessary
