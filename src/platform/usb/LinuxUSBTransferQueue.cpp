@@ -45,8 +45,10 @@ LinuxUSBTransferQueue::Done LinuxUSBTransferQueue::next(USBTimeouts timeouts) {
     const USBCode reason = timeouts.isStopped() ? usb::aborted : usb::timeout;
     const USBCode code = inTime && !cancelled_ ? oldest.result() : oldest.timeoutResult(reason);
     Done done{code, oldest.buffer().first(oldest.transferred()), oldest.transferred()};
-    if (code != usb::success && inTime && !cancelAll())
+    if (code != usb::success && inTime && !cancelAll()) {
+        done.code = usb::noDevice;
         return done;
+    }
     // A time-out that was overtaken by the data is none: the transfers behind it stay in the queue,
     // and what became of them before they were cancelled is handed out like anything else.
     const std::size_t over = code == usb::success ? 1 : flying_.size();
