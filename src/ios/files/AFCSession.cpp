@@ -82,10 +82,8 @@ bool AFCSession::Slot::isUsable() const {
 
 void AFCSession::Slot::giveUp() {
     const std::scoped_lock lock(mutex);
-    if (const auto link = current.lock()) {
-        link->markLost();
+    if (const auto link = current.lock())
         link->end();
-    }
 }
 
 void AFCSession::Slot::open(const std::stop_token& stop) {

@@ -29,16 +29,9 @@ QString AFCLink::inContainer(const QString& path) const {
 
 template <typename Result, typename... Values>
 Result AFCLink::ask(HelperOperation operation, const Values&... arguments) {
-    if (isLost_)
+    if (isLost())
         throw Error(PhoneError::brokenOff);
-    try {
-        auto result = helper_.askFor<Result>(operation, helperArguments(arguments...));
-        isLost_ = helper_.isLost();
-        return result;
-    } catch (...) {
-        isLost_ = helper_.isLost();
-        throw;
-    }
+    return helper_.askFor<Result>(operation, helperArguments(arguments...));
 }
 
 template <typename... Values>

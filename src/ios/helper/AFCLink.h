@@ -5,7 +5,6 @@
 
 #include <QDateTime>
 
-#include <atomic>
 #include <span>
 
 namespace tessary {
@@ -14,8 +13,8 @@ class AFCLinkFile;
 
 /// Files of an iPhone, an app's container or the media folder, by way of a helper that has them
 /// open: each call is one request of the AFC protocol. Paths are the device's own. Calls block, for
-/// the helper's patience at most, and are made on one thread; only isLost() and markLost() may come
-/// from any.
+/// the helper's patience at most, and are made on one thread; only isLost() and end() may come from
+/// any.
 ///
 /// A refused request throws Error: what it means (PhoneError) about the path below
 /// workingRootPath(), over the device's AFCStatus. Once the link has failed every call fails.
@@ -35,12 +34,9 @@ public:
     /// like the root is not taken for it.
     [[nodiscard]] QString inContainer(const QString& path) const;
     [[nodiscard]] bool isLost() const {
-        return isLost_;
+        return helper_.isLost();
     }
-    void markLost() {
-        isLost_ = true;
-    }
-    /// Ends the helper, so that who waits for it is let go. Thread-safe.
+    /// Ends the helper, and the link with it: who waits for it is let go.
     void end() {
         helper_.end();
     }
@@ -95,7 +91,6 @@ private:
 
     IPhoneHelper helper_;
     QString workingRootPath_;
-    std::atomic<bool> isLost_ = false;
     bool hasTouched_ = false;
 };
 

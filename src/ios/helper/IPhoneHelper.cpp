@@ -58,7 +58,8 @@ std::unique_ptr<QDataStream> IPhoneHelper::ask(HelperOperation operation,
     bool isLost = false;
     bool wentWell = false;
     *stream >> isLost >> wentWell;
-    isLost_ = isLost_ || isLost;
+    if (isLost)
+        isLost_ = true;
     if (stream->status() == QDataStream::Ok && wentWell)
         return stream;
     const auto error = readError(*stream);
@@ -69,13 +70,11 @@ std::unique_ptr<QDataStream> IPhoneHelper::ask(HelperOperation operation,
 void IPhoneHelper::requireSense(bool makesSense) {
     if (makesSense)
         return;
-    isLost_ = true;
     end();
     throw helperError(PhoneError::nonsense, "an answer that makes no sense");
 }
 
 void IPhoneHelper::fail(Outcome outcome) {
-    isLost_ = true;
     end();
     if (outcome == Outcome::stopped)
         throw CancellationError();

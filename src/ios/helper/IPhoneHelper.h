@@ -7,6 +7,7 @@
 #include <QIODevice>
 #include <QString>
 
+#include <atomic>
 #include <chrono>
 #include <memory>
 #include <stop_token>
@@ -51,9 +52,10 @@ public:
 
     /// Ends it; who waits for an answer is let go. Thread-safe.
     void end() {
+        isLost_ = true;
         channel_->kill();
     }
-    /// Whether it can still be asked something about the connection that it has open.
+    /// Whether it cannot be asked anything more about the connection that it has open. Thread-safe.
     [[nodiscard]] bool isLost() const {
         return isLost_;
     }
@@ -70,7 +72,7 @@ private:
     const Limits limits_;
     SharedMemory memory_;
     std::unique_ptr<ChildChannel> channel_;
-    bool isLost_ = false;
+    std::atomic<bool> isLost_ = false;
 };
 
 /// Arguments of a request.
