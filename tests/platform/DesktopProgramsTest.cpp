@@ -24,6 +24,7 @@ TEST(DesktopEntry, execLinesTakeFilesAsTheySay) {
         {"  ", {}},
         {"%i", {}}, // or the phone's file would be the program
         {"%F", {}},
+        {"\"\" %f", {}},
     };
     for (const auto& [line, commands] : rows) {
         const DesktopProgram program{u"v.desktop"_s, u"Viewer"_s, u"eye"_s,

@@ -224,7 +224,7 @@ std::vector<DesktopProgram> programsFor(const QString& fileName, const QString& 
 std::vector<QStringList> commandsOf(const DesktopProgram& program, const QStringList& files) {
     const auto words = wordsOf(program.command);
     // Without a program of its own the first file would be run.
-    if (!words || words->isEmpty() || words->front().startsWith(QLatin1Char('%')))
+    if (!words || words->value(0).isEmpty() || words->front().startsWith(QLatin1Char('%')))
         return {};
     const auto holds = [&](const char* codes) {
         return std::ranges::any_of(*words, [&](const QString& word) {
