@@ -1,5 +1,6 @@
 #include "base/local/PrivateFolder.h"
 
+#include "base/local/FolderEntries.h"
 #include "base/local/LocalError.h"
 #include "base/local/ScratchFolder.h"
 #include "base/local/TreeRemoval.h"
@@ -12,11 +13,9 @@
 #include <cerrno>
 #include <cstring>
 #include <ctime>
-#include <memory>
 #include <utility>
 #include <vector>
 
-#include <dirent.h>
 #include <fcntl.h>
 #include <pwd.h>
 #include <sys/file.h>
@@ -115,12 +114,6 @@ std::pair<FileHandle, QString> safePlace(PrivateFolder::Place place) {
     fail(refused, QStringLiteral("it is missing, or others may write there"));
 }
 
-struct CloseFolder {
-    void operator()(DIR* folder) const {
-        ::closedir(folder);
-    }
-};
-
 /// Whether a folder is of no running program, and older than it takes to make one.
 bool isAbandoned(int folder) {
     struct stat facts {};
@@ -157,7 +150,7 @@ PrivateFolder::PrivateFolder(const QString& parent, const QString& name)
 }
 
 void PrivateFolder::removeAbandoned() const {
-    const std::unique_ptr<DIR, CloseFolder> entries(
+    const FolderEntries entries(
         fdopendir(openat(folder_.get(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC)));
     std::vector<QByteArray> names;
     while (const dirent* entry = entries ? readdir(entries.get()) : nullptr)

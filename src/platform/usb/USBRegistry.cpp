@@ -1,9 +1,9 @@
 #include "platform/usb/USBRegistry.h"
 
 #include "base/local/FileHandle.h"
+#include "base/local/FolderEntries.h"
 #include "platform/usb/UdevPointers.h"
 
-#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -17,16 +17,10 @@ namespace {
 
 constexpr const char* devicesFolder = "/sys/bus/usb/devices";
 
-struct CloseFolder {
-    void operator()(DIR* folder) const {
-        ::closedir(folder);
-    }
-};
-
 /// What a folder holds; nothing when it cannot be read.
 std::vector<QByteArray> namesIn(const QByteArray& path) {
     std::vector<QByteArray> names;
-    const std::unique_ptr<DIR, CloseFolder> folder(::opendir(path.constData()));
+    const FolderEntries folder(::opendir(path.constData()));
     while (const dirent* entry = folder ? ::readdir(folder.get()) : nullptr)
         names.emplace_back(entry->d_name);
     return names;
