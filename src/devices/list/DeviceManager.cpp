@@ -107,7 +107,7 @@ void DeviceManager::poll() {
 }
 
 void DeviceManager::startAndroidListening() {
-    DiagnosticsLogger::shared().usb.info("Starting IOKit USB hotplug monitoring for Android...");
+    DiagnosticsLogger::shared().usb.info("Watching the USB bus for Android phones");
     const auto changed = [guard = QPointer<DeviceManager>(this),
                           period = period_](const USBEvent& event) {
         MainThread::post([guard, period, event] {
@@ -247,7 +247,7 @@ std::vector<DeviceInfo> DeviceManager::attachedDevices(QHash<QString, Attachment
 }
 
 /// Whether the next poll has something to ask. An iPhone that waits for its user is asked each
-/// time: what to do is on its own screen, and Lockdown spares it the questions that would be
+/// time: what to do is on its own screen, and PairingQuestions spare it those that would be
 /// repeated.
 bool DeviceManager::lacksDetails(const DeviceInfo& device) const {
     if (device.platform == DevicePlatform::iOS)

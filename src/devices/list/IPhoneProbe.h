@@ -4,9 +4,8 @@
 
 namespace tessary {
 
-/// Asks an iPhone for its name, unless it is known, and its storage, over a lockdown session of
-/// its own. Blocking; one that something works on is
-/// `busy`, a phone that refuses is `failed` with words for its owner.
+/// Asks an iPhone for its name, storage and battery, by a helper of its own. Blocking; one that
+/// something works on is `busy`. Throws as askIPhoneFacts() does.
 [[nodiscard]] DeviceAnswer askIPhone(DeviceServices& services, const DeviceInfo& device,
                                      const std::stop_token& stop);
 
