@@ -1,17 +1,13 @@
 #include "ios/Lockdown.h"
 
 #include "base/text/ByteCount.h"
-#include "base/threads/CancellationError.h"
 #include "ios/IPhoneError.h"
 #include "ios/Multiplexer.h"
-#include "ios/PairingQuestions.h"
 #include "ios/PlistValues.h"
 #include "phone/PhoneError.h"
 
 #include <algorithm>
-#include <condition_variable>
-#include <csignal>
-#include <mutex>
+#include <thread>
 
 namespace tessary {
 
@@ -26,36 +22,6 @@ std::uint64_t firstOf(plist_t dictionary, const char* key, const char* otherKey)
     return value ? *value : unsignedAt(dictionary, otherKey).value_or(0);
 }
 
-/// The library writes to connections that may be gone, which by default ends the program. Whoever
-/// has chosen otherwise keeps the choice.
-void ignoreBrokenPipes() {
-    static const bool done = [] {
-        struct sigaction current {};
-        if (sigaction(SIGPIPE, nullptr, &current) == 0 && current.sa_handler == SIG_DFL)
-            std::signal(SIGPIPE, SIG_IGN);
-        return true;
-    }();
-    (void)done;
-}
-
-/// The handshake pairs first where it has to: with a phone that was asked before only when it is
-/// time to ask again.
-lockdownd_error_t shakeHands(idevice_t device, const QString& udid, lockdownd_client_t& client) {
-    PairingQuestions& questions = PairingQuestions::shared();
-    const bool asks = !isPaired(udid);
-    const std::uint32_t attachment = asks ? attachmentOf(udid).value_or(0) : 0;
-    if (asks) {
-        if (const auto before = questions.refusalOf(udid, attachment))
-            return static_cast<lockdownd_error_t>(*before);
-    }
-    const lockdownd_error_t status = lockdownd_client_new_with_handshake(device, &client, label);
-    if (asks && isFinalRefusal(status))
-        questions.refused(udid, attachment, status);
-    else
-        questions.forget(udid);
-    return status;
-}
-
 } // namespace
 
 std::optional<StorageInfo> storageFromDiskUsage(plist_t diskUsage) {
@@ -68,11 +34,8 @@ std::optional<StorageInfo> storageFromDiskUsage(plist_t diskUsage) {
     return StorageInfo{std::min(free, total), total};
 }
 
-Lockdown::Lockdown(const QString& udid, const std::stop_token& stop, const Pause& pause)
-    : udid_(udid.toUtf8()) {
-    ignoreBrokenPipes();
+Lockdown::Lockdown(const QString& udid) : udid_(udid.toUtf8()) {
     for (int attempt = 1;; ++attempt) {
-        throwIfStopped(stop);
         idevice_t device = nullptr;
         const bool isFound = idevice_new_with_options(&device, udid_.constData(), lookupOptions) ==
                              IDEVICE_E_SUCCESS;
@@ -80,7 +43,7 @@ Lockdown::Lockdown(const QString& udid, const std::stop_token& stop, const Pause
         lockdownd_error_t status = LOCKDOWN_E_SUCCESS;
         if (isFound && device != nullptr) {
             lockdownd_client_t client = nullptr;
-            status = shakeHands(device, udid, client);
+            status = lockdownd_client_new_with_handshake(device, &client, label);
             if (status == LOCKDOWN_E_SUCCESS && client != nullptr) {
                 device_ = std::move(owner);
                 client_.reset(client);
@@ -93,7 +56,7 @@ Lockdown::Lockdown(const QString& udid, const std::stop_token& stop, const Pause
         if (isLast)
             throw Error(PhoneError::notConnected);
         owner.reset();
-        pause(pauseBetweenAttempts, stop);
+        std::this_thread::sleep_for(pauseBetweenAttempts);
     }
 }
 
@@ -152,13 +115,6 @@ IPhoneFacts Lockdown::facts() {
 
 bool Lockdown::usesNetwork() const {
     return isOnNetwork(QString::fromUtf8(udid_));
-}
-
-void Lockdown::waitFor(std::chrono::milliseconds time, const std::stop_token& stop) {
-    std::mutex mutex;
-    std::condition_variable_any never;
-    std::unique_lock lock(mutex);
-    never.wait_for(lock, stop, time, [] { return false; });
 }
 
 } // namespace tessary

@@ -5,9 +5,7 @@
 #include <QString>
 
 #include <chrono>
-#include <functional>
 #include <optional>
-#include <stop_token>
 
 namespace tessary {
 
@@ -39,16 +37,12 @@ public:
     static constexpr int attempts = 5;
     static constexpr std::chrono::milliseconds pauseBetweenAttempts{250};
 
-    /// Waits for a time, or until the token asks to stop.
-    using Pause = std::function<void(std::chrono::milliseconds, const std::stop_token&)>;
-
-    /// Finds the device and performs the handshake, in up to `attempts` attempts with a pause
-    /// after each failure but the last. A phone that waits for its user is not asked twice, and to
-    /// trust this computer only when PairingQuestions let it. Throws
-    /// the last attempt's Error: PhoneError::notConnected, or what the refusal means, over
-    /// IPhoneError::handshake. CancellationError between two attempts.
-    explicit Lockdown(const QString& udid, const std::stop_token& stop = {},
-                      const Pause& pause = waitFor);
+    /// Finds the device and performs the handshake, which pairs first where it has to: whoever
+    /// starts this has asked PairingQuestions. Up to `attempts` attempts with a pause after each
+    /// failure but the last; a phone that waits for its user is not asked twice. Throws the last
+    /// attempt's Error: PhoneError::notConnected, or what the refusal means, over
+    /// IPhoneError::handshake.
+    explicit Lockdown(const QString& udid);
 
     /// Starts a service. Throws what the refusal means, over IPhoneError::service.
     [[nodiscard]] LockdownService startService(const char* name);
@@ -72,8 +66,6 @@ public:
     [[nodiscard]] lockdownd_client_t client() const {
         return client_.get();
     }
-
-    static void waitFor(std::chrono::milliseconds time, const std::stop_token& stop);
 
 private:
     [[nodiscard]] PlistHandle valueAt(const char* domain, const char* key);

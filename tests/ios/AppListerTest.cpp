@@ -1,6 +1,4 @@
-#include "ios/AppLister.h"
-
-#include "ios/Lockdown.h"
+#include "ios/helper/IPhoneHelper.h"
 #include "support/PluggedIPhone.h"
 #include "support/QtPrinters.h"
 
@@ -27,9 +25,8 @@ TEST(AppLister, listsTheUsersAppsThatShareFilesFromSeveralAnswers) {
         config.apps.push_back(app);
     }
     PluggedIPhone iphone(config);
-    Lockdown session(iphone.udid());
     QStringList names;
-    for (const AppInfo& each : AppLister::appsOf(session))
+    for (const AppInfo& each : askIPhoneApps(iphone.udid(), {}))
         names << each.displayName;
     EXPECT_EQ(names, QStringList({u"Apple"_s, u"banana"_s, u"Bundle"_s, u"cherry"_s, u"Notes"_s}));
 }
