@@ -45,9 +45,8 @@ bool isDocumentsOf(AFCConnection& opened) {
 
 } // namespace
 
-AFCConnection::AFCConnection(std::unique_ptr<Lockdown> session, const QString& bundleId,
-                             std::function<void()> beat)
-    : beat_(std::move(beat)), session_(std::move(session)) {
+AFCConnection::AFCConnection(std::unique_ptr<Lockdown> session, const QString& bundleId)
+    : session_(std::move(session)) {
     if (bundleId.isEmpty()) {
         openMedia();
     } else {
@@ -71,7 +70,6 @@ HouseArrestHandle AFCConnection::openHouseArrest(const QString& bundleId) {
         house_arrest_client_t handle = nullptr;
         const auto status = house_arrest_client_new(session_->device(), service.get(), &handle);
         HouseArrestHandle client(handle);
-        beat_();
         if (status != HOUSE_ARREST_E_SUCCESS || !client)
             continue;
         if (house_arrest_send_command(handle, command, bundleId.toUtf8().constData()) !=
@@ -80,7 +78,6 @@ HouseArrestHandle AFCConnection::openHouseArrest(const QString& bundleId) {
         plist_t result = nullptr;
         (void)house_arrest_get_result(handle, &result);
         const PlistHandle owner(result);
-        beat_();
         if (!hasKey(result, "Error"))
             return client;
         const QString reason = textAt(result, "Error").value_or(QStringLiteral("Unknown"));
@@ -101,7 +98,6 @@ void AFCConnection::openMedia() {
     afc_client_t handle = nullptr;
     const std::int32_t status = afc_client_new(session_->device(), service.get(), &handle);
     afc_.reset(handle);
-    beat_();
     if (status != AFC_E_SUCCESS || !afc_)
         throw errorOf(status == AFC_E_SUCCESS ? AFC_E_MUX_ERROR : status, {});
 }
@@ -137,7 +133,6 @@ std::int32_t AFCConnection::ask(const Request& request) {
     lastWait_ = std::chrono::steady_clock::now() - begin;
     if (isLinkFailure(afcStatusFrom(status)))
         isLost_ = true;
-    beat_();
     return status;
 }
 

@@ -10,10 +10,8 @@
 #include <QString>
 #include <QStringList>
 
-#include <atomic>
 #include <chrono>
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
@@ -23,7 +21,7 @@ namespace tessary {
 
 /// Files of a device, opened through house arrest or the media service: each call is one request of
 /// the AFC protocol. Paths are the device's own. Calls block, for 30 seconds at most on a silent
-/// link, and are made on one thread; only isLost() and markLost() may come from any.
+/// link; one caller at a time.
 ///
 /// A refused request throws Error: what it means (PhoneError) about the path below
 /// workingRootPath(), over the device's AFCStatus. Once the link has failed, every call fails at
@@ -31,9 +29,8 @@ namespace tessary {
 class AFCConnection {
 public:
     /// Opens the container of `bundleId` with "VendDocuments", else with "VendContainer"; an empty
-    /// one means the media folder. Throws as the services do. `beat` is called after each request.
-    AFCConnection(std::unique_ptr<Lockdown> session, const QString& bundleId,
-                  std::function<void()> beat);
+    /// one means the media folder. Throws as the services do.
+    AFCConnection(std::unique_ptr<Lockdown> session, const QString& bundleId);
 
     /// "/Documents" when the whole container was opened, "/" when it is the documents themselves.
     [[nodiscard]] const QString& workingRootPath() const {
@@ -48,9 +45,6 @@ public:
     }
     [[nodiscard]] bool isLost() const {
         return isLost_;
-    }
-    void markLost() {
-        isLost_ = true;
     }
 
     /// Names in the order of the device, without "." and "..", as the bytes that came: they need
@@ -80,10 +74,9 @@ private:
     /// What a status means, told more exactly where the phone as a whole has changed.
     [[nodiscard]] Error errorOf(std::int32_t status, const QString& path);
 
-    const std::function<void()> beat_;
     QString workingRootPath_{QLatin1Char('/')};
     std::size_t requestLimit_ = 0;
-    std::atomic<bool> isLost_ = false;
+    bool isLost_ = false;
     std::chrono::steady_clock::duration lastWait_{}; ///< of the last request, for its answer
     // Freed in the reverse order.
     std::unique_ptr<Lockdown> session_;

@@ -143,8 +143,7 @@ bool HelperServer::carryOut(HelperOperation operation, QDataStream& arguments,
     case HelperOperation::open:
         if (!read(arguments, path) || connection_)
             return false;
-        connection_ =
-            std::make_unique<AFCConnection>(std::make_unique<Lockdown>(udid_), path, [] {});
+        connection_ = std::make_unique<AFCConnection>(std::make_unique<Lockdown>(udid_), path);
         result << connection_->workingRootPath();
         return true;
     case HelperOperation::names:
