@@ -43,8 +43,11 @@ protected:
         adbd_->start();
     }
     ~ADBWaysTest() override {
-        (void)processes_.run(realADB(), {u"-L"_s, u"tcp:%1"_s.arg(address_.port), u"kill-server"_s},
-                             10s);
+        adb({u"kill-server"_s});
+    }
+    void adb(const QStringList& words) {
+        (void)processes_.run(realADB(),
+                             QStringList{u"-L"_s, u"tcp:%1"_s.arg(address_.port)} + words, 10s);
     }
     ADBWays::Setup setup(const QStringList& paths) {
         ADBWays::Setup setup{bus_, processes_};
@@ -112,8 +115,7 @@ TEST_F(ADBWaysTest, serverTellsOfPhonesThatComeAndGo) {
         const auto devices = ways.devices();
         return devices.size() == 1 && devices[0].isReady();
     }));
-    (void)processes_.run(realADB(), {u"-L"_s, u"tcp:%1"_s.arg(address_.port), u"kill-server"_s},
-                         10s);
+    adb({u"kill-server"_s});
     EXPECT_TRUE(comesTrue([&] { // one may still meet the one that ends
         (void)listing(ways, networkPhone());
         return hasServer();
@@ -152,6 +154,22 @@ TEST_F(ADBWaysTest, phonesAreReachedStraightWhereNoADBIs) {
     EXPECT_EQ(listing(ways, plugged), "nothing");
     EXPECT_FALSE(hasServer());
     EXPECT_EQ(codeOf([&] { ways.pair(adbd_->address(), u"123456"_s, {}); }), "noADB");
+    for (const bool isByServer : {false, true}) {
+        if (isByServer) {
+            adbd_->start();
+            ways.connect(adbd_->address(), {});
+            adb({u"connect"_s, adbd_->address()});
+            ways.lookAgain({});
+            EXPECT_TRUE(comesTrue([&] { return !ways.devices().at(0).transportId.isEmpty(); }));
+            EXPECT_EQ(ways.devices().size(), 1U);
+            adb({u"kill-server"_s});
+        }
+        const int before = changes_;
+        adbd_->stop();
+        EXPECT_NE(listing(ways, networkPhone()), "nothing");
+        EXPECT_TRUE(comesTrue([&] { return ways.devices().empty(); })) << "what is gone";
+        EXPECT_GT(changes_, before);
+    }
 }
 
 TEST_F(ADBWaysTest, pairingThatAnOldServerDoesNotKnowIsToldSo) {

@@ -22,6 +22,8 @@ using namespace std::chrono_literals;
 constexpr auto startPatience = 15s;
 /// A person may have to allow it on the phone.
 constexpr auto networkPatience = 20s;
+/// A phone that is there takes a connection at once, or wakes up for it.
+constexpr std::chrono::milliseconds reachPatience = 10s;
 
 /// "host:port", or "[host]:port"; no value for anything else.
 std::optional<std::pair<QString, std::uint16_t>> hostAndPort(const QString& address) {
@@ -100,10 +102,9 @@ bool ADBWays::isAddress(const QString& text) {
 std::vector<ADBDevice> ADBWays::devices() {
     std::vector<ADBDevice> all = tracker_.devices();
     const std::scoped_lock lock(mutex_);
-    for (const ADBDevice& device : straight_)
-        if (std::none_of(all.begin(), all.end(),
-                         [&](const ADBDevice& one) { return one.serial == device.serial; }))
-            all.push_back(device);
+    for (const ADBDevice& listed : all) // from now on it is the server's
+        std::erase_if(straight_, [&](const ADBDevice& one) { return one.serial == listed.serial; });
+    all.insert(all.end(), straight_.begin(), straight_.end());
     return all;
 }
 
@@ -193,10 +194,17 @@ std::shared_ptr<ADBConnection> ADBWays::byServer(const PhoneIdentity& phone) {
 
 std::shared_ptr<ADBConnection> ADBWays::straightTo(const PhoneIdentity& phone) {
     USBBus& bus = setup_.bus;
-    if (const auto address = hostAndPort(addressOf(phone).value_or(QString())))
+    const QString address = addressOf(phone).value_or(QString());
+    if (const auto parts = hostAndPort(address))
         return std::make_shared<ADBDirectConnection>(
-            [address](const Wait& wait) {
-                return std::make_unique<ADBTCPTransport>(address->first, address->second, wait);
+            [this, address, parts](const Wait& wait) {
+                const Wait soon{wait.stop, std::min(wait.silence, reachPatience)};
+                try {
+                    return std::make_unique<ADBTCPTransport>(parts->first, parts->second, soon);
+                } catch (const Error&) {
+                    forget(address);
+                    throw;
+                }
             },
             keys_);
     return std::make_shared<ADBDirectConnection>(
@@ -227,6 +235,18 @@ bool ADBWays::isStraight(const QString& address) const {
     const std::scoped_lock lock(mutex_);
     return std::any_of(straight_.begin(), straight_.end(),
                        [&](const ADBDevice& one) { return one.serial == address; });
+}
+
+/// A phone that does not answer any more. Nobody else would tell of it without a server.
+void ADBWays::forget(const QString& address) {
+    {
+        const std::scoped_lock lock(mutex_);
+        const auto is = [&](const ADBDevice& one) { return one.serial == address; };
+        if (std::erase_if(straight_, is) == 0)
+            return;
+    }
+    if (setup_.changed)
+        setup_.changed();
 }
 
 void ADBWays::connect(const QString& address, const std::stop_token& stop) {

@@ -38,8 +38,8 @@ public:
     ADBWays(const ADBWays&) = delete;
     ADBWays& operator=(const ADBWays&) = delete;
 
-    /// The phones that the server knows, and those that connect() has reached without one. Answers
-    /// from memory but for the first call.
+    /// The phones that the server knows, and those that connect() has reached without one, until a
+    /// link to them fails. Answers from memory but for the first call.
     [[nodiscard]] std::vector<ADBDevice> devices();
     /// Something was plugged in, or the user asks: looks whether a server should run.
     void lookAgain(const std::stop_token& stop);
@@ -68,6 +68,7 @@ private:
     [[nodiscard]] std::shared_ptr<ADBConnection> straightTo(const PhoneIdentity& phone);
     [[nodiscard]] std::optional<QString> addressOf(const PhoneIdentity& phone) const;
     [[nodiscard]] bool isStraight(const QString& address) const;
+    void forget(const QString& address);
 
     const Setup setup_;
     const ADBTool tool_;
