@@ -177,6 +177,24 @@ TEST_F(ADBWaysTest, pairingThatAnOldServerDoesNotKnowIsToldSo) {
     EXPECT_EQ(codeOf([&] { ways.pair(adbd_->address(), u"123456"_s, {}); }), "cannotPair");
 }
 
+TEST_F(ADBWaysTest, phoneThatTheServerHasLostIsConnectedAnew) {
+    const QByteArray phone = "10.0.0.9:5555";
+    for (const bool isLost : {true, false}) {
+        std::atomic<bool> isConnected = true;
+        const ScriptedADBServer server([&](const QByteArray& request) -> QByteArray {
+            if (request == "host:devices-l")
+                return phone + (isLost ? "\toffline\n" : "\tdevice\n");
+            isConnected = request.startsWith("host:connect:") && isConnected;
+            return (isConnected ? "already connected to " : "connected to ") + phone;
+        });
+        ADBWays::Setup with{bus_, processes_};
+        with.server = server.address();
+        ADBWays(with).connect(QString::fromUtf8(phone), {});
+        EXPECT_NE(isConnected, isLost);
+        EXPECT_EQ(server.requests().last(), isLost ? "host:connect:" + phone : "host:devices-l");
+    }
+}
+
 TEST_F(ADBWaysTest, runningServerOfAnotherVersionIsLeftAlone) {
     const ScriptedADBServer server([](const QByteArray&) { return QByteArray(); }, "0099");
     FakeProcessRunner processes;

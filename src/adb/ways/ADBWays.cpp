@@ -25,6 +25,8 @@ constexpr auto networkPatience = 20s;
 /// A phone that is there takes a connection at once, or wakes up for it.
 constexpr std::chrono::milliseconds reachPatience = 10s;
 
+constexpr QLatin1StringView alreadyConnected("already connected to");
+
 /// "host:port", or "[host]:port"; no value for anything else.
 std::optional<std::pair<QString, std::uint16_t>> hostAndPort(const QString& address) {
     const qsizetype colon = address.lastIndexOf(QLatin1Char(':'));
@@ -33,6 +35,13 @@ std::optional<std::pair<QString, std::uint16_t>> hostAndPort(const QString& addr
     if (colon <= 0 || !isNumber || port == 0)
         return std::nullopt;
     return std::pair(address.left(colon), port);
+}
+
+/// Whether a server keeps a phone that it does not reach.
+bool isOffline(const std::vector<ADBDevice>& devices, const QString& address) {
+    return std::any_of(devices.begin(), devices.end(), [&](const ADBDevice& one) {
+        return one.serial == address && one.state == QLatin1StringView("offline");
+    });
 }
 
 } // namespace
@@ -255,10 +264,17 @@ void ADBWays::connect(const QString& address, const std::stop_token& stop) {
         throw Error(ADBError::notFound, {address});
     if (startServer(stop)) {
         // The server has words only for how it went.
-        const QString answer = QString::fromUtf8(
-            server_->ask("host:connect:" + address.toUtf8(), {stop, networkPatience}));
+        const Wait wait{stop, networkPatience};
+        const auto ask = [&](const QByteArray& what) {
+            return QString::fromUtf8(server_->ask(what + address.toUtf8(), wait));
+        };
+        QString answer = ask("host:connect:");
+        if (answer.startsWith(alreadyConnected) && isOffline(server_->devices(wait), address)) {
+            (void)ask("host:disconnect:");
+            answer = ask("host:connect:");
+        }
         if (answer.startsWith(QLatin1StringView("connected to")) ||
-            answer.startsWith(QLatin1StringView("already connected to")))
+            answer.startsWith(alreadyConnected))
             return;
         if (answer.contains(QLatin1StringView("authenticate")))
             throw Error(ADBError::unauthorized, {address});
