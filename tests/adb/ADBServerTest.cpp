@@ -2,6 +2,8 @@
 
 #include "support/CodeOf.h"
 #include "support/QtPrinters.h"
+#include "support/ScriptedADBServer.h"
+#include "support/Soon.h"
 
 #include <gtest/gtest.h>
 
@@ -66,6 +68,17 @@ TEST(ADBServerConnection, phoneIsChosenByPlaceThenNameThenItsOwnSerial) {
         const ADBDevice* chosen = ADBServerConnection::choose(all, sought);
         EXPECT_EQ(chosen == nullptr ? -1 : static_cast<int>(chosen - all.data()), found);
     }
+}
+
+TEST(ADBServerConnection, drippingPhoneOnTheNetworkHoldsUpNobody) {
+    const ScriptedADBServer server([](const QByteArray& request) -> QByteArray {
+        return request == "host:devices-l" ? "10.0.0.9:5555\tdevice\n" : "DRIP";
+    });
+    ADBServerConnection phone(std::make_shared<ADBServerClient>(server.address()),
+                              {u"ANOTHER"_s, {}});
+    const auto begun = std::chrono::steady_clock::now();
+    EXPECT_EQ(codeOf([&] { (void)phone.features({{}, soon}); }), "notFound");
+    EXPECT_LT(std::chrono::steady_clock::now() - begun, soon);
 }
 
 } // namespace

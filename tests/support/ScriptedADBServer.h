@@ -18,7 +18,7 @@ namespace tessary {
 class ScriptedADBServer {
 public:
     /// The text that a request is answered with; "FAIL" before it makes it a refusal, "HANG" stands
-    /// for no answer.
+    /// for no answer, "DRIP" for one that comes byte by byte.
     using Answer = std::function<QByteArray(const QByteArray& request)>;
 
     explicit ScriptedADBServer(Answer answer, QByteArray version = "0029")
@@ -27,6 +27,8 @@ public:
           socket_(PhoneSockets::listenAt(QStringLiteral("127.0.0.1"), 0)),
           thread_([this](const std::stop_token& stop) {
               while (!stop.stop_requested()) {
+                  for (const FileHandle& connection : dripping_)
+                      send(connection, "x");
                   pollfd waiting{socket_.get(), POLLIN, 0};
                   if (::poll(&waiting, 1, 20) > 0)
                       serve(FileHandle(::accept(socket_.get(), nullptr, nullptr)));
@@ -66,6 +68,8 @@ private:
         const QByteArray answer = answer_(request);
         if (answer == "HANG")
             kept_.push_back(std::move(connection));
+        else if (answer == "DRIP")
+            send(dripping_.emplace_back(std::move(connection)), "OKAYffff");
         else if (answer.startsWith("FAIL"))
             send(connection, "FAIL" + counted(answer.mid(4)));
         else
@@ -82,6 +86,7 @@ private:
     QByteArrayList requests_; ///< guarded by mutex_
     const FileHandle socket_;
     std::vector<FileHandle> kept_; ///< connections that stay open
+    std::vector<FileHandle> dripping_;
     std::jthread thread_;
 };
 

@@ -2,7 +2,6 @@
 
 #include "adb/protocol/ADBError.h"
 #include "adb/server/ADBServerConnection.h"
-#include "adb/services/ADBShellClient.h"
 #include "base/threads/CancellationError.h"
 #include "base/threads/CombinedStopToken.h"
 #include "base/threads/ThreadName.h"
@@ -127,7 +126,7 @@ bool ADBDeviceTracker::follow(const std::stop_token& stop) {
             wasThere = true;
             for (ADBDevice& device : found)
                 if (device.isReady() && device.isNetwork())
-                    device.phoneSerial = phoneSerialOf(device, stop);
+                    device.phoneSerial = phoneSerialOf(device, wait.stop);
             publish(std::move(found), true);
         }
     } catch (const Error&) {
@@ -137,26 +136,22 @@ bool ADBDeviceTracker::follow(const std::stop_token& stop) {
     }
 }
 
+/// Empty for now when `stop` comes first: what is known is told even so.
 QString ADBDeviceTracker::phoneSerialOf(const ADBDevice& device, const std::stop_token& stop) {
-    constexpr auto patience = 3s;
-    constexpr qsizetype longest = 128;
     constexpr qsizetype remembered = 256;
     const QString key = device.serial + QLatin1Char('\n') + device.transportId;
     if (const auto known = phoneSerials_.constFind(key); known != phoneSerials_.cend())
         return *known;
     try {
-        ADBServerConnection phone(server_, {device.serial, {}});
-        ADBShellClient shell(phone, phone.features({stop, patience}).contains("shell_v2"));
-        const QString serial =
-            QString::fromUtf8(shell.run("getprop ro.serialno", {stop, patience}).output)
-                .trimmed()
-                .left(longest);
+        const auto serial = ADBServerConnection::ownSerialOf(device.serial, server_, stop);
+        if (!serial)
+            return {}; // asked again next time
         if (phoneSerials_.size() >= remembered)
             phoneSerials_.clear();
-        phoneSerials_.insert(key, serial);
-        return serial;
-    } catch (const Error&) {
-        return {}; // asked again next time
+        phoneSerials_.insert(key, *serial);
+        return *serial;
+    } catch (const CancellationError&) {
+        return {};
     }
 }
 

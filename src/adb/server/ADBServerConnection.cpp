@@ -2,6 +2,9 @@
 
 #include "adb/protocol/ADBError.h"
 #include "adb/services/ADBShellClient.h"
+#include "base/threads/CancellationError.h"
+#include "base/threads/CombinedStopToken.h"
+#include "base/threads/Deadline.h"
 
 #include <algorithm>
 
@@ -63,24 +66,38 @@ const ADBDevice* ADBServerConnection::choose(const std::vector<ADBDevice>& devic
     return found;
 }
 
-/// A phone on the network has another name with adb than its own: it is asked for that.
-ADBDevice ADBServerConnection::find(const Wait& wait) const {
+std::optional<QString>
+ADBServerConnection::ownSerialOf(const QString& name,
+                                 const std::shared_ptr<const ADBServerClient>& server,
+                                 const std::stop_token& stop) {
     constexpr std::chrono::seconds patience(3);
+    constexpr qsizetype longest = 128;
+    const Deadline deadline(patience);
+    const CombinedStopToken either(stop, deadline.token());
+    const Wait wait{either.token(), patience};
+    try {
+        ADBServerConnection phone(server, {name, {}});
+        ADBShellClient shell(phone, phone.features(wait).contains("shell_v2"));
+        return QString::fromUtf8(shell.run("getprop ro.serialno", wait).output)
+            .trimmed()
+            .left(longest);
+    } catch (const Error&) {
+        return std::nullopt;
+    } catch (const CancellationError&) {
+        throwIfStopped(stop);
+        return std::nullopt;
+    }
+}
+
+/// A phone on the network has another name with adb than its own: it is asked for that. One that
+/// does not tell is another one, or as good as.
+ADBDevice ADBServerConnection::find(const Wait& wait) const {
     std::vector<ADBDevice> devices = server_->devices(wait);
     if (const ADBDevice* found = choose(devices, phone_))
         return *found;
-    for (ADBDevice& device : devices) {
-        if (!device.isReady() || !device.isNetwork())
-            continue;
-        try {
-            ADBServerConnection other(server_, {device.serial, {}});
-            ADBShellClient shell(other, other.features(wait).contains("shell_v2"));
-            device.phoneSerial = QString::fromUtf8(
-                shell.run("getprop ro.serialno", {wait.stop, patience}).output.trimmed());
-        } catch (const Error&) {
-            continue; // it is another one, or as good as
-        }
-    }
+    for (ADBDevice& device : devices)
+        if (device.isReady() && device.isNetwork())
+            device.phoneSerial = ownSerialOf(device.serial, server_, wait.stop).value_or(QString());
     if (const ADBDevice* found = choose(devices, phone_))
         return *found;
     throw Error(ADBError::notFound, {phone_.serial});
@@ -90,10 +107,12 @@ ADBDevice ADBServerConnection::find(const Wait& wait) const {
 /// with a server when there was none.
 template <typename Work>
 auto ADBServerConnection::withPhone(const Wait& wait, Work work) {
+    bool isFound = false; // what was not found a moment ago is not looked up anew
     const auto attempt = [&](bool isAnew) {
         const std::scoped_lock lock(mutex_);
         if (isAnew || target_.isEmpty() || target_.startsWith("usb:"))
             target_ = targetOf(find(wait));
+        isFound = true;
         return target_;
     };
     try {
@@ -101,7 +120,7 @@ auto ADBServerConnection::withPhone(const Wait& wait, Work work) {
     } catch (const Error& error) {
         if (error.is(ADBError::noServer) && startServer_)
             startServer_(wait.stop);
-        else if (!error.is(ADBError::notFound))
+        else if (!error.is(ADBError::notFound) || !isFound)
             throw;
     }
     return work(attempt(true));

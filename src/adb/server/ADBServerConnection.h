@@ -9,6 +9,8 @@
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <optional>
+#include <stop_token>
 
 namespace tessary {
 
@@ -35,6 +37,12 @@ public:
     /// ADBError::severalPhones when that cannot be told. Pure.
     [[nodiscard]] static const ADBDevice* choose(const std::vector<ADBDevice>& devices,
                                                  const ADBPhoneSought& phone);
+
+    /// The own serial number of a phone on the network, which adb calls `name`. No value when the
+    /// phone does not tell it within 3 s, all in all. Throws CancellationError alone.
+    [[nodiscard]] static std::optional<QString>
+    ownSerialOf(const QString& name, const std::shared_ptr<const ADBServerClient>& server,
+                const std::stop_token& stop);
 
 private:
     [[nodiscard]] ADBDevice find(const Wait& wait) const;
