@@ -25,6 +25,7 @@ public:
         : stream_(std::move(stream)), lie_(std::move(lie)) {}
 
     std::size_t read(std::span<std::byte> to, const Wait& wait) override {
+        throwIfStopped(wait.stop);
         try {
             while (said_.empty()) {
                 // What goes on for ever needs nothing to begin with.
@@ -202,6 +203,17 @@ TEST_P(HostileADBTest, everyLieIsBoundedAndForgiven) {
             expectBoundedUnder(lie, use);
             expectUsableAgain();
         }
+}
+
+TEST_P(HostileADBTest, drippingShellDoesNotHoldUpTheCleaningUpAfterAStop) {
+    const Lie drip = [](std::uint64_t, Bytes) {
+        std::this_thread::sleep_for(20ms);
+        return Bytes{std::byte{1}, std::byte{1}, {}, {}, {}, std::byte{'x'}};
+    };
+    phone_->setLie(drip, "shell");
+    for (const PhoneUse& use : uses_)
+        expectBounded(*lying_, use);
+    expectUsableAgain();
 }
 
 /// Shell packets of this kind with so many bytes, for ever.

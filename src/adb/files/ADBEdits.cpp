@@ -142,12 +142,17 @@ FileItem ADBEdits::respell(const FileItem& item, const QString& newPath) {
         session_.tryRunLine(ADBSession::lineOf({"mv", "-n", from, between}) + " && " +
                                 ADBSession::lineOf({"mv", "-n", between, to}),
                             ADBSession::patience, stop_);
-    const auto after = session_.facts({{between, false}, {to, false}}, {});
-    if (!after[0] && after[1])
-        return itemOf(lastComponent(newPath), newPath, *after[1]);
-    session_.run({"mv", "-n", between, from}, ADBSession::patience, {});
-    session_.throwIfFailed("mv", result);
-    throw Error(PhoneError::notDone, {item.path});
+    // A stop leaves nothing under the third name, but does not wait long for it.
+    const std::chrono::milliseconds limit =
+        stop_.stop_requested() ? ADBSession::finishLimit : ADBSession::patience;
+    return ADBSession::finish(limit, [&](const std::stop_token& stop) {
+        const auto after = session_.facts({{between, false}, {to, false}}, stop);
+        if (!after[0] && after[1])
+            return itemOf(lastComponent(newPath), newPath, *after[1]);
+        session_.run({"mv", "-n", between, from}, ADBSession::patience, stop);
+        session_.throwIfFailed("mv", result);
+        throw Error(PhoneError::notDone, {item.path});
+    });
 }
 
 void ADBEdits::setModified(const FileItem& file, const QDateTime& date) {
@@ -258,7 +263,9 @@ FileItem ADBEdits::fill(const NewFile& file, qint64 keptBytes, const ByteSource&
 /// A phone removes what was not sent whole by itself, but not what it took and we refuse.
 void ADBEdits::removeRest(const QByteArray& path) {
     try {
-        (void)session_.tryRun({"rm", "-f", path}, ADBSession::endPatience, {});
+        ADBSession::finish(ADBSession::finishLimit, [&](const std::stop_token& stop) {
+            (void)session_.tryRun({"rm", "-f", path}, ADBSession::endPatience, stop);
+        });
     } catch (const Error&) {
         // the link is lost: the phone's own part of it has to do
     }

@@ -5,6 +5,8 @@
 #include "adb/services/ADBShellSession.h"
 #include "adb/services/ADBStream.h"
 #include "adb/services/ADBSyncClient.h"
+#include "base/threads/CancellationError.h"
+#include "base/threads/Deadline.h"
 
 #include <QByteArray>
 
@@ -80,6 +82,18 @@ public:
     /// After a failure, before what was sent is cleaned up: see ADBSyncClient::end().
     void endSync();
     static constexpr std::chrono::seconds endPatience{2};
+    /// Runs `work(stop)`, which has to be done though its caller was asked to stop: for at most
+    /// `limit`, else it is ADBError::timedOut.
+    template <typename Work>
+    static auto finish(std::chrono::milliseconds limit, Work work) {
+        const Deadline deadline(limit);
+        try {
+            return work(deadline.token());
+        } catch (const CancellationError&) {
+            throw Error(ADBError::timedOut);
+        }
+    }
+    static constexpr std::chrono::seconds finishLimit{5};
 
     /// What is at a path; no value when nothing is. Any other error of the phone is
     /// ADBError::statFailed.

@@ -36,7 +36,8 @@ ADBSmallFiles::~ADBSmallFiles() {
         return;
     try {
         session_.endSync(); // what is still on its way would make the folder again
-        removePart({});
+        ADBSession::finish(ADBSession::finishLimit,
+                           [&](const std::stop_token& stop) { removePart(stop); });
     } catch (const Error&) {
         // the failure that led here is the one to report
     }

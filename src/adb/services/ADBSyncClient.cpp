@@ -1,6 +1,8 @@
 #include "adb/services/ADBSyncClient.h"
 
 #include "adb/protocol/ADBError.h"
+#include "base/threads/CancellationError.h"
+#include "base/threads/Deadline.h"
 #include "base/values/LittleEndian.h"
 
 #include <algorithm>
@@ -314,24 +316,22 @@ void ADBSyncClient::writeOut(const Bytes& bytes, const Wait& wait) {
 
 /// In the middle of a file QUIT is no record that a phone expects: it drops the file and ends, too.
 void ADBSyncClient::end(std::chrono::milliseconds limit) {
-    using Clock = std::chrono::steady_clock;
-    const auto until = Clock::now() + limit;
-    const auto wait = [&] {
-        const auto left = std::chrono::ceil<std::chrono::milliseconds>(until - Clock::now());
-        return Wait{{}, std::max(left, std::chrono::milliseconds(0))};
-    };
+    const Deadline deadline(limit);
+    const Wait wait{deadline.token(), limit};
     isSound_ = false;
     append(unsent_, Codec::request(quit, {}));
     try {
-        stream_->write(unsent_, wait());
-    } catch (const Error&) {
-        // A phone that has ended the stream takes no more.
-    }
-    try {
-        while (Clock::now() < until && !reader_.isAtEnd(wait()))
-            (void)reader_.takeSome(ADBReader::capacity, wait());
+        try {
+            stream_->write(unsent_, wait);
+        } catch (const Error&) {
+            // A phone that has ended the stream takes no more.
+        }
+        while (!wait.stop.stop_requested() && !reader_.isAtEnd(wait))
+            (void)reader_.takeSome(ADBReader::capacity, wait);
     } catch (const Error&) {
         // Closing it has to do.
+    } catch (const CancellationError&) {
+        // The same once the time is over.
     }
 }
 
