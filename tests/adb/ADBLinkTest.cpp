@@ -2,6 +2,7 @@
 #include "adb/keys/ADBAuthManager.h"
 
 #include "adb/ADBFilesFixture.h"
+#include "base/threads/Deadline.h"
 #include "support/Soon.h"
 
 #include <condition_variable>
@@ -276,6 +277,28 @@ TEST_F(ADBLinkTest, linkThatGoesWaitsForNoKey) {
     stop.request_stop();
     EXPECT_EQ(waiting.get(), "cancelled");
     link_.reset();
+}
+
+TEST(ADBDirectConnection, whoWaitsForAnothersLinkHearsAStop) {
+    std::binary_semaphore begun{0};
+    std::binary_semaphore goOn{0};
+    ADBDirectConnection phone(
+        [&](const Wait&) -> std::unique_ptr<ADBTransport> {
+            begun.release();
+            EXPECT_TRUE(goOn.try_acquire_for(soon));
+            throw Error(ADBError::notFound);
+        },
+        nullptr);
+    const auto use = [&](const std::stop_token& stop) {
+        return codeOf([&] { (void)phone.features({stop, soon}); });
+    };
+    auto first = std::async(std::launch::async, use, std::stop_token());
+    begun.acquire();
+    const Deadline deadline(50ms);
+    EXPECT_EQ(use(deadline.token()), "cancelled");
+    phone.release(); // does not wait, either
+    goOn.release();
+    EXPECT_EQ(first.get(), "notFound");
 }
 
 } // namespace

@@ -15,7 +15,7 @@ ADBDirectConnection::ADBDirectConnection(Connect connect, std::shared_ptr<ADBHos
 std::shared_ptr<ADBLink> ADBDirectConnection::link(const Wait& wait, bool& isNew) {
     std::shared_ptr<ADBLink> link;
     {
-        const std::scoped_lock lock(mutex_);
+        const auto lock = mutex_.hold(wait.stop);
         isNew = !link_ || link_->isLost();
         if (isNew) {
             link_.reset(); // lets go of the phone first
@@ -50,9 +50,10 @@ QStringList ADBDirectConnection::programsHolding() {
 
 void ADBDirectConnection::release() {
     std::shared_ptr<ADBLink> ended; // outside of the lock
-    const std::scoped_lock lock(mutex_);
+    // Who makes a link right now needs it.
+    const auto lock = mutex_.tryToHold();
     // The question on the phone goes with the link.
-    if (link_ && !link_->hasStreams() && !link_->awaitsTrust())
+    if (lock && link_ && !link_->hasStreams() && !link_->awaitsTrust())
         ended = std::move(link_);
 }
 

@@ -4,10 +4,10 @@
 #include "adb/direct/ADBTransport.h"
 #include "adb/protocol/ADBHostKey.h"
 #include "adb/services/ADBStream.h"
+#include "base/threads/StoppableMutex.h"
 
 #include <functional>
 #include <memory>
-#include <mutex>
 
 namespace tessary {
 
@@ -38,7 +38,7 @@ private:
     const std::shared_ptr<ADBHostKey> keys_;
     const std::function<QStringList()> programsHolding_;
     const std::chrono::milliseconds trustPatience_;
-    std::mutex mutex_;
+    StoppableMutex mutex_;          ///< held while a link is made
     std::shared_ptr<ADBLink> link_; ///< null until it was needed; guarded by mutex_
 };
 

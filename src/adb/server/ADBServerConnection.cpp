@@ -103,17 +103,25 @@ ADBDevice ADBServerConnection::find(const Wait& wait) const {
     throw Error(ADBError::notFound, {phone_.serial});
 }
 
+QByteArray ADBServerConnection::knownTarget() {
+    const std::scoped_lock lock(mutex_);
+    return target_;
+}
+
 /// Runs `work(target)`; once more with the phone looked up anew when it has got another name, and
 /// with a server when there was none.
 template <typename Work>
 auto ADBServerConnection::withPhone(const Wait& wait, Work work) {
     bool isFound = false; // what was not found a moment ago is not looked up anew
     const auto attempt = [&](bool isAnew) {
-        const std::scoped_lock lock(mutex_);
-        if (isAnew || target_.isEmpty() || target_.startsWith("usb:"))
-            target_ = targetOf(find(wait));
+        QByteArray target = isAnew ? QByteArray() : knownTarget();
+        if (target.isEmpty() || target.startsWith("usb:")) {
+            target = targetOf(find(wait));
+            const std::scoped_lock lock(mutex_);
+            target_ = target;
+        }
         isFound = true;
-        return target_;
+        return target;
     };
     try {
         return work(attempt(false));

@@ -45,6 +45,7 @@ public:
                 const std::stop_token& stop);
 
 private:
+    [[nodiscard]] QByteArray knownTarget();
     [[nodiscard]] ADBDevice find(const Wait& wait) const;
     template <typename Work>
     auto withPhone(const Wait& wait, Work work);

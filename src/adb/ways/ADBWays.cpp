@@ -70,16 +70,19 @@ public:
         return asking([&] { return way(wait.stop)->features(wait); });
     }
     QStringList programsHolding() override {
-        const std::scoped_lock lock(mutex_);
-        return way_ ? way_->programsHolding() : QStringList();
+        const auto way = lastWay();
+        return way ? way->programsHolding() : QStringList();
     }
     void release() override {
-        const std::scoped_lock lock(mutex_);
-        if (way_)
-            way_->release();
+        if (const auto way = lastWay())
+            way->release();
     }
 
 private:
+    std::shared_ptr<ADBConnection> lastWay() {
+        const std::scoped_lock lock(mutex_);
+        return way_;
+    }
     std::shared_ptr<ADBConnection> way(const std::stop_token& stop) {
         const bool hasServer = !ways_.isStraight(phone_.serialNumber) && ways_.ensureServer(stop);
         const std::scoped_lock lock(mutex_);
@@ -159,7 +162,7 @@ bool ADBWays::startServer(const std::stop_token& stop) {
     const auto place = setup_.server.textForStart();
     if (!executable || !place)
         return false;
-    const std::scoped_lock lock(startMutex_);
+    const auto lock = startMutex_.hold(stop);
     if (server_->version(wait))
         return true;
     ProcessRequest request;

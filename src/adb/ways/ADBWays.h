@@ -5,6 +5,7 @@
 #include "adb/server/ADBServerClient.h"
 #include "adb/services/ADBStream.h"
 #include "adb/tool/ADBTool.h"
+#include "base/threads/StoppableMutex.h"
 #include "phone/records/PhoneIdentity.h"
 #include "platform/process/ProcessRunner.h"
 #include "platform/usb/USBBus.h"
@@ -75,7 +76,7 @@ private:
     const std::shared_ptr<const ADBServerClient> server_;
     const std::shared_ptr<ADBHostKey> keys_;
     ADBDeviceTracker tracker_;
-    std::mutex startMutex_; ///< one start of a server at a time
+    StoppableMutex startMutex_; ///< one start of a server at a time
     mutable std::mutex mutex_;
     std::vector<ADBDevice> straight_;   ///< reached without a server; guarded by mutex_
     std::optional<QStringList> places_; ///< with adb, as of the last look; guarded by mutex_
