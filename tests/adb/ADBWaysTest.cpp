@@ -5,6 +5,7 @@
 #include "simulator/wire/PhoneSockets.h"
 #include "support/FakeProcessRunner.h"
 #include "support/ScriptedADBServer.h"
+#include "support/Soon.h"
 
 #include <atomic>
 
@@ -19,17 +20,6 @@ using testing::IsEmpty;
 ADBServerAddress nowhere() {
     return {.port = PhoneSockets::portOf(PhoneSockets::listenAt(u"127.0.0.1"_s, 0)),
             .socketPath = {}};
-}
-
-/// Waits until `isSo`.
-bool comesTrue(const std::function<bool()>& isSo, std::chrono::seconds limit = 40s) {
-    const auto end = std::chrono::steady_clock::now() + limit;
-    while (!isSo()) {
-        if (std::chrono::steady_clock::now() > end)
-            return false;
-        std::this_thread::sleep_for(10ms);
-    }
-    return true;
 }
 
 /// A phone on a network and on a cable, and no adb server until somebody starts one.

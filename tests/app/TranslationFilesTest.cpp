@@ -1,3 +1,4 @@
+#include "support/ProgramRun.h"
 #include "support/QtPrinters.h"
 #include "support/TemporaryFolder.h"
 #include "support/TranslationFile.h"
@@ -5,7 +6,6 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QMap>
-#include <QProcess>
 #include <QRegularExpression>
 #include <QSet>
 #include <gmock/gmock.h>
@@ -41,14 +41,13 @@ QSet<QString> keysOf(const std::vector<TranslatedText>& texts) {
 std::vector<TranslatedText> textsOfTheSources(const QStringList& options, const QString& language) {
     const TemporaryFolder folder;
     const QString file = folder.path() + u"/new.ts"_s;
-    QProcess lupdate;
-    lupdate.start(QStringLiteral(TESSARY_LUPDATE),
-                  QStringList{u"-silent"_s, u"-extensions"_s, u"cpp,h"_s, u"-I"_s,
-                              QStringLiteral(TESSARY_SOURCES), QStringLiteral(TESSARY_SOURCES),
-                              u"-target-language"_s, language, u"-ts"_s, file} +
-                      options);
-    EXPECT_TRUE(lupdate.waitForFinished(60'000));
-    EXPECT_EQ(lupdate.exitCode(), 0) << lupdate.readAllStandardError().toStdString();
+    const ProgramRun lupdate(QStringLiteral(TESSARY_LUPDATE),
+                             QStringList{u"-silent"_s, u"-extensions"_s, u"cpp,h"_s, u"-I"_s,
+                                         QStringLiteral(TESSARY_SOURCES),
+                                         QStringLiteral(TESSARY_SOURCES), u"-target-language"_s,
+                                         language, u"-ts"_s, file} +
+                                 options);
+    EXPECT_EQ(lupdate.status, 0) << lupdate.error.toStdString();
     return readTranslations(file);
 }
 

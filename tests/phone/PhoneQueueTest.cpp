@@ -2,6 +2,7 @@
 
 #include "base/threads/CancellationError.h"
 #include "phone/PhoneError.h"
+#include "support/Soon.h"
 
 #include <gmock/gmock.h>
 
@@ -86,10 +87,8 @@ TEST_F(PhoneQueueTest, figuresAreNotAskedForWhileAnybodyUsesThePhoneOrAJobRuns) 
 
 TEST_F(PhoneQueueTest, connectionIsClosedOnceThePhoneIsIdleAndAgainAfterEachUse) {
     std::atomic<int> closed = 0;
-    const auto closedTimes = [&](int times) {
-        for (int n = 0; n < 4000 && closed < times; ++n)
-            std::this_thread::sleep_for(5ms);
-        return closed.load();
+    const auto isClosedTimes = [&](int times) {
+        return comesTrue([&] { return closed >= times; }) && closed == times;
     };
     {
         const PhoneQueue::Turn turn = queue_->take({});
@@ -100,18 +99,18 @@ TEST_F(PhoneQueueTest, connectionIsClosedOnceThePhoneIsIdleAndAgainAfterEachUse)
         std::this_thread::sleep_for(80ms);
         EXPECT_EQ(closed, 0) << "in use";
     }
-    EXPECT_EQ(closedTimes(1), 1);
+    EXPECT_TRUE(isClosedTimes(1));
     std::this_thread::sleep_for(80ms);
     EXPECT_EQ(closed, 1) << "nothing was used since";
     (void)queue_->take({});
-    EXPECT_EQ(closedTimes(2), 2);
+    EXPECT_TRUE(isClosedTimes(2));
     {
         const PhoneQueue::Job job = queue_->beginJob();
         (void)queue_->take({});
         std::this_thread::sleep_for(80ms);
         EXPECT_EQ(closed, 2) << "a job goes on with the same connection";
     }
-    EXPECT_EQ(closedTimes(3), 3);
+    EXPECT_TRUE(isClosedTimes(3));
     {
         const PhoneQueue::Turn turn = queue_->take({});
         queue_->forget(this); // others may keep their turns for long

@@ -1,11 +1,11 @@
 #include "platform/process/QtProcessRunner.h"
 #include "support/QtPrinters.h"
+#include "support/Soon.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
 #include <csignal>
-#include <thread>
 
 #include <sys/wait.h>
 #include <unistd.h>
@@ -48,20 +48,16 @@ TEST_F(QtProcessRunnerTest, childDiesWithTheThreadThatStartedIt) {
         _exit(0);
     }
     pid_t child = 0;
-    for (int i = 0; i < 2000 && child == 0; ++i) {
-        std::this_thread::sleep_for(10ms);
+    ASSERT_TRUE(comesTrue([&] {
         child = folder.read(QStringLiteral("pid")).trimmed().toInt();
-    }
-    ASSERT_GT(child, 0);
+        return child > 0;
+    }));
     kill(parent, SIGKILL);
     waitpid(parent, nullptr, 0);
-    int ended = 0;
-    for (int i = 0; i < 2000 && ended == 0; ++i) {
-        std::this_thread::sleep_for(10ms);
+    EXPECT_TRUE(comesTrue([child] {
         QFile status(QStringLiteral("/proc/%1/stat").arg(child));
-        ended = !status.open(QIODevice::ReadOnly) || status.readAll().contains(") Z ");
-    }
-    EXPECT_TRUE(ended);
+        return !status.open(QIODevice::ReadOnly) || status.readAll().contains(") Z ");
+    }));
 }
 
 } // namespace

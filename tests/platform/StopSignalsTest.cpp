@@ -1,5 +1,6 @@
 #include "platform/process/StopSignals.h"
 #include "base/local/Unfinished.h"
+#include "support/Soon.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -23,13 +24,6 @@ constexpr auto longEnough = 10s;
 [[noreturn]] void hang() {
     std::this_thread::sleep_for(longEnough);
     _exit(99);
-}
-
-bool isRequestedSoon(const StopSignals& signals) {
-    for (auto end = std::chrono::steady_clock::now() + longEnough;
-         !signals.token().stop_requested() && std::chrono::steady_clock::now() < end;)
-        std::this_thread::sleep_for(1ms);
-    return signals.token().stop_requested();
 }
 
 /// The processes of these tests are copies of this one: they share its folder.
@@ -78,7 +72,7 @@ TEST_F(StopSignalsTest, onlyASecondInterruptEndsAtOnce) {
             raise(SIGTERM);
             raise(SIGHUP);
             raise(SIGTERM);
-            (void)isRequestedSoon(signals);
+            (void)comesTrue([&] { return signals.token().stop_requested(); }, longEnough);
             std::this_thread::sleep_for(patience);
             std::fputs("still there", stderr);
             raise(SIGINT);

@@ -1,35 +1,24 @@
 #include "support/OwnHome.h"
+#include "support/ProgramRun.h"
 #include "support/QtPrinters.h"
+#include "support/Soon.h"
 
 #include <gtest/gtest.h>
 
 #include <chrono>
 #include <csignal>
-#include <functional>
-#include <thread>
 
 namespace tessary {
 namespace {
 
 using namespace std::chrono_literals;
 using namespace Qt::StringLiterals;
-using Clock = std::chrono::steady_clock;
 
-constexpr auto patience = 60s;
 /// On a busy machine; the programs' own bounds are four and five seconds.
 constexpr auto patienceForEnd = 20s;
 
 const QString window = QStringLiteral(TESSARY);
 const QString commandLine = QStringLiteral(TESSARY_CLI);
-
-bool eventually(const std::function<bool()>& holds) {
-    for (const auto end = Clock::now() + patience; Clock::now() < end;) {
-        if (holds())
-            return true;
-        std::this_thread::sleep_for(10ms);
-    }
-    return false;
-}
 
 /// A running program.
 class Program {
@@ -92,7 +81,7 @@ TEST_P(EndingTest, commandLineLeavesNoHalfFile) {
     Program program(home, commandLine,
                     smallPhones() + QStringList{u"get"_s, u"DEMO0001"_s, u"/Download/big"_s,
                                                 home.disk.path(u"into"_s)});
-    ASSERT_TRUE(eventually([&] { return !home.disk.names(u"into"_s).isEmpty(); }))
+    ASSERT_TRUE(comesTrue([&] { return !home.disk.names(u"into"_s).isEmpty(); }))
         << program.process.readAll().toStdString();
     EXPECT_EQ(program.end(GetParam()), 130);
     // What arrived waits under a name of its own: the next copy goes on from there.
@@ -109,7 +98,7 @@ TEST_P(EndingTest, watchingEndsToo) {
 
 TEST_P(EndingTest, windowEndsAsByQuitting) {
     Program program(home, window, {u"--demo"_s});
-    ASSERT_TRUE(eventually([&] { return isDemoRunning(); }));
+    ASSERT_TRUE(comesTrue([&] { return isDemoRunning(); }));
     EXPECT_EQ(program.end(GetParam()), 0) << program.process.readAll().toStdString();
     expectNothingTemporary();
 }
@@ -122,22 +111,13 @@ TEST_P(EndingTest, virtualPhonesTakeTheirFoldersAlong) {
     expectNothingTemporary();
 }
 
-/// What a shell's line prints on standard error, and its status.
-struct ShellRun {
-    ShellRun(const OwnHome& home, const QString& line, const QStringList& phones) {
-        QProcess process;
-        process.setProcessEnvironment(home.environment);
-        process.start(u"/bin/bash"_s, {u"-c"_s, u"set -o pipefail; cli='%1'; phones='%2'; "_s.arg(
-                                                    commandLine, phones.join(u' ')) +
-                                                    line});
-        process.waitForFinished(std::chrono::milliseconds(patience).count());
-        status = process.exitCode();
-        error = process.readAllStandardError();
-    }
-
-    int status = -1;
-    QByteArray error;
-};
+ProgramRun shell(const OwnHome& home, const QString& line, const QStringList& phones) {
+    return {
+        u"/bin/bash"_s,
+        {u"-c"_s,
+         u"set -o pipefail; cli='%1'; phones='%2'; "_s.arg(commandLine, phones.join(u' ')) + line},
+        home.environment};
+}
 
 TEST_F(EndingTest, outputThatIsNotWrittenWholeIsAFailure) {
     const std::pair<const char*, const char*> rows[] = {
@@ -150,7 +130,7 @@ TEST_F(EndingTest, outputThatIsNotWrittenWholeIsAFailure) {
         {"$cli $phones ls DEMO0001 / >&-", "Standard output is closed"},
     };
     for (const auto& [line, text] : rows) {
-        const ShellRun run(home, QString::fromLatin1(line), smallPhones());
+        const ProgramRun run = shell(home, QString::fromLatin1(line), smallPhones());
         EXPECT_EQ(run.status, 1) << line;
         EXPECT_TRUE(run.error.contains(text)) << line << ": " << run.error.toStdString();
     }
@@ -159,14 +139,14 @@ TEST_F(EndingTest, outputThatIsNotWrittenWholeIsAFailure) {
 
 TEST_F(EndingTest, whatAKilledProgramLeftIsRemovedByTheNext) {
     Program killed(home, window, {u"--demo"_s});
-    ASSERT_TRUE(eventually([&] { return isDemoRunning(); }));
+    ASSERT_TRUE(comesTrue([&] { return isDemoRunning(); }));
     EXPECT_EQ(killed.end(SIGKILL), -1);
     const QStringList left =
         QDir(home.disk.path(u"cache/tessary/demo"_s)).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
     ASSERT_EQ(left.size(), 1);
     EXPECT_EQ(home.leftIn(u"tmp"_s), QStringList()) << "where nobody would remove it";
     const QString folder = home.disk.path(u"cache/tessary/demo/"_s + left.constFirst());
-    const ShellRun older(
+    const ProgramRun older = shell(
         home, u"touch -d '11 minutes ago' '%1'; $cli $phones devices >/dev/null"_s.arg(folder),
         {u"--demo"_s});
     EXPECT_EQ(older.status, 0) << older.error.toStdString();

@@ -1,7 +1,6 @@
 #include "support/PluggedIPhone.h"
+#include "support/ProgramRun.h"
 #include "support/QtPrinters.h"
-
-#include <QProcess>
 
 #include <gmock/gmock.h>
 
@@ -14,18 +13,12 @@ using testing::HasSubstr;
 
 /// What a tool that is not ours says of the phone at its multiplexer.
 std::string run(const PluggedIPhone& iphone, const char* tool, const char* arguments) {
-    QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(u"HOME"_s, iphone.disk.path());
-    process.setProcessEnvironment(environment);
-    process.start(QString::fromLatin1(tool),
-                  QString::fromLatin1(arguments).split(u' ', Qt::SkipEmptyParts));
-    if (!process.waitForFinished(30'000)) {
-        process.kill();
-        process.waitForFinished(5'000);
-        return "(no end)";
-    }
-    return (process.readAllStandardOutput() + process.readAllStandardError()).toStdString();
+    const ProgramRun run(QString::fromLatin1(tool),
+                         QString::fromLatin1(arguments).split(u' ', Qt::SkipEmptyParts),
+                         environment);
+    return (run.out + run.error).toStdString();
 }
 
 TEST(VirtualIPhone, toolsListPhonesTheirValuesAndApps) {

@@ -4,6 +4,7 @@
 #include "support/ADBFixture.h"
 #include "support/OwnHome.h"
 #include "support/PluggedIPhone.h"
+#include "support/ProgramRun.h"
 #include "support/StrangeDisk.h"
 #include "sync/SyncFolders.h"
 
@@ -58,11 +59,11 @@ class KilledByMTP : public testing::Test, protected KillingDisk {
 protected:
     KilledByMTP() {
         // The phone's own files are made once.
-        QProcess program;
-        program.setProcessEnvironment(home_.environment);
-        program.start(QStringLiteral(TESSARY_CLI),
-                      {u"--demo-folder"_s, home_.disk.path(u"phones"_s), u"devices"_s});
-        EXPECT_TRUE(program.waitForFinished(60'000));
+        EXPECT_EQ(ProgramRun(QStringLiteral(TESSARY_CLI),
+                             {u"--demo-folder"_s, home_.disk.path(u"phones"_s), u"devices"_s},
+                             home_.environment)
+                      .status,
+                  0);
     }
     QString storage() const override {
         return home_.disk.path(u"phones/pixel"_s);

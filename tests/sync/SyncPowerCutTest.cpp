@@ -2,6 +2,7 @@
 // is copied as it stands, and the copy is looked at.
 
 #include "support/OwnHome.h"
+#include "support/ProgramRun.h"
 
 #include <QProcess>
 #include <gtest/gtest.h>
@@ -14,10 +15,7 @@ namespace {
 using namespace Qt::StringLiterals;
 
 bool succeeds(const QString& program, const QStringList& arguments) {
-    QProcess process;
-    process.start(program, arguments);
-    return process.waitForFinished(60'000) && process.exitStatus() == QProcess::NormalExit &&
-           process.exitCode() == 0;
+    return ProgramRun(program, arguments).status == 0;
 }
 
 /// An image of a disk, mounted for as long as it lives.
@@ -57,19 +55,17 @@ TEST(SyncPowerCutTest, whatTheRecordNamesIsOnTheDisk) {
         if (!now.isMounted())
             GTEST_SKIP() << "no loop device can be had";
         // The phone's own files are made by the first start.
-        QProcess program;
-        program.setProcessEnvironment(home.environment);
         const QString cli = QStringLiteral(TESSARY_CLI);
-        program.start(cli, {u"--demo-folder"_s, phones, u"devices"_s});
-        ASSERT_TRUE(program.waitForFinished(60'000));
+        (void)ProgramRun(cli, {u"--demo-folder"_s, phones, u"devices"_s}, home.environment);
         for (int n = 0; n < files; ++n)
             disk.write(u"phones/pixel/Sync/%1"_s.arg(n),
                        QByteArray(50'000, 'x') + QByteArray::number(n));
-        program.start(cli,
-                      {u"--demo-folder"_s, phones, u"sync"_s, u"DEMO0001"_s, mounted + u"/sync"_s,
-                       u"/sdcard/Sync"_s, u"--mode"_s, u"to-computer"_s});
-        ASSERT_TRUE(program.waitForFinished(60'000));
-        ASSERT_EQ(program.exitCode(), 0) << program.readAllStandardError().toStdString();
+        const ProgramRun sync(cli,
+                              {u"--demo-folder"_s, phones, u"sync"_s, u"DEMO0001"_s,
+                               mounted + u"/sync"_s, u"/sdcard/Sync"_s, u"--mode"_s,
+                               u"to-computer"_s},
+                              home.environment);
+        ASSERT_EQ(sync.status, 0) << sync.error.toStdString();
         disk.write(u"mounted/unflushed"_s, QByteArray(50'000, 'x'));
         ASSERT_TRUE(succeeds(u"cp"_s, {u"--sparse=always"_s, image, copy}));
     }

@@ -1,7 +1,9 @@
 #include "transfer/mount/PhoneMount.h"
 
 #include "support/Gate.h"
+#include "support/ProgramRun.h"
 #include "support/QtPrinters.h"
+#include "support/Soon.h"
 #include "transfer/CopySides.h"
 
 #include <gmock/gmock.h>
@@ -24,25 +26,10 @@ MemoryFileSystem::Options phoneWithRanges(bool readsRanges) {
             .queue = std::make_shared<PhoneQueue>()};
 }
 
-bool succeeds(const QString& name, const QStringList& arguments, QByteArray* output = nullptr) {
-    QProcess program;
-    program.start(name, arguments);
-    if (!program.waitForStarted() || !program.waitForFinished(60'000))
-        return false;
-    if (output != nullptr)
-        *output = program.readAllStandardOutput();
-    return program.exitStatus() == QProcess::NormalExit && program.exitCode() == 0;
-}
-
 bool prints(const QString& command, QByteArray* output) {
-    return succeeds(s("sh"), {s("-c"), command}, output);
-}
-
-/// The system closes files a little later than the program that had them open.
-bool soon(const std::function<bool()>& isSo) {
-    for (int tries = 0; tries < 4000 && !isSo(); ++tries)
-        std::this_thread::sleep_for(std::chrono::milliseconds(5));
-    return isSo();
+    const ProgramRun run(s("sh"), {s("-c"), command});
+    *output = run.out;
+    return run.status == 0;
 }
 
 /// Bytes of which each tells where it lies.
@@ -91,7 +78,7 @@ INSTANTIATE_TEST_SUITE_P(Reads, PhoneMountTest, testing::Bool(),
 TEST_P(PhoneMountTest, programsSeeAndCopyWhatIsThere) {
     EXPECT_EQ(phone.memory->count(Operation::list), 0); // nothing before somebody looks
     const QString copy = disk.path(s("copy"));
-    ASSERT_TRUE(succeeds(s("cp"), {s("-rp"), top, copy}));
+    ASSERT_EQ(ProgramRun(s("cp"), {s("-rp"), top, copy}).status, 0);
     // In a few requests: each costs a phone more than its bytes, over adb a process.
     EXPECT_LE(phone.memory->count(Operation::read), 15);
     EXPECT_LE(phone.memory->bytes(Operation::read), long_.size() + 2);
@@ -104,10 +91,10 @@ TEST_P(PhoneMountTest, programsSeeAndCopyWhatIsThere) {
     QByteArray differing;
     ASSERT_TRUE(prints(s("diff -r '%1' '%2'").arg(top, copy), &differing));
     EXPECT_EQ(phone.memory->count(Operation::list), 3);
-    EXPECT_TRUE(soon([this] { return !mounted->isBeingRead(); }));
+    EXPECT_TRUE(comesTrue([this] { return !mounted->isBeingRead(); }));
     EXPECT_EQ(failures, 0);
-    EXPECT_FALSE(succeeds(s("rm"), {s("-f"), at("film")}));
-    EXPECT_FALSE(succeeds(s("touch"), {at("d/new")}));
+    EXPECT_GT(ProgramRun(s("rm"), {s("-f"), at("film")}).status, 0);
+    EXPECT_GT(ProgramRun(s("touch"), {at("d/new")}).status, 0);
 }
 
 TEST_P(PhoneMountTest, aSeekFetchesLittleMoreThanIsRead) {
@@ -148,7 +135,7 @@ TEST_P(PhoneMountTest, aPhoneThatGoesIsAnErrorAndNoShorterFile) {
                                      {PhoneError::unplugged});
     QByteArray bytes;
     EXPECT_FALSE(prints(s("cat '%1'").arg(at("film")), &bytes));
-    EXPECT_TRUE(soon([this] { return failures > 0; }));
+    EXPECT_TRUE(comesTrue([this] { return failures > 0; }));
     phone.memory->restoreLink();
     EXPECT_TRUE(prints(s("cat '%1'").arg(at("film")), &bytes)); // it came back
     EXPECT_TRUE(bytes == long_);
