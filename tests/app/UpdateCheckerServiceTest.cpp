@@ -79,11 +79,6 @@ TEST_F(UpdateCheckerServiceTest, onlyACheckOfTheUsersTellsThatItFailed) {
         checker_->dismissError();
         EXPECT_TRUE(isSilent());
     }
-    const Server cut("HTTP/1.1 200 OK\r\nContent-Length: 900\r\n\r\n" + manifest("1.10"));
-    start(cut);
-    check(true);
-    EXPECT_FALSE(checker_->availableUpdate().has_value());
-    EXPECT_TRUE(checker_->checkFailure().has_value());
 }
 
 TEST_F(UpdateCheckerServiceTest, theProgramEndsWhileTheServerIsStillSilent) {

@@ -1,5 +1,4 @@
 #include "base/text/ByteFormat.h"
-#include "base/text/PathNames.h"
 #include "phone/records/FileItem.h"
 #include "support/QtPrinters.h"
 
@@ -56,18 +55,6 @@ TEST_F(Records, byteFormatPicksTheUnitAfterRounding) {
     };
     for (const auto& [bytes, text] : rows)
         EXPECT_EQ(formatBytes(bytes), QString::fromLatin1(text)) << bytes;
-}
-
-TEST(PathNames, onlyAPlainNameIsSafe) {
-    for (const QString& name :
-         {QString(), QStringLiteral("."), QStringLiteral(".."), QStringLiteral("a/b"),
-          QStringLiteral("/"), QStringLiteral("../x"), QString(QChar::Null),
-          QStringLiteral("a") + QChar::Null + QStringLiteral(".txt")})
-        EXPECT_FALSE(isSafeName(name)) << testing::PrintToString(name);
-    for (const QString& name :
-         {QStringLiteral("..."), QStringLiteral(".hidden"), QStringLiteral(" "),
-          QStringLiteral("a\\b"), QStringLiteral("a\nb"), QString(QChar(0xD800))})
-        EXPECT_TRUE(isSafeName(name)) << testing::PrintToString(name);
 }
 
 TEST(PathNames, folderHoldsItselfAndWhatIsBelowIt) {

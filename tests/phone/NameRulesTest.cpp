@@ -2,8 +2,6 @@
 
 #include <gmock/gmock.h>
 
-#include <QSet>
-
 namespace tessary {
 namespace {
 
@@ -33,28 +31,6 @@ TEST(NameRules, namesThatAFolderCannotHoldAreTold) {
         EXPECT_EQ(strict.accepts(row.name), row.disk) << row.name.toStdString();
         EXPECT_EQ(fat.accepts(row.name), row.card) << row.name.toStdString();
     }
-}
-
-TEST(NameRules, takenNamesAreNumberedAndStayShortEnough) {
-    QSet<QString> taken;
-    const auto give = [&](const NameRules& rules, const QString& name, bool isFolder = false) {
-        const QString given = freeNameUnder(
-            rules, name, isFolder, [&](const QString& key) { return taken.contains(key); });
-        taken.insert(rules.key(given));
-        return given;
-    };
-    EXPECT_EQ(give(fat, QStringLiteral("Foto.jpg")), QStringLiteral("Foto.jpg"));
-    EXPECT_EQ(give(fat, QStringLiteral("foto.jpg")), QStringLiteral("foto (2).jpg"));
-    EXPECT_EQ(give(fat, QStringLiteral("FOTO.JPG")), QStringLiteral("FOTO (3).JPG"));
-    EXPECT_EQ(give(fat, QStringLiteral("a.b"), true), QStringLiteral("a.b"));
-    EXPECT_EQ(give(fat, QStringLiteral("a.b"), true), QStringLiteral("a.b (2)"));
-    EXPECT_EQ(give(fat, QStringLiteral("100%1.jpg")), QStringLiteral("100%1.jpg"));
-    EXPECT_EQ(give(fat, QStringLiteral("100%1.jpg")), QStringLiteral("100%1 (2).jpg"));
-    const QString longest(QString(251, QLatin1Char('x')) + QStringLiteral(".txt"));
-    EXPECT_EQ(give(strict, longest), longest);
-    const QString second = give(strict, longest);
-    EXPECT_TRUE(second.endsWith(QStringLiteral("x (2).txt")));
-    EXPECT_TRUE(strict.accepts(second));
 }
 
 } // namespace

@@ -37,9 +37,6 @@ public:
             results.services.push_back({name, type, QStringLiteral("local"), 2});
         std::thread([&] { browsers_[type](results); }).join();
     }
-    [[nodiscard]] bool isBrowsing() {
-        return browsers_[WirelessADBDiscovery::connectType] != nullptr;
-    }
 
     std::optional<ServiceAddress> address; ///< of every service
 

@@ -21,6 +21,7 @@ TEST(TreeCopyNames, theTargetDecides) {
     MemorySide source({.identity = s("source"), .rules = {}});
     const NameRules strict{.ignoresCase = true, .ignoresUnicodeForm = true};
     MemorySide target({.rules = strict});
+    const QString longest = QString(251, u'x') + s(".txt");
     source.fill({{s("Foto.jpg"), "1"},
                  {s("foto.jpg"), "2"},
                  {s("caf\u00e9"), "3"},
@@ -29,7 +30,12 @@ TEST(TreeCopyNames, theTargetDecides) {
                  {s("Dir/x"), "7"},
                  {s("dir/"), {}},
                  {s("dir/x"), "8"},
-                 {s("a/"), {}}},
+                 {s("a/"), {}},
+                 {s("FOTO.jpg"), "9"},
+                 {s("1%1.b/"), {}},
+                 {s("1%1.B/"), {}},
+                 {longest, "10"},
+                 {longest.toUpper(), "11"}},
                 noon);
     source.memory->addHostile(source.root(), s(".."), "up");
     source.memory->addHostile(source.root(), s("x/y"), "slash");
@@ -41,14 +47,16 @@ TEST(TreeCopyNames, theTargetDecides) {
     request.items = {{all, s("all")}};
     const CopyOutcome outcome = run(std::move(request));
     EXPECT_EQ(target.contents().keys(),
-              (QStringList{s("all/"), s("all/Dir/"), s("all/Dir/x"), s("all/Foto.jpg"), s("all/a/"),
-                           s("all/cafe\u0301"), s("all/caf\u00e9 (2)"), s("all/dir (2)/"),
-                           s("all/dir (2)/x"), s("all/foto (2).jpg")}));
+              (QStringList{s("all/"), s("all/1%1.B/"), s("all/1%1.b (2)/"), s("all/Dir/"),
+                           s("all/Dir/x"), s("all/FOTO.jpg"), s("all/Foto (2).jpg"),
+                           s("all/") + longest.toUpper(), s("all/a/"), s("all/cafe\u0301"),
+                           s("all/caf\u00e9 (2)"), s("all/dir (2)/"), s("all/dir (2)/x"),
+                           s("all/foto (3).jpg"), s("all/") + QString(247, u'x') + s(" (2).txt")}));
     EXPECT_THAT(namesLeftOut(outcome),
                 ElementsAre(s("../z: nameNotAllowed"), s("..: nameNotAllowed"),
                             s("broken: unreadable"), s("x/y: nameNotAllowed")));
     EXPECT_EQ(outcome.end(), CopyOutcome::End::incomplete);
-    EXPECT_EQ(outcome.files, 6);
+    EXPECT_EQ(outcome.files, 9);
 }
 
 TEST(TreeCopyNames, twoFilesOfOneNameBothArrive) {
