@@ -1,6 +1,7 @@
 #include "preview/PictureDecoder.h"
 #include "base/threads/CancellationError.h"
 #include "platform/sandbox/Sandbox.h"
+#include "preview/Sample.h"
 #include "simulator/content/DemoMedia.h"
 #include "support/Application.h"
 #include "support/TemporaryFolder.h"
@@ -21,15 +22,7 @@ using namespace std::chrono_literals;
 namespace {
 
 /// A red picture of 64 x 48 pixels, in one tile.
-const QByteArray heic = QByteArray::fromBase64(
-    "AAAAHGZ0eXBoZWljAAAAAG1pZjFoZWljbWlhZgAAAa1tZXRhAAAAAAAAACFoZGxyAAAAAAAAAABwaWN0AAAAAAAAAAAA"
-    "AAAAAAAAAA5waXRtAAAAAAACAAAAEGlkYXQAAAAAAEAAMAAAADhpbG9jAQAAAERAAAIAAQAAAAAAAAHRAAEAAAAAAAAA"
-    "GQACAAEAAAAAAAAAAQAAAAAAAAAIAAAAOGlpbmYAAAAAAAIAAAAVaW5mZQIAAAEAAQAAaHZjMQAAAAAVaW5mZQIAAAAA"
-    "AgAAZ3JpZAAAAADYaXBycAAAALZpcGNvAAAAdmh2Y0MBA3AAAAAAAAAAAAAe8AD8/fj4AAAPAyAAAQAYQAEMAf//A3AA"
-    "AAMAkAAAAwAAAwAeugJAIQABACpCAQEDcAAAAwCQAAADAAADAB6gIIEFlurkprm4EBAwIAAAAwAgAAADACEiAAEABkQB"
-    "wXPAiQAAABRpc3BlAAAAAAAAAEAAAABAAAAAFGlzcGUAAAAAAAAAQAAAADAAAAAQcGl4aQAAAAADCAgIAAAAGmlwbWEA"
-    "AAAAAAAAAgABAoECAAICA4QAAAAaaXJlZgAAAAAAAAAOZGltZwACAAEAAQAAACFtZGF0AAAAFSgBrwtg9eWDr//w8nfo"
-    "GIOdAU/1Dg==");
+const QByteArray heic = sample("red.heic");
 
 QByteArray saved(const char* format, const QSize& size = {400, 300}) {
     QImage image(size, QImage::Format_RGB32);
@@ -67,14 +60,7 @@ QByteArray monochromePng(quint32 width, quint32 height, qsizetype rows) {
 }
 
 /// A page of 200 x 100 with one line in a font that the document does not bring along.
-const QByteArray pdfOfText =
-    "%PDF-1.4\n1 0 obj<</Type/Catalog/Pages 2 0 R>>endobj\n"
-    "2 0 obj<</Type/Pages/Kids[3 0 R]/Count 1>>endobj\n"
-    "3 0 obj<</Type/Page/Parent 2 0 R/MediaBox[0 0 200 100]/Contents 4 0 R"
-    "/Resources<</Font<</F1 5 0 R>>>>>>endobj\n"
-    "4 0 obj<</Length 41>>stream\nBT /F1 72 Tf 10 30 Td (MMMM) Tj ET        \nendstream endobj\n"
-    "5 0 obj<</Type/Font/Subtype/Type1/BaseFont/Helvetica>>endobj\n"
-    "trailer<</Root 1 0 R>>\n%%EOF\n";
+const QByteArray pdfOfText = sample("text.pdf");
 
 /// One red pixel.
 const QByteArray gif =
