@@ -64,21 +64,10 @@ protected:
         }
         return true;
     }
-    [[nodiscard]] PhoneIdentity identity() const {
-        PhoneIdentity phone;
-        phone.udid = serial();
-        phone.serialNumber = serial();
-        phone.name = QStringLiteral("Pixel 7");
-        return phone;
-    }
     [[nodiscard]] std::shared_ptr<ADBConnection>
     connect(std::chrono::milliseconds trustPatience = 2s) {
-        if (GetParam() == ADBWay::server) {
-            return std::make_shared<ADBServerConnection>(
-                std::make_shared<ADBServerClient>(
-                    ADBServerAddress{.port = server_.port(), .socketPath = {}}),
-                ADBPhoneSought{serial(), {}});
-        }
+        if (GetParam() == ADBWay::server)
+            return serverConnection();
         const auto transport = [this](const Wait& wait) -> std::unique_ptr<ADBTransport> {
             if (GetParam() == ADBWay::network)
                 return std::make_unique<ADBTCPTransport>(QStringLiteral("127.0.0.1"), adbd_->port(),

@@ -87,6 +87,11 @@ protected:
         });
         return link_->open("sync:", {{}, soon});
     }
+    /// Another phone, to which this key is shown.
+    void connectWith(const std::shared_ptr<ADBHostKey>& key) {
+        phone_ = std::make_shared<ScriptedTransport::State>();
+        link_ = std::make_shared<ADBLink>(std::make_unique<ScriptedTransport>(phone_), key);
+    }
     static std::string codeOfRead(ADBStream& stream) {
         return codeOf([&] {
             Bytes bytes(100);
@@ -134,18 +139,14 @@ TEST_F(ADBLinkTest, phoneThatBreaksTheRulesIsLostAtOnce) {
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.what);
-        phone_ = std::make_shared<ScriptedTransport::State>();
-        link_ = std::make_shared<ADBLink>(std::make_unique<ScriptedTransport>(phone_), nullptr);
+        connectWith(nullptr);
         const auto stream = openStream();
         for (const ADBMessage& message : row.said) {
             const std::scoped_lock lock(phone_->mutex);
             phone_->toHost.push_back(message);
         }
         phone_->changed.notify_all();
-        const auto end = std::chrono::steady_clock::now() + soon;
-        while (!link_->isLost() && std::chrono::steady_clock::now() < end)
-            std::this_thread::sleep_for(1ms);
-        EXPECT_TRUE(link_->isLost());
+        EXPECT_TRUE(comesTrue([this] { return link_->isLost(); }));
         EXPECT_EQ(codeOf([&] {
                       (void)link_->open("sync:", {{}, soon});
                   }),
@@ -239,8 +240,7 @@ TEST_F(ADBLinkTest, phoneThatAsksOnAndOnIsAnsweredTwice) {
         std::atomic<int> asked = 0;
     };
     const auto key = std::make_shared<CountingKey>();
-    phone_ = std::make_shared<ScriptedTransport::State>();
-    link_ = std::make_shared<ADBLink>(std::make_unique<ScriptedTransport>(phone_), key);
+    connectWith(key);
     for (int n = 0; n < 5; ++n)
         say(ADBCommand::auth, ADBConstants::authTypeToken, 0, QByteArray(20, 't'), false);
     greet();
@@ -265,8 +265,7 @@ TEST_F(ADBLinkTest, linkThatGoesWaitsForNoKey) {
         std::binary_semaphore isAsked{0};
     };
     const auto key = std::make_shared<LockedKey>();
-    phone_ = std::make_shared<ScriptedTransport::State>();
-    link_ = std::make_shared<ADBLink>(std::make_unique<ScriptedTransport>(phone_), key);
+    connectWith(key);
     say(ADBCommand::auth, ADBConstants::authTypeToken, 0, QByteArray(20, 't'), false);
     ASSERT_TRUE(key->isAsked.try_acquire_for(soon));
     std::stop_source stop;

@@ -80,13 +80,7 @@ protected:
     }
     void expectUsableAgain() {
         phone().fault([](VirtualFaults& faults) { faults.rewrite = nullptr; });
-        std::string failure;
-        for (int tries = 0; tries < 3; ++tries) { // a torn session is noticed by its next user
-            failure = codeOf([&] { (void)listAll(files_, u"/D"_s, {}); });
-            if (failure == "nothing")
-                return;
-        }
-        ADD_FAILURE() << "not usable: " << failure;
+        expectUsable(files_, u"/D"_s);
     }
 
     PluggedPhone other_{bus_, phoneConfig("OTHER", "1-9")};

@@ -1,17 +1,19 @@
 #pragma once
 
+#include "adb/server/ADBServerConnection.h"
+#include "phone/records/PhoneIdentity.h"
 #include "platform/process/QtProcessRunner.h"
 #include "simulator/adbd/ADBServer.h"
 #include "simulator/faults/FaultyADBD.h"
 #include "support/ManyBytes.h"
 #include "support/QtPrinters.h"
+#include "support/Soon.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
 #include <chrono>
 #include <memory>
-#include <thread>
 
 namespace tessary {
 
@@ -50,6 +52,19 @@ protected:
     [[nodiscard]] QString serial() const {
         return adbd_->address();
     }
+    /// The phone by the server.
+    [[nodiscard]] std::shared_ptr<ADBConnection> serverConnection() const {
+        return std::make_shared<ADBServerConnection>(
+            std::make_shared<ADBServerClient>(
+                ADBServerAddress{.port = server_.port(), .socketPath = {}}),
+            ADBPhoneSought{serial(), {}});
+    }
+    [[nodiscard]] PhoneIdentity identity() const {
+        PhoneIdentity phone;
+        phone.udid = phone.serialNumber = serial();
+        phone.name = QStringLiteral("Pixel 7");
+        return phone;
+    }
     ProcessResult adb(const QStringList& arguments, std::chrono::milliseconds limit = 30s) {
         return runner_.run(realADB(), QStringList{QStringLiteral("-s"), serial()} + arguments,
                            limit);
@@ -63,14 +78,8 @@ protected:
     }
     /// Waits until adb gives the phone this state.
     [[nodiscard]] bool reaches(const QString& state) {
-        const auto end = std::chrono::steady_clock::now() + 20s;
         const QString line = serial() + QLatin1Char('\t') + state;
-        while (!devices().contains(line)) {
-            if (std::chrono::steady_clock::now() > end)
-                return false;
-            std::this_thread::sleep_for(50ms);
-        }
-        return true;
+        return comesTrue([&] { return devices().contains(line); });
     }
     QString write(const QString& path, const QByteArray& content) const {
         return disk_.write(QStringLiteral("phone/") + path, content);

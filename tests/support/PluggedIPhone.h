@@ -39,6 +39,12 @@ public:
     void faults(Change change) {
         phone.faults().update(change);
     }
+    /// Answers a request with this status, once or from now on.
+    void refuse(const char* request, std::uint64_t status, bool always = false) {
+        faults([&](VirtualIPhoneFaults& faults) {
+            faults.statuses[QString::fromLatin1(request)] = {status, always};
+        });
+    }
     [[nodiscard]] std::size_t count(const char* request) {
         return phone.requestCount(QString::fromLatin1(request));
     }

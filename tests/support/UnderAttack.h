@@ -2,6 +2,7 @@
 
 #include "base/threads/CancellationError.h"
 #include "phone/PhoneFileSystem.h"
+#include "support/CodeOf.h"
 #include "support/Soon.h"
 
 #include <gtest/gtest.h>
@@ -102,6 +103,17 @@ inline void expectBounded(PhoneFileSystem& files, const PhoneUse& use) {
     impatient.join();
     EXPECT_LT(end - std::min(stopped, end), soon);
     EXPECT_LT(peak, before + mostMemory);
+}
+
+/// A phone that tells the truth again is used again.
+inline void expectUsable(PhoneFileSystem& files, const QString& folder) {
+    std::string failure;
+    for (int tries = 0; tries < 3; ++tries) { // what a lie tore is noticed by its next user
+        failure = codeOf([&] { (void)listAll(files, folder, {}); });
+        if (failure == "nothing")
+            return;
+    }
+    ADD_FAILURE() << "not usable: " << failure;
 }
 
 } // namespace tessary

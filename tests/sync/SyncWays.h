@@ -150,14 +150,8 @@ protected:
         return disk_.path(QStringLiteral("phone/Sync"));
     }
     std::unique_ptr<PhoneFileSystem> open() override {
-        PhoneIdentity phone;
-        phone.udid = phone.serialNumber = serial();
-        return std::make_unique<ADBFileSystem>(
-            phone, std::make_shared<PhoneQueue>(),
-            std::make_shared<ADBServerConnection>(
-                std::make_shared<ADBServerClient>(
-                    ADBServerAddress{.port = server_.port(), .socketPath = {}}),
-                ADBPhoneSought{serial(), {}}));
+        return std::make_unique<ADBFileSystem>(identity(), std::make_shared<PhoneQueue>(),
+                                               serverConnection());
     }
     void forgetRequests() override {
         adbd_->clearLog();

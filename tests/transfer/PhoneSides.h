@@ -21,8 +21,32 @@ public:
     virtual void slowDownTo(double megabytesPerSecond) = 0;
 };
 
+/// The faults that each kind of phone knows by the same names.
+template <typename Faults>
+class FaultySide : public PhoneSide {
+public:
+    using PhoneSide::PhoneSide;
+
+    void fillUpAt(qint64 bytes) override {
+        fault(
+            [bytes](Faults& faults) { faults.storeFullAfter = static_cast<std::uint64_t>(bytes); });
+    }
+    void garbleNext() override {
+        fault([](Faults& faults) { faults.garblesNext = true; });
+    }
+    void becomeSound() override {
+        fault([](Faults& faults) { faults = {}; });
+    }
+    void slowDownTo(double megabytesPerSecond) override {
+        fault([=](Faults& faults) { faults.megabytesPerSecond = megabytesPerSecond; });
+    }
+
+protected:
+    virtual void fault(const std::function<void(Faults&)>& change) = 0;
+};
+
 /// A virtual phone over MTP.
-class MTPSide final : public PhoneSide {
+class MTPSide final : public FaultySide<VirtualFaults> {
 public:
     explicit MTPSide(const char* serial, bool isOnCard = false)
         : MTPSide(std::make_unique<Phone>(serial), isOnCard) {}
@@ -37,7 +61,7 @@ public:
     /// Its names are UTF-16, in which half a pair is no text.
     void putNameless(const QString& folder) override {
         put(folder + QStringLiteral("/stand-in"), {}, QDateTime::currentDateTime());
-        phone_->plugged.fault([](VirtualFaults& faults) {
+        fault([](VirtualFaults& faults) {
             faults.nameOverrides[QStringLiteral("stand-in")] = QString(QChar(0xD800));
         });
     }
@@ -47,26 +71,15 @@ public:
     void plugIn() override {
         ASSERT_NE(phone_->plugged.android.plugInto(phone_->bus), 0U);
     }
-    void fillUpAt(qint64 bytes) override {
-        phone_->plugged.fault([&](VirtualFaults& faults) {
-            faults.storeFullAfter = static_cast<std::uint64_t>(bytes);
-        });
-    }
     void becomeReadOnly() override {
         phone_->plugged.refuse(MTPOperationCode::sendObjectInfo, MTPResponseCode::storeReadOnly);
     }
-    void garbleNext() override {
-        phone_->plugged.fault([](VirtualFaults& faults) { faults.garblesNext = true; });
-    }
-    void becomeSound() override {
-        phone_->plugged.fault([](VirtualFaults& faults) { faults = {}; });
-    }
-    void slowDownTo(double megabytesPerSecond) override {
-        phone_->plugged.fault(
-            [&](VirtualFaults& faults) { faults.megabytesPerSecond = megabytesPerSecond; });
-    }
 
 private:
+    void fault(const std::function<void(VirtualFaults&)>& change) override {
+        phone_->plugged.fault(change);
+    }
+
     struct Phone {
         explicit Phone(const char* serial) : plugged(bus, withCard(phoneConfig(serial))) {}
 
@@ -81,7 +94,7 @@ private:
     };
 
     MTPSide(std::unique_ptr<Phone> phone, bool isOnCard)
-        : PhoneSide(phone->plugged.disk, QStringLiteral("%1/side").arg(isOnCard ? 1 : 0)),
+        : FaultySide(phone->plugged.disk, QStringLiteral("%1/side").arg(isOnCard ? 1 : 0)),
           isOnCard_(isOnCard),
           phone_(std::move(phone)) {}
 
@@ -108,7 +121,7 @@ inline QString nextFolder() {
 }
 
 /// A virtual phone by the real adb server.
-class ADBSide final : public PhoneSide {
+class ADBSide final : public FaultySide<ADBDFaults> {
 public:
     explicit ADBSide(bool isOnCard = false) : ADBSide(nextFolder(), isOnCard) {}
 
@@ -120,50 +133,30 @@ public:
                folder_;
     }
     void unplug() override {
-        phone_.cut();
+        phone_.adbd_->cut();
     }
     void plugIn() override {
         phone_.comeBack();
     }
-    void fillUpAt(qint64 bytes) override {
-        phone_.fault(
-            [&](ADBDFaults& faults) { faults.storeFullAfter = static_cast<std::uint64_t>(bytes); });
-    }
     void becomeReadOnly() override {
-        phone_.fault([](ADBDFaults& faults) { faults.readOnly = true; });
-    }
-    void garbleNext() override {
-        phone_.fault([](ADBDFaults& faults) { faults.garblesNext = true; });
-    }
-    void becomeSound() override {
-        phone_.fault([](ADBDFaults& faults) { faults = {}; });
-    }
-    void slowDownTo(double megabytesPerSecond) override {
-        phone_.fault([&](ADBDFaults& faults) { faults.megabytesPerSecond = megabytesPerSecond; });
+        fault([](ADBDFaults& faults) { faults.readOnly = true; });
     }
 
 private:
+    void fault(const std::function<void(ADBDFaults&)>& change) override {
+        phone_.adbd_->faults().update(change);
+    }
+
     struct Phone : ADBPhone {
         Phone()
             : ADBPhone({.folder = {},
                         .cards = {{.folder = card.makeFolder(QStringLiteral("card"))}},
                         .ignoresCase = true}) {
             connectPhone();
-            PhoneIdentity identity;
-            identity.udid = identity.serialNumber = serial();
-            files = std::make_shared<ADBFileSystem>(
-                identity, std::make_shared<PhoneQueue>(),
-                std::make_shared<ADBServerConnection>(
-                    std::make_shared<ADBServerClient>(
-                        ADBServerAddress{.port = server_.port(), .socketPath = {}}),
-                    ADBPhoneSought{serial(), {}}));
+            files = std::make_shared<ADBFileSystem>(identity(), std::make_shared<PhoneQueue>(),
+                                                    serverConnection());
         }
-        void cut() {
-            adbd_->cut();
-        }
-        void fault(const std::function<void(ADBDFaults&)>& change) {
-            adbd_->faults().update(change);
-        }
+        using ADBPhone::adbd_;
         void comeBack() {
             ASSERT_TRUE(reaches(QStringLiteral("device")));
         }
@@ -177,8 +170,8 @@ private:
     }
 
     ADBSide(const QString& folder, bool isOnCard)
-        : PhoneSide(isOnCard ? Phone::card : phone().disk_,
-                    (isOnCard ? QStringLiteral("card/") : QStringLiteral("phone/")) + folder),
+        : FaultySide(isOnCard ? Phone::card : phone().disk_,
+                     (isOnCard ? QStringLiteral("card/") : QStringLiteral("phone/")) + folder),
           folder_(folder),
           isOnCard_(isOnCard) {}
 
@@ -189,7 +182,7 @@ private:
 };
 
 /// A virtual iPhone's app by the real library.
-class AFCSide final : public PhoneSide {
+class AFCSide final : public FaultySide<VirtualIPhoneFaults> {
 public:
     AFCSide() : AFCSide(nextFolder()) {}
 
@@ -210,29 +203,16 @@ public:
     void plugIn() override {
         plugged().phone.plugInto(plugged().mux);
     }
-    void fillUpAt(qint64 bytes) override {
-        plugged().faults([&](VirtualIPhoneFaults& faults) {
-            faults.storeFullAfter = static_cast<std::uint64_t>(bytes);
-        });
-    }
     void becomeReadOnly() override {
         constexpr std::uint64_t permissionDenied = 10;
-        plugged().faults([](VirtualIPhoneFaults& faults) {
-            faults.statuses[QStringLiteral("afc.fileOpen")] = {permissionDenied, true};
-        });
-    }
-    void garbleNext() override {
-        plugged().faults([](VirtualIPhoneFaults& faults) { faults.garblesNext = true; });
-    }
-    void becomeSound() override {
-        plugged().faults([](VirtualIPhoneFaults& faults) { faults = {}; });
-    }
-    void slowDownTo(double megabytesPerSecond) override {
-        plugged().faults(
-            [&](VirtualIPhoneFaults& faults) { faults.megabytesPerSecond = megabytesPerSecond; });
+        plugged().refuse("afc.fileOpen", permissionDenied, true);
     }
 
 private:
+    void fault(const std::function<void(VirtualIPhoneFaults&)>& change) override {
+        plugged().faults(change);
+    }
+
     struct Phone {
         Application application;
         IPhoneFiles plugged;
@@ -246,7 +226,7 @@ private:
     }
 
     explicit AFCSide(const QString& folder)
-        : PhoneSide(plugged().disk, plugged().inDocuments(folder)), folder_(folder) {}
+        : FaultySide(plugged().disk, plugged().inDocuments(folder)), folder_(folder) {}
 
     const QString folder_;
     const std::shared_ptr<AFCFileSystem> files_ = phone().files;
