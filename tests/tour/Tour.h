@@ -34,8 +34,8 @@ void tourLanguages(TourStage& stage);
 void tourDark(TourStage& stage);
 /// A new folder, and the question before a deletion.
 void tourEdits(TourStage& stage);
-/// What hands do without thinking: duplicating, moving by the clipboard, taking back, dropping,
-/// dragging a frame, the buttons at a mouse's side, a second window.
+/// What hands do without thinking: duplicating, taking back, dropping, dragging a frame, a second
+/// window.
 void tourHands(TourStage& stage);
 /// Transfers under way and finished.
 void tourTransfers(TourStage& stage);

@@ -6,8 +6,6 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QDropEvent>
-#include <QLineEdit>
-#include <QListView>
 #include <QMenu>
 #include <QMenuBar>
 #include <QTest>
@@ -70,27 +68,6 @@ void tourUndo(TourStage& stage) {
     actions.undo->trigger();
     waitForNames(stage, {notes}, {renamed});
     stage.shoot(u"rename-undone"_s);
-
-    stage.selectNamed({notes});
-    actions.cut->trigger();
-    stage.open(u"/sdcard/Documents/Travel"_s);
-    actions.paste->trigger();
-    waitForNames(stage, {notes}, {});
-    shootMenu(stage, 1, u"undo-move"_s);
-    actions.undo->trigger();
-    waitForNames(stage, {}, {notes});
-    stage.open(u"/sdcard/Documents"_s);
-    waitForNames(stage, {notes}, {});
-    stage.shoot(u"move-undone"_s);
-
-    const QString folder = u"Bills"_s;
-    stage.browser().createFolder(folder);
-    waitForNames(stage, {folder}, {});
-    if (auto* name = stage.listing().findChild<QLineEdit*>())
-        QTest::keyClick(name, Qt::Key_Escape); // it stays as it was made
-    shootMenu(stage, 1, u"undo-new-folder"_s);
-    actions.undo->trigger();
-    waitForNames(stage, {}, {folder});
 }
 
 void tourSelection(TourStage& stage) {
@@ -115,15 +92,6 @@ void tourSelection(TourStage& stage) {
     QTest::mouseMove(rows, top);
     stage.shoot(u"rubber-band"_s);
     QTest::mouseRelease(rows, Qt::LeftButton, {}, top);
-
-    const QString before = stage.browser().currentPath();
-    stage.open(u"/sdcard/Music"_s);
-    for (const auto& [button, path] :
-         {std::pair(Qt::BackButton, before), {Qt::ForwardButton, u"/sdcard/Music"_s}}) {
-        QTest::mouseClick(rows, button, {}, corner);
-        stage.waitFor("the folder of the history",
-                      [&, &path = path] { return stage.browser().currentPath() == path; });
-    }
 }
 
 /// With Alt, which asks.
@@ -145,40 +113,6 @@ void tourDropMenu(TourStage& stage) {
     QApplication::sendEvent(&target, &drop);
 }
 
-/// By the keys of the clipboard, and the mouse in between.
-void tourBetweenPhones(TourStage& stage) {
-    MainWindow& window = stage.window();
-    auto& devices = *window.findChild<QListView*>(u"deviceList"_s);
-    const auto clickOther = [&] {
-        const QModelIndex other = devices.model()->index(1 - devices.currentIndex().row(), 0);
-        QTest::mouseClick(devices.viewport(), Qt::LeftButton, {},
-                          devices.visualRect(other).center());
-    };
-    const auto isRead = [&] {
-        return !stage.browser().isLoading() && !stage.browser().items().empty();
-    };
-    VirtualAndroid& other = stage.phones().anotherAndroid();
-    stage.phones().plugIn(other);
-    stage.waitFor("another phone", [&] { return devices.model()->rowCount() == 2; });
-    stage.open(u"/sdcard"_s);
-    stage.selectNamed({u"Documents"_s});
-    stage.press(Qt::Key_C, Qt::ControlModifier);
-    clickOther();
-    stage.waitFor("the other phone", isRead);
-    window.choice().browseFiles();
-    stage.waitFor("its files", isRead);
-    stage.phones().setSpeed(TourStage::slowSpeed);
-    stage.press(Qt::Key_V, Qt::ControlModifier);
-    stage.waitForCopy();
-    stage.shoot(u"paste-between-phones"_s);
-    stage.endCopies();
-    window.copyQueue().clearFinished();
-    clickOther();
-    stage.waitFor("the first phone", isRead);
-    other.unplug();
-    stage.waitFor("one phone", [&] { return devices.model()->rowCount() == 1; });
-}
-
 } // namespace
 
 void tourHands(TourStage& stage) {
@@ -186,7 +120,6 @@ void tourHands(TourStage& stage) {
     tourUndo(stage);
     tourSelection(stage);
     tourDropMenu(stage);
-    tourBetweenPhones(stage);
     MainWindow& second = window.openWindow(window.place());
     stage.waitFor("the second window", [&] { return !second.browser().items().empty(); });
     stage.shoot(u"second-window"_s, second);

@@ -20,9 +20,6 @@ public:
     [[nodiscard]] FaultyAndroid& android() {
         return *android_;
     }
-    [[nodiscard]] VirtualAndroid& anotherAndroid() {
-        return *demo_->androids().back();
-    }
     [[nodiscard]] FaultyIPhone& iPhone() {
         return *iPhone_;
     }
