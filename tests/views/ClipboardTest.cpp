@@ -2,11 +2,8 @@
 
 #include <QClipboard>
 #include <QDir>
-#include <QLabel>
 #include <QListWidget>
 #include <QMimeData>
-
-#include <algorithm>
 
 namespace tessary {
 namespace {
@@ -129,12 +126,6 @@ TEST_F(ClipboardTest, aFolderThatIsBeingFilledIsNotCalledEmpty) {
     ASSERT_TRUE(QDir(phone_.disk.path()).mkpath(u"0/DCIM/New"_s));
     openFolder();
     window_->browser().navigateTo(u"/sdcard/DCIM/New"_s);
-    const auto says = [this](const QString& title) {
-        const auto labels = window_->browserView().findChildren<QLabel*>();
-        return std::ranges::any_of(labels, [&](const QLabel* label) {
-            return label->isVisible() && label->text() == title;
-        });
-    };
     ASSERT_TRUE(wait([&] { return says(u"This folder is empty"_s); }));
     phone_.fault([](VirtualFaults& faults) { faults.megabytesPerSecond = 0.1; });
     QGuiApplication::clipboard()->setMimeData(

@@ -1,6 +1,6 @@
 #include "WindowFixture.h"
 #include "support/CopyNow.h"
-#include "views/common/StatusBanner.h"
+#include "support/ManyBytes.h"
 
 #include <QAction>
 #include <QListWidget>
@@ -18,20 +18,12 @@ class CopyHistoryTest : public WindowFixture {
 protected:
     CopyHistoryTest() : WindowFixture({{u"film.mp4"_s, film()}}) {}
 
-    static QByteArray film() {
-        QByteArray bytes(24'000'000, 'f');
-        for (qsizetype at = 0; at < bytes.size(); at += 997)
-            bytes[at] = static_cast<char>(at / 997);
+    static const QByteArray& film() {
+        static const QByteArray bytes = manyBytes(24'000'000);
         return bytes;
     }
     void download(const QString& name) {
         downloadNow(window_->browser(), {idOf(name)}, local_.path());
-    }
-    [[nodiscard]] QString idOf(const QString& name) const {
-        for (const FileItem& item : window_->browser().items())
-            if (item.name == name)
-                return item.id();
-        return {};
     }
     /// The cable goes in the middle of the film.
     void loseFilm() {
@@ -56,11 +48,7 @@ protected:
         return window_->copyQueue().jobs();
     }
     [[nodiscard]] QAbstractButton* offer() const {
-        auto* banner = window_->findChild<StatusBanner*>(u"statusBanner"_s);
-        for (auto* button : banner->findChildren<QAbstractButton*>())
-            if (banner->isVisible() && button->text() == u"Continue Copying"_s)
-                return button;
-        return nullptr;
+        return shownButton(u"Continue Copying"_s);
     }
     [[nodiscard]] bool isFilmHere() const {
         return window_->copyQueue().summary().isIdle() && local_.read(u"film.mp4"_s) == film();
@@ -110,8 +98,7 @@ TEST_F(CopyHistoryTest, anotherStartOfTheProgramOffersItAndWhoDeclinesIsNotAsked
     plugIn();
     open(bus_);
     ASSERT_TRUE(wait([this] { return offer() != nullptr; }));
-    for (auto* button :
-         window_->findChild<StatusBanner*>(u"statusBanner"_s)->findChildren<QToolButton*>())
+    for (auto* button : banner().findChildren<QToolButton*>())
         button->click();
     EXPECT_EQ(offer(), nullptr);
     ASSERT_TRUE(

@@ -16,11 +16,8 @@ using State = ImportViewModel::State;
 class ImportWindowTest : public AppWindowFixture {
 protected:
     ImportWindowTest() : iphone_(media(camera_)) {
-        Background::restart();
-        app_ = std::make_unique<TessaryApp>(DeviceSources(bus_, &multiplexer_), services_,
-                                            TessaryAppSetup{});
-        app_->defaults().setValue(u"importFolder"_s, local_.path(u"pictures"_s));
-        openWindow();
+        defaults_->setValue(u"importFolder"_s, local_.path(u"pictures"_s));
+        open({bus_, &multiplexer_});
         EXPECT_TRUE(wait([this] { return app_->deviceManager().devices().size() == 1; }));
     }
     ~ImportWindowTest() override {
@@ -57,12 +54,6 @@ protected:
     void press(const QString& name) const {
         QTest::mouseClick(&find<QPushButton>(name), Qt::LeftButton);
     }
-    /// A button of the page by its words.
-    void pressText(const QString& text) const {
-        for (auto* button : find<QWidget>(u"importView"_s).findChildren<QPushButton*>())
-            if (button->isVisible() && button->text() == text)
-                QTest::mouseClick(button, Qt::LeftButton);
-    }
     [[nodiscard]] QStringList rows() const {
         QStringList texts;
         const auto& model = *list("photoList").model();
@@ -73,7 +64,7 @@ protected:
     /// Presses the page's button for it, and answers the question.
     void deleteFromThePhone() {
         whileAsked(u"Delete"_s);
-        pressText(u"Delete from the Phone…"_s);
+        QTest::mouseClick(shownButton(u"Delete from the Phone…"_s), Qt::LeftButton);
     }
     /// What has been imported, by name.
     [[nodiscard]] QStringList here() const {
@@ -166,9 +157,8 @@ TEST_F(ImportWindowTest, aRemovalGoesOnWhenItsPageIsLeftAndSaysHowItEnded) {
     clickRow(list("deviceList"), 0);
     EXPECT_FALSE(find<QWidget>(u"importView"_s).isVisible());
     EXPECT_TRUE(window_->import().isRemoving()); // quitting asks
-    const auto& banner = find<QWidget>(u"statusBanner"_s);
-    ASSERT_TRUE(wait([&] { return banner.isVisible(); }));
-    EXPECT_EQ(banner.accessibleName(), u"3 photos and videos deleted from the phone"_s);
+    ASSERT_TRUE(wait([this] { return banner().isVisible(); }));
+    EXPECT_EQ(banner().accessibleName(), u"3 photos and videos deleted from the phone"_s);
     EXPECT_EQ(camera_.names(u"DCIM/100APPLE"_s), QStringList());
     EXPECT_FALSE(window_->import().isRemoving());
 }

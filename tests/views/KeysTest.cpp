@@ -3,6 +3,7 @@
 #include "app/LanguageManager.h"
 
 #include <QContextMenuEvent>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QProgressDialog>
@@ -57,6 +58,21 @@ TEST_F(KeysTest, backspaceLeadsUpFromPagesWithoutFiles) {
     EXPECT_TRUE(wait([this] { return isShown(u"readme.md"_s); })) << "from an error's page";
     press(Qt::Key_Down);
     EXPECT_FALSE(selectedNames().isEmpty()) << "the keys are the listing's again";
+}
+
+TEST_F(KeysTest, newFolderIsMadeAndNamedInPlace) {
+    press(Qt::Key_N, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_TRUE(wait([this] {
+        return table().isAncestorOf(QApplication::focusWidget()) &&
+               qobject_cast<QLineEdit*>(QApplication::focusWidget()) != nullptr;
+    }));
+    auto* editor = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+    ASSERT_NE(editor, nullptr);
+    EXPECT_TRUE(wait([editor] { return editor->selectedText() == u"New Folder"_s; }));
+    QTest::keyClicks(editor, u"Letters"_s);
+    QTest::keyClick(editor, Qt::Key_Return);
+    EXPECT_TRUE(wait([this] { return isShown(u"Letters"_s); }));
+    EXPECT_TRUE(phone_.names().contains(u"Letters"_s));
 }
 
 TEST_F(KeysTest, noKeyMeansTwoThings) {

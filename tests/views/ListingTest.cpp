@@ -5,6 +5,8 @@
 #include "views/listing/GridLayout.h"
 
 #include <QHeaderView>
+#include <QJsonArray>
+#include <QJsonObject>
 #include <QMenu>
 #include <QScrollBar>
 
@@ -231,10 +233,8 @@ TEST_F(ListingTest, theEntryBehindWhatWasDeletedHasTheKeyboard) {
         if (isGrid)
             showGrid();
         const int first = isGrid ? 6 : 2;
-        const auto idOf = [&](int n) {
-            return row(nameOf(n)).data(FileListModel::idRole).toString();
-        };
-        window_->browser().selection().set({idOf(first), idOf(first + 2)}, idOf(first));
+        const QString id = idOf(nameOf(first));
+        window_->browser().selection().set({id, idOf(nameOf(first + 2))}, id);
         whileAsked(u"Delete"_s);
         press(Qt::Key_Delete);
         ASSERT_TRUE(wait([&] { return !row(nameOf(first + 2)).isValid(); }));
@@ -263,7 +263,7 @@ TEST_F(ListingTest, theMenuSortsWhatHasNoHeader) {
                   action->text() == u"Date Modified" || action->text() == u"Descending");
 }
 
-TEST_F(ListingTest, columnsAreKeptAsTheyWereLeft) {
+TEST_F(ListingTest, theNextWindowHasTheColumnsTheOrderTheViewAndTheSizeOfTheLast) {
     QHeaderView* columns = table().header();
     const auto width = [&] { return table().viewport()->width(); };
     // The last one has an edge of its own: what it gives stays free.
@@ -280,12 +280,46 @@ TEST_F(ListingTest, columnsAreKeptAsTheyWereLeft) {
     EXPECT_EQ(columns->length(), width()) << "the neighbour is the one that stands there now";
     window_->browserView().columnMenu().actions().at(0)->trigger();
     EXPECT_TRUE(columns->isSectionHidden(FileListModel::sizeColumn));
+    window_->resize(1000, 600);
+    QTest::mouseClick(columns->viewport(), Qt::LeftButton, {},
+                      {columns->sectionViewportPosition(FileListModel::dateColumn) + 20, 8});
+    press(Qt::Key_2, Qt::ControlModifier);
+    const FileSortOrder order = window_->browser().sortOrder();
+    ASSERT_EQ(order.front().field, FileField::modified);
     window_.reset();
     openWindow();
+    browse();
+    EXPECT_EQ(window_->size(), QSize(1000, 600));
+    EXPECT_EQ(window_->browser().sortOrder(), order);
+    EXPECT_EQ(window_->browser().viewMode(), ViewMode::grid);
     columns = table().header();
+    EXPECT_EQ(columns->sortIndicatorSection(), FileListModel::dateColumn);
     EXPECT_TRUE(columns->isSectionHidden(FileListModel::sizeColumn));
     EXPECT_EQ(columns->visualIndex(FileListModel::kindColumn), 1);
     EXPECT_EQ(columns->sectionSize(FileListModel::kindColumn), kind + 20);
+}
+
+TEST_F(ListingTest, nonsenseInTheSettingsLeavesAUsableWindow) {
+    const QJsonValue nonsense[] = {QJsonObject{{u"width"_s, -5},
+                                               {u"height"_s, 1e300},
+                                               {u"sidebar"_s, 2'000'000'000},
+                                               {u"columns"_s, QJsonArray{-3, 1e9, u"wide"_s}}},
+                                   QJsonObject{{u"width"_s, 999'999}, {u"height"_s, 999'999}},
+                                   QJsonArray{1, 2}, u"window"_s};
+    for (const QJsonValue& value : nonsense) {
+        window_.reset();
+        app_->defaults().setValue(WindowStateStore::windowKey, value);
+        app_->defaults().setValue(
+            WindowStateStore::devicesKey,
+            QJsonArray{QJsonObject{{u"device"_s, phone_.info.udid}, {u"column"_s, 77}}, 5});
+        openWindow();
+        browse();
+        EXPECT_LE(window_->width(), 1400);
+        EXPECT_GE(window_->width(), window_->minimumWidth());
+        EXPECT_GE(table().width(), 300);
+        press(Qt::Key_2, Qt::ControlModifier);
+        EXPECT_EQ(window_->browser().viewMode(), ViewMode::grid);
+    }
 }
 
 } // namespace

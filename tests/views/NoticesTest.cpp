@@ -1,6 +1,5 @@
 #include "WindowFixture.h"
 #include "platform/settings/JsonUserDefaults.h"
-#include "views/common/StatusBanner.h"
 
 #include <QTabWidget>
 #include <QToolButton>
@@ -16,10 +15,7 @@ protected:
     ~NoticesTest() override {
         close();
     }
-    [[nodiscard]] StatusBanner& banner() const {
-        return *window_->findChild<StatusBanner*>(u"statusBanner"_s);
-    }
-    [[nodiscard]] bool says(const QString& part) const {
+    [[nodiscard]] bool tells(const QString& part) const {
         return banner().isVisible() &&
                (banner().accessibleName() + u' ' + banner().accessibleDescription()).contains(part);
     }
@@ -33,9 +29,9 @@ TEST_F(NoticesTest, damagedSettingsAreSaidAndKept) {
     const QString file = local_.write(u"settings.json"_s, "{ this is no JSON");
     defaults_ = std::make_shared<JsonUserDefaults>(file);
     open(bus_);
-    EXPECT_TRUE(wait([&] { return says(u"could not be read"_s); }));
+    EXPECT_TRUE(wait([&] { return tells(u"could not be read"_s); }));
     defaults_->setValue(u"key"_s, 1);
-    EXPECT_TRUE(wait([&] { return says(u"settings.json.damaged"_s); })) << "where they are now";
+    EXPECT_TRUE(wait([&] { return tells(u"settings.json.damaged"_s); })) << "where they are now";
     EXPECT_EQ(local_.read(u"settings.json.damaged"_s), "{ this is no JSON");
     closeBanner();
     EXPECT_FALSE(banner().isVisible());
@@ -56,7 +52,7 @@ TEST_F(NoticesTest, aProgramThatOpensPhonesIsSaidWhereNoFilesAreShown) {
         }));
         EXPECT_FALSE(banner().isVisible()) << "nobody is in the way";
         phone.android.unplug();
-        EXPECT_TRUE(wait([&] { return says(u"Another program"_s); }));
+        EXPECT_TRUE(wait([&] { return tells(u"Another program"_s); }));
         close();
     }
 }

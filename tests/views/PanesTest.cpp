@@ -49,17 +49,6 @@ protected:
     }
 };
 
-TEST_F(PanesTest, bothSidesShowAMove) {
-    openFolder();
-    split();
-    click(u"alpha.txt"_s);
-    press(Qt::Key_X, Qt::ControlModifier);
-    pane()->view().setFocus();
-    press(Qt::Key_V, Qt::ControlModifier);
-    EXPECT_TRUE(wait([this] { return isHere(u"alpha.txt"_s); }));
-    EXPECT_TRUE(wait([this] { return !row(u"alpha.txt"_s).isValid(); }));
-}
-
 TEST_F(PanesTest, filesGoFromSideToSideByTheClipboard) {
     openFolder();
     split();
@@ -76,6 +65,12 @@ TEST_F(PanesTest, filesGoFromSideToSideByTheClipboard) {
     press(Qt::Key_V, Qt::ControlModifier);
     EXPECT_TRUE(wait([this] { return local_.read(u"here/Trip/one.txt"_s) == "one"; }));
     EXPECT_TRUE(wait([this] { return isHere(u"Trip"_s); })) << "it is shown at once";
+    click(u"alpha.txt"_s);
+    press(Qt::Key_X, Qt::ControlModifier);
+    pane()->view().setFocus();
+    press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_TRUE(wait([this] { return isHere(u"alpha.txt"_s) && !row(u"alpha.txt"_s).isValid(); }))
+        << "both sides show a move";
 
     press(Qt::Key_F3);
     EXPECT_FALSE(pane()->isVisible());

@@ -1,7 +1,6 @@
 #include "WindowFixture.h"
 #include "simulator/content/DemoMedia.h"
 #include "support/CopyNow.h"
-#include "support/ShownItems.h"
 #include "support/StallWatch.h"
 #include "views/dialogs/PictureView.h"
 #include "views/dialogs/PreviewWindow.h"
@@ -46,12 +45,6 @@ protected:
 
     FileBrowserViewModel& browser() {
         return window_->browser();
-    }
-    QString idOf(const QString& name) {
-        for (const FileItem& item : shownItems(browser()))
-            if (item.name == name)
-                return item.id();
-        return {};
     }
     static bool wait(const std::function<bool()>& condition) {
         return QTest::qWaitFor(condition, slowPatience);

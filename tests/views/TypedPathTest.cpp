@@ -1,5 +1,4 @@
 #include "WindowFixture.h"
-#include "views/common/StatusBanner.h"
 
 #include <QGuiApplication>
 #include <QLineEdit>
@@ -51,14 +50,13 @@ TEST_F(TypedPathTest, enterGoesToFoldersAndToFilesInThem) {
 TEST_F(TypedPathTest, aWrongPathIsNamedAndCanBeMended) {
     startTyping(u"/sdcard/DCIN"_s);
     QTest::keyClick(edit(), Qt::Key_Return);
-    const auto* banner = window_->findChild<StatusBanner*>(u"statusBanner"_s);
-    EXPECT_TRUE(wait([&] { return banner->isVisible(); }));
-    EXPECT_TRUE(banner->accessibleName().contains(u"DCIN"_s));
+    EXPECT_TRUE(wait([&] { return banner().isVisible(); }));
+    EXPECT_TRUE(banner().accessibleName().contains(u"DCIN"_s));
     EXPECT_EQ(folder(), u"/sdcard"_s);
     ASSERT_NE(edit(), nullptr);
     EXPECT_TRUE(edit()->hasFocus());
     QTest::keyClick(edit(), Qt::Key_Backspace);
-    EXPECT_FALSE(banner->isVisible());
+    EXPECT_FALSE(banner().isVisible());
     QTest::keyClicks(edit(), u"M"_s);
     QTest::keyClick(edit(), Qt::Key_Return);
     EXPECT_TRUE(wait([&] { return folder() == u"/sdcard/DCIM"_s; }));

@@ -6,11 +6,13 @@
 #include "simulator/faults/FaultyAndroid.h"
 #include "support/PluggedPhone.h"
 #include "support/QtPrinters.h"
+#include "views/common/StatusBanner.h"
 #include "views/window/MainWindow.h"
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDropEvent>
+#include <QLabel>
 #include <QListView>
 #include <QMessageBox>
 #include <QTest>
@@ -18,6 +20,7 @@
 #include <QTreeView>
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <mutex>
 
 namespace tessary {
@@ -115,6 +118,23 @@ protected:
         QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, view.visualRect(index).center());
     }
 
+    /// A button that is seen; null when none has this text.
+    [[nodiscard]] QAbstractButton* shownButton(const QString& text) const {
+        const auto buttons = window_->findChildren<QAbstractButton*>();
+        const auto found = std::ranges::find_if(buttons, [&](const QAbstractButton* button) {
+            return button->isVisible() && button->text() == text;
+        });
+        return found == buttons.end() ? nullptr : *found;
+    }
+    /// Whether it stands in the window.
+    [[nodiscard]] bool says(const QString& text) const {
+        return std::ranges::any_of(window_->findChildren<QLabel*>(), [&](const QLabel* label) {
+            return label->isVisible() && label->text().contains(text);
+        });
+    }
+    [[nodiscard]] StatusBanner& banner() const {
+        return *window_->findChild<StatusBanner*>(QStringLiteral("statusBanner"));
+    }
     static QMessageBox* question() {
         return qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
     }
@@ -205,6 +225,10 @@ protected:
             if (model.index(i, 0).data().toString() == name)
                 return model.index(i, 0);
         return {};
+    }
+    /// Empty when it is not shown.
+    [[nodiscard]] QString idOf(const QString& name) const {
+        return row(name).data(FileListModel::idRole).toString();
     }
     [[nodiscard]] bool isShown(const QString& name) const {
         return !window_->browser().isLoading() && row(name).isValid();

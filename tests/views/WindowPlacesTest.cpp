@@ -18,7 +18,7 @@ protected:
             drop(view, spot, data, keys);
     }
     [[nodiscard]] const FileItem& entry(const QString& name) const {
-        return *window_->browser().itemWithId(row(name).data(FileListModel::idRole).toString());
+        return *window_->browser().itemWithId(idOf(name));
     }
 };
 
