@@ -95,9 +95,7 @@ protected:
     }
     using ADBPhone::write;
     static QStringList namesIn(const Listing& listing) {
-        QStringList names;
-        for (const FileItem& one : listing.items)
-            names.append(one.name);
+        QStringList names = namesOf(listing.items);
         names.sort();
         return names;
     }

@@ -2,6 +2,7 @@
 
 #include "browser/model/FileBrowserViewModel.h"
 #include "support/CopyNow.h"
+#include "support/FileBytes.h"
 #include "support/Gate.h"
 #include "support/MainLoop.h"
 #include "support/MemoryFileSystem.h"
@@ -54,10 +55,7 @@ protected:
         settle();
     }
     [[nodiscard]] QStringList names() const {
-        QStringList names;
-        for (const FileItem& item : shownItems(browser_))
-            names << item.name;
-        return names;
+        return namesOf(shownItems(browser_));
     }
     static QStringList ids(std::initializer_list<const char*> paths) {
         QStringList list;

@@ -41,10 +41,10 @@ protected:
     }
     /// Polls until `holds`.
     [[nodiscard]] bool isFoundByPolls(const std::function<bool()>& holds) {
-        const auto end = std::chrono::steady_clock::now() + 20s;
-        while (!holds() && std::chrono::steady_clock::now() < end)
+        return comesTrue([&] {
             refresh(false);
-        return holds();
+            return holds();
+        });
     }
 
     static ADBServerAddress at(std::uint16_t port) {

@@ -37,10 +37,7 @@ protected:
         return listAll(files_, QString::fromUtf8(path), {}).items;
     }
     [[nodiscard]] QStringList listedNames(const char* path) {
-        QStringList names;
-        for (const FileItem& entry : list(path))
-            names.append(entry.name);
-        return names;
+        return namesOf(list(path));
     }
     QByteArray read(const FileItem& file, ByteRange range = {}, const Call& call = {}) {
         return readBytes(files_, file, range, call);

@@ -7,6 +7,13 @@
 
 namespace tessary {
 
+[[nodiscard]] inline QStringList namesOf(const std::vector<FileItem>& items) {
+    QStringList names;
+    for (const FileItem& item : items)
+        names.append(item.name);
+    return names;
+}
+
 /// Appends what arrives to `bytes`.
 [[nodiscard]] inline ByteSink sinkInto(QByteArray& bytes) {
     return [&bytes](ByteView more) {

@@ -32,9 +32,7 @@ public:
         return require(files, path, {});
     }
     [[nodiscard]] QStringList names(const QString& folder) {
-        QStringList found;
-        for (const FileItem& item : listAll(files, folder, {}).items)
-            found << item.name;
+        QStringList found = namesOf(listAll(files, folder, {}).items);
         found.sort();
         return found;
     }

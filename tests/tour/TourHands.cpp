@@ -1,3 +1,4 @@
+#include "support/FileBytes.h"
 #include "support/ShownItems.h"
 #include "tour/Tour.h"
 #include "views/listing/DragOut.h"
@@ -28,9 +29,7 @@ void require(const char* what, bool holds) {
 
 void waitForNames(TourStage& stage, const QStringList& there, const QStringList& gone) {
     stage.waitFor("the names of a folder", [&] {
-        QStringList names;
-        for (const FileItem& item : shownItems(stage.browser()))
-            names.append(item.name);
+        const QStringList names = namesOf(shownItems(stage.browser()));
         const auto isShown = [&](const QString& name) { return names.contains(name); };
         return !stage.browser().isLoading() && !stage.browser().isEditing() &&
                std::ranges::all_of(there, isShown) && std::ranges::none_of(gone, isShown);

@@ -177,10 +177,8 @@ TEST_P(StrangePhone, namesThatTheTargetCannotHoldAreNamedAndAllElseArrives) {
         EXPECT_EQ(namesLeftOut(outcome).size(), leftOut)
             << namesLeftOut(outcome).join(u'\n').toStdString();
         EXPECT_EQ(outcome.files, there.size());
-        QStringList names;
-        for (const FileItem& item : listAll(*to, joinPath(top, s("all")), {}).items)
-            names << item.name;
-        EXPECT_THAT(names, testing::UnorderedElementsAreArray(there));
+        EXPECT_THAT(namesOf(listAll(*to, joinPath(top, s("all")), {}).items),
+                    testing::UnorderedElementsAreArray(there));
         phone->becomeSound();
     }
 }

@@ -1,4 +1,5 @@
 #include "WindowFixture.h"
+#include "support/FileBytes.h"
 #include "support/ShownItems.h"
 
 #include <QLineEdit>
@@ -29,10 +30,7 @@ protected:
         ASSERT_TRUE(wait([this] { return !window_->browser().isLoading(); }));
     }
     [[nodiscard]] QStringList shown() const {
-        QStringList names;
-        for (const FileItem& item : shownItems(window_->browser()))
-            names.append(item.name);
-        return names;
+        return namesOf(shownItems(window_->browser()));
     }
 };
 
