@@ -1,4 +1,5 @@
 #include "base/text/ByteFormat.h"
+#include "base/text/PathNames.h"
 #include "phone/records/FileItem.h"
 #include "support/QtPrinters.h"
 
