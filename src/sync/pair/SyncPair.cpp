@@ -79,13 +79,12 @@ QString SyncProgress::bytesDescription() const {
     return formatBytes(bytesDone()) + QStringLiteral(" / ") + formatBytes(totalBytes);
 }
 
-QString SyncProgress::progressPercentDescription() const {
-    constexpr double hundred = 100;
-    double fraction = 0;
-    if (totalBytes >= 1)
-        fraction = std::clamp(static_cast<double>(bytesDone()) / static_cast<double>(totalBytes),
-                              0.0, 1.0);
-    return QStringLiteral("%1%").arg(static_cast<int>(fraction * hundred));
+int SyncProgress::percent() const {
+    constexpr double whole = 100;
+    if (totalBytes < 1)
+        return 0;
+    const double share = static_cast<double>(bytesDone()) / static_cast<double>(totalBytes);
+    return static_cast<int>(std::clamp(share, 0.0, 1.0) * whole);
 }
 
 bool SyncPair::isAndroid() const {

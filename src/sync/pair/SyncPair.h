@@ -81,8 +81,8 @@ struct SyncProgress {
     [[nodiscard]] QString filesDescription() const;
     /// "900 kB / 1.2 MB", clamped to the total.
     [[nodiscard]] QString bytesDescription() const;
-    /// A whole percentage of the bytes, "0%" to "100%".
-    [[nodiscard]] QString progressPercentDescription() const;
+    /// The share of the bytes that are across, 0 to 100.
+    [[nodiscard]] int percent() const;
 
     bool operator==(const SyncProgress&) const = default;
 

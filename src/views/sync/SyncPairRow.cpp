@@ -117,7 +117,7 @@ void SyncPairRow::update() {
     const bool hasTotal = pair->progress.totalFiles > 0;
     progress_->setRange(0, hasTotal ? 100 : 0);
     if (hasTotal)
-        progress_->setValue(pair->progress.progressPercentDescription().chopped(1).toInt());
+        progress_->setValue(pair->progress.percent());
     run_->setVisible(!isRunning);
     cancel_->setVisible(isRunning);
     name(*run_, tr("Sync Now"));
