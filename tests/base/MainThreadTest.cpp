@@ -1,4 +1,4 @@
-#include "base/threads/MainThread.h"
+#include "base/threads/TellLatest.h"
 #include "support/MainLoop.h"
 
 #include <atomic>
@@ -8,6 +8,16 @@ namespace tessary {
 namespace {
 
 using MainThreadTest = MainLoop;
+
+TEST_F(MainThreadTest, newestValueOfManyIsTold) {
+    QObject context;
+    std::vector<int> told;
+    const auto tell = tellLatest<int>(&context, [&](int value) { told.push_back(value); });
+    for (int value = 1; value <= 3; ++value)
+        tell(value);
+    turnFor(20ms);
+    EXPECT_EQ(told, std::vector{3});
+}
 
 TEST_F(MainThreadTest, resultForAContextThatIsGoneIsDropped) {
     std::atomic<bool> mayEnd = false;

@@ -1,11 +1,9 @@
 #include "browser/actions/BrowserEdits.h"
 
 #include "base/threads/Background.h"
-
-#include <QPointer>
+#include "base/threads/TellLatest.h"
 
 #include <algorithm>
-#include <atomic>
 
 namespace tessary {
 
@@ -18,22 +16,12 @@ void BrowserEdits::start(std::shared_ptr<PhoneFileSystem> files, std::vector<Fil
     if (running_.empty())
         progress_ = {};
     progress_.total += static_cast<int>(items.size());
-    // The main thread shows the newest count, however many there were.
-    const QPointer<BrowserEdits> self(this);
-    const auto shown = std::make_shared<std::atomic<bool>>(true);
-    const auto done = std::make_shared<std::atomic<int>>(progress_.done);
-    const auto tell = [self, shown, done, before = progress_.done](int count) {
-        *done = before + count;
-        if (!shown->exchange(false))
+    const auto tell = tellLatest<int>(this, [this, before = progress_.done](int count) {
+        if (!isRunning())
             return;
-        MainThread::post([self, shown, done] {
-            *shown = true;
-            if (!self || !self->isRunning())
-                return;
-            self->progress_.done = *done;
-            Q_EMIT self->changed();
-        });
-    };
+        progress_.done = before + count;
+        Q_EMIT changed();
+    });
     const auto source = std::make_shared<std::stop_source>(std::nostopstate);
     *source = runInBackground(
         this,

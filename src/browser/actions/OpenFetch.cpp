@@ -2,7 +2,7 @@
 
 #include "base/text/ByteCount.h"
 #include "base/threads/Background.h"
-#include "browser/actions/LatestFigure.h"
+#include "base/threads/TellLatest.h"
 
 #include <utility>
 
@@ -13,7 +13,7 @@ OpenFetch::OpenFetch(DragRequest request, QObject* parent) : QObject(parent) {
     for (const FileItem& item : request.items)
         total = addByteCounts(total, item.size);
     const auto tell =
-        tellLatest(this, [this, total](qint64 done) { Q_EMIT progress(done, total); });
+        tellLatest<qint64>(this, [this, total](qint64 done) { Q_EMIT progress(done, total); });
     stop_ = runInBackground(
         this,
         [request = std::move(request), tell](const std::stop_token& stop) {

@@ -3,7 +3,7 @@
 #include "base/log/DiagnosticsLogger.h"
 #include "base/threads/Background.h"
 #include "base/threads/CancellationError.h"
-#include "browser/actions/LatestFigure.h"
+#include "base/threads/TellLatest.h"
 #include "transfer/staging/StagedFiles.h"
 
 namespace tessary {
@@ -16,7 +16,7 @@ void PreviewFetch::start(std::shared_ptr<PhoneFileSystem> files, const FileItem&
                          const QString& id) {
     cancel();
     const std::uint64_t number = number_;
-    const auto tell = tellLatest(this, [this, id, number, total = item.size](qint64 done) {
+    const auto tell = tellLatest<qint64>(this, [this, id, number, total = item.size](qint64 done) {
         if (number == number_)
             Q_EMIT progress(id, done, total);
     });

@@ -5,8 +5,7 @@
 #include "base/threads/Background.h"
 #include "base/threads/CancellationError.h"
 #include "base/threads/EndInBackground.h"
-
-#include <QPointer>
+#include "base/threads/TellLatest.h"
 
 #include <algorithm>
 #include <iterator>
@@ -80,14 +79,12 @@ void ImportViewModel::lookAgain() {
     filesFound_ = 0;
     show({});
     setState(State::looking);
-    const auto tell = [self = QPointer(this), number](std::size_t count) {
-        MainThread::post([self, number, count] {
-            if (!self || self->number_ != number)
-                return;
-            self->filesFound_ = count;
-            Q_EMIT self->stateChanged();
-        });
-    };
+    const auto tell = tellLatest<std::size_t>(this, [this, number](std::size_t count) {
+        if (number_ != number)
+            return;
+        filesFound_ = count;
+        Q_EMIT stateChanged();
+    });
     stop_ = runInBackground(
         this,
         [files = files_, device = device_, ledgers = ledgers_, tell](const std::stop_token& stop) {
@@ -252,14 +249,12 @@ void ImportViewModel::removeFromPhone() {
     const std::uint64_t number = ++number_;
     removedSoFar_ = 0;
     setState(State::removing);
-    const auto tell = [self = QPointer(this), number](qint64 photosDone) {
-        MainThread::post([self, number, photosDone] {
-            if (!self || self->number_ != number)
-                return;
-            self->removedSoFar_ = photosDone;
-            Q_EMIT self->stateChanged();
-        });
-    };
+    const auto tell = tellLatest<qint64>(this, [this, number](qint64 photosDone) {
+        if (number_ != number)
+            return;
+        removedSoFar_ = photosDone;
+        Q_EMIT stateChanged();
+    });
     removals_[number] = runInBackground(
         this,
         [files = files_, photos = arrived_, ledger = found_.ledger,

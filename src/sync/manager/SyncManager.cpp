@@ -2,6 +2,7 @@
 
 #include "base/threads/Background.h"
 #include "base/threads/CancellationError.h"
+#include "base/threads/TellLatest.h"
 #include "devices/list/DeviceManager.h"
 #include "phone/PhoneError.h"
 #include "platform/desktop/HostInfo.h"
@@ -12,7 +13,6 @@
 #include "transfer/local/LocalFileSystem.h"
 
 #include <algorithm>
-#include <mutex>
 
 namespace tessary {
 
@@ -39,13 +39,6 @@ SyncReport failedReport(const Error& error) {
     report.failure = error;
     return report;
 }
-
-/// The newest progress on its way to the main thread: one post at a time, however many come.
-struct LatestProgress {
-    std::mutex mutex;
-    SyncProgress value;    ///< guarded by mutex
-    bool isPosted = false; ///< guarded by mutex
-};
 
 /// Everything that a run in the background needs.
 struct RunWork {
@@ -206,7 +199,6 @@ void SyncManager::startNext() {
 /// What a run tells, on its way to the pair list.
 SyncRunEvents SyncManager::eventsOf(const QUuid& id) {
     const QPointer<SyncManager> self(this);
-    const auto latest = std::make_shared<LatestProgress>();
     SyncRunEvents events;
     events.stage = [self, id](SyncStage stage) {
         MainThread::post([self, id, stage] {
@@ -214,23 +206,10 @@ SyncRunEvents SyncManager::eventsOf(const QUuid& id) {
                 self->setStatus(id, SyncStatus::syncing(stage));
         });
     };
-    events.progress = [self, id, latest](const SyncProgress& progress) {
-        const std::scoped_lock lock(latest->mutex);
-        latest->value = progress;
-        if (std::exchange(latest->isPosted, true))
-            return;
-        MainThread::post([self, id, latest] {
-            SyncProgress newest;
-            {
-                const std::scoped_lock takeLock(latest->mutex);
-                latest->isPosted = false;
-                newest = latest->value;
-            }
-            // Who hears of it may do anything: without the lock.
-            if (self && self->running_ && self->running_->id == id)
-                self->setProgress(id, newest);
-        });
-    };
+    events.progress = tellLatest<SyncProgress>(this, [this, id](const SyncProgress& progress) {
+        if (running_ && running_->id == id)
+            setProgress(id, progress);
+    });
     return events;
 }
 

@@ -7,6 +7,7 @@
 #include "base/text/PathNames.h"
 #include "base/text/Printable.h"
 #include "base/threads/Background.h"
+#include "base/threads/TellLatest.h"
 #include "views/common/Icons.h"
 #include "views/dialogs/FactsView.h"
 
@@ -15,14 +16,11 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLocale>
-#include <QPointer>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <atomic>
-#include <mutex>
 
 namespace tessary {
 
@@ -40,13 +38,6 @@ bool hasFolder(const std::vector<FileItem>& items) {
 QString breakable(QString text) {
     return text.replace(QLatin1Char('/'), QStringLiteral("/\u200B"));
 }
-
-/// The newest figures on their way to the main thread, which takes them when it gets round to it.
-struct Feed {
-    std::mutex mutex;
-    ContentCount count; ///< guarded by mutex
-    std::atomic<bool> isTaken = true;
-};
 
 } // namespace
 
@@ -211,22 +202,12 @@ void PropertiesDialog::showCount() {
 
 void PropertiesDialog::startCount() {
     isCounting_ = true;
-    const auto feed = std::make_shared<Feed>();
-    const QPointer<PropertiesDialog> self(this);
-    const auto progress = [feed, self](const ContentCount& count) {
-        const std::scoped_lock lock(feed->mutex);
-        feed->count = count;
-        if (!feed->isTaken.exchange(false))
+    const auto progress = tellLatest<ContentCount>(this, [this](const ContentCount& count) {
+        if (!isCounting_)
             return;
-        MainThread::post([feed, self] {
-            const std::scoped_lock again(feed->mutex);
-            feed->isTaken = true;
-            if (!self || !self->isCounting_)
-                return;
-            self->count_ = feed->count;
-            self->showCount();
-        });
-    };
+        count_ = count;
+        showCount();
+    });
     stop_ = runInBackground(
         this,
         [files = files_, items = items_, progress](const std::stop_token& stop) {
