@@ -1,8 +1,7 @@
 #include "phone/TransferProgress.h"
 
+#include "base/text/ByteCount.h"
 #include "base/text/ByteFormat.h"
-
-#include <QtNumeric>
 
 #include <algorithm>
 
@@ -13,11 +12,12 @@ QString TransferProgress::fileCountDescription() const {
 }
 
 QString TransferProgress::bytesDescription() const {
-    qint64 done = 0;
-    if (qAddOverflow(completedBytes, currentFileBytes, &done))
-        qFatal("transfer progress above the signed 64-bit range");
-    return formatBytes(std::min(totalBytes, done)) + QStringLiteral(" / ") +
+    return formatBytes(std::min(totalBytes, bytesDone())) + QStringLiteral(" / ") +
            formatBytes(totalBytes);
+}
+
+qint64 TransferProgress::bytesDone() const {
+    return addByteCounts(completedBytes, currentFileBytes);
 }
 
 } // namespace tessary

@@ -15,8 +15,10 @@ struct TransferProgress {
 
     /// "3/10 files"; a counter that runs ahead is shown as the total.
     [[nodiscard]] QString fileCountDescription() const;
-    /// "900 kB / 1.2 MB", clamped to the total. Fatal when the sum overflows.
+    /// "900 kB / 1.2 MB", clamped to the total.
     [[nodiscard]] QString bytesDescription() const;
+    /// Of all files; may run ahead of the total.
+    [[nodiscard]] qint64 bytesDone() const;
 
     bool operator==(const TransferProgress&) const = default;
 };

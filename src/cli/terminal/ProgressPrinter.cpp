@@ -28,7 +28,7 @@ void ProgressPrinter::show(const TransferProgress& progress) {
     if (!isTerminal_)
         return;
     const auto now = TransferSpeed::Clock::now();
-    const qint64 done = progress.completedBytes + progress.currentFileBytes;
+    const qint64 done = progress.bytesDone();
     speed_.update(done, now);
     const bool isDone = done >= progress.totalBytes;
     if (hasLine_ && !isDone && now - lastShown_ < shownEvery)

@@ -253,7 +253,8 @@ void TreeCopy::copyFileTo(const ScannedItem& scanned, Folder& target, Together& 
             finishMove(scanned, target, *stay->same);
         ++outcome_.alreadyThere;
         --progress_.totalFiles;
-        progress_.totalBytes -= std::max<qint64>(item.item.size, 0);
+        progress_.totalBytes =
+            addByteCounts(progress_.totalBytes, -std::max<qint64>(item.item.size, 0));
         return;
     }
     const auto* replace = std::get_if<TargetFolder::Replace>(&decision);
@@ -429,7 +430,8 @@ void TreeCopy::requireRoom(const QString& folder, const FileItem& file) {
 void TreeCopy::forgetFiles(const ScannedItem& scanned) {
     if (!scanned.unread && !scanned.item.item.isDirectory) {
         --progress_.totalFiles;
-        progress_.totalBytes -= std::max<qint64>(scanned.item.item.size, 0);
+        progress_.totalBytes =
+            addByteCounts(progress_.totalBytes, -std::max<qint64>(scanned.item.item.size, 0));
     }
     for (const ScannedItem& child : scanned.content)
         forgetFiles(child);
