@@ -1,5 +1,6 @@
 #include "app/texts/DisplayNames.h"
 
+#include "base/text/ByteCount.h"
 #include "base/text/ByteFormat.h"
 
 #include <QCoreApplication>
@@ -7,7 +8,6 @@
 
 #include <algorithm>
 #include <array>
-#include <limits>
 
 namespace tessary {
 
@@ -102,14 +102,22 @@ QString placeDisplayName(const QString& name) {
 }
 
 QString freeSpaceText(std::uint64_t freeBytes, std::uint64_t totalBytes) {
-    const auto shown = [](std::uint64_t bytes) {
-        constexpr std::uint64_t most = std::numeric_limits<qint64>::max();
-        return formatBytes(static_cast<qint64>(std::min(bytes, most)));
-    };
+    const auto shown = [](std::uint64_t bytes) { return formatBytes(clampedByteCount(bytes)); };
     if (totalBytes == 0)
         return {}; // nobody knows
     return DisplayNames::tr("%1 free of %2")
         .arg(shown(std::min(freeBytes, totalBytes)), shown(totalBytes));
+}
+
+QString freeSpaceText(const DeviceInfo& device) {
+    if (!device.volumes.empty())
+        return freeSpaceText(device.volumes.front().freeBytes, device.volumes.front().totalBytes);
+    const auto unsignedOf = [](const std::optional<qint64>& bytes) {
+        return static_cast<std::uint64_t>(std::max<qint64>(bytes.value_or(0), 0));
+    };
+    return device.freeStorageBytes ? freeSpaceText(unsignedOf(device.freeStorageBytes),
+                                                   unsignedOf(device.totalStorageBytes))
+                                   : QString();
 }
 
 QString modeDisplayName(const SyncPair& pair) {

@@ -4,7 +4,6 @@
 #include <QLocale>
 
 #include <array>
-#include <limits>
 
 namespace tessary {
 
@@ -46,12 +45,6 @@ QString formatBytes(qint64 bytes) {
         return QCoreApplication::translate("ByteFormat", "1 byte");
     return QLocale().formattedDataSize(bytes < 0 ? -shown : shown, unit->decimals,
                                        QLocale::DataSizeSIFormat);
-}
-
-qint64 signedByteCount(std::uint64_t bytes) {
-    if (bytes > static_cast<std::uint64_t>(std::numeric_limits<qint64>::max()))
-        qFatal("a byte count is above the signed 64-bit range");
-    return static_cast<qint64>(bytes);
 }
 
 } // namespace tessary

@@ -1,5 +1,6 @@
 #include "cli/commands/DeviceCommands.h"
 
+#include "app/texts/DisplayNames.h"
 #include "base/text/Printable.h"
 #include "base/threads/CancellationError.h"
 #include "cli/devices/DeviceChanges.h"
@@ -56,12 +57,14 @@ void printDevice(CliSession& session, const DeviceInfo& device) {
     session.printLine(QStringLiteral("plugged   %1").arg(place));
     if (device.batteryLevel)
         session.printLine(QStringLiteral("battery   %1 %").arg(*device.batteryLevel));
-    for (const StorageVolume& volume : device.volumes)
+    for (const StorageVolume& volume : device.volumes) {
+        const QString space = freeSpaceText(volume.freeBytes, volume.totalBytes);
         session.printLine(QStringLiteral("storage   %1: %2 (/storage/%3)")
-                              .arg(printable(volume.name), volume.formattedCapacity(), volume.id));
+                              .arg(printable(volume.name),
+                                   space.isEmpty() ? QStringLiteral("-") : space, volume.id));
+    }
     if (device.totalStorageBytes)
-        session.printLine(QStringLiteral("storage   %1")
-                              .arg(device.formattedStorageSummary().value_or(QString())));
+        session.printLine(QStringLiteral("storage   %1").arg(freeSpaceText(device)));
     if (device.isLocked)
         session.printLine(
             QStringLiteral("storage   none: unlock the phone and choose File transfer on "

@@ -1,5 +1,6 @@
 #include "cli/devices/DeviceChanges.h"
 
+#include "app/texts/DisplayNames.h"
 #include "app/texts/ErrorText.h"
 #include "base/text/Printable.h"
 #include "cli/terminal/RecordJson.h"
@@ -62,7 +63,7 @@ QString shownBattery(const DeviceInfo& device) {
 QString shownStorage(const DeviceInfo& device) {
     if (device.isLocked)
         return QStringLiteral("no storage: unlock it and choose File transfer on it");
-    return device.formattedStorageSummary().value_or(QString());
+    return freeSpaceText(device);
 }
 
 QString shownTrouble(const std::optional<DeviceTrouble>& trouble) {

@@ -1,8 +1,5 @@
 #include "phone/records/DeviceInfo.h"
 
-#include "base/text/ByteFormat.h"
-
-#include <algorithm>
 #include <array>
 
 namespace tessary {
@@ -65,23 +62,6 @@ bool DeviceInfo::isDataAccessible() const {
     if (isLocked)
         return false;
     return platform == DevicePlatform::iOS || !volumes.empty();
-}
-
-std::optional<QString> DeviceInfo::formattedStorageSummary() const {
-    qint64 total = 0;
-    qint64 free = 0;
-    if (platform == DevicePlatform::android && !volumes.empty()) {
-        total = signedByteCount(volumes.front().totalBytes);
-        free = signedByteCount(volumes.front().freeBytes);
-    } else {
-        if (!freeStorageBytes || !totalStorageBytes)
-            return std::nullopt;
-        total = *totalStorageBytes;
-        free = *freeStorageBytes;
-    }
-    if (total < 1)
-        return std::nullopt;
-    return formatBytes(std::min(free, total)) + QStringLiteral(" free of ") + formatBytes(total);
 }
 
 } // namespace tessary

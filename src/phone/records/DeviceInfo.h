@@ -53,9 +53,6 @@ struct DeviceInfo {
     [[nodiscard]] QString id() const;
     /// Locked devices have no data; an Android device has data once its volumes are known.
     [[nodiscard]] bool isDataAccessible() const;
-    /// "<free> free of <total>" of the first volume or of the whole device; free is clamped to
-    /// total. No value while the capacity is unknown.
-    [[nodiscard]] std::optional<QString> formattedStorageSummary() const;
 
     bool operator==(const DeviceInfo&) const = default;
 };

@@ -20,9 +20,6 @@ struct StorageVolume {
     [[nodiscard]] qint64 usedBytes() const;
     /// Used share between 0 and 1; 0 for an unknown capacity.
     [[nodiscard]] double usageRatio() const;
-    [[nodiscard]] QString formattedFreeSpace() const;
-    /// "<free> free of <total>", nothing clamped. Fatal for a value above the signed range.
-    [[nodiscard]] QString formattedCapacity() const;
 
     bool operator==(const StorageVolume&) const = default;
 };

@@ -2,7 +2,6 @@
 
 #include "app/LanguageManager.h"
 #include "app/texts/DisplayNames.h"
-#include "base/text/ByteFormat.h"
 #include "base/text/Printable.h"
 #include "views/common/Icons.h"
 #include "views/common/PlainText.h"
@@ -133,18 +132,14 @@ QString deviceDetail(const DeviceInfo& device) {
 QString deviceStorageText(const DeviceInfo& device) {
     if (device.isLocked)
         return DeviceListModel::tr("Locked: unlock it");
-    if (device.volumes.empty()) {
-        if (device.freeStorageBytes && device.totalStorageBytes.value_or(0) > 0)
-            return freeSpaceText(
-                static_cast<std::uint64_t>(std::max<qint64>(*device.freeStorageBytes, 0)),
-                static_cast<std::uint64_t>(*device.totalStorageBytes));
+    const QString space = freeSpaceText(device);
+    if (space.isEmpty() && device.volumes.empty()) {
         // An iPhone that is to be trusted first takes many seconds to say so.
         const bool isConnecting = device.platform == DevicePlatform::iOS && !device.deviceName;
         return isConnecting ? DeviceListModel::tr("Connecting…")
                             : DeviceListModel::tr("Reading storage…");
     }
-    const StorageVolume& first = device.volumes.front();
-    return freeSpaceText(first.freeBytes, first.totalBytes);
+    return space;
 }
 
 } // namespace tessary
