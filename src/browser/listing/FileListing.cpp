@@ -135,8 +135,7 @@ void FileListing::orderNames() {
     };
     const std::vector<std::size_t> bounds =
         inParts(items_.size(), [&](std::size_t begin, std::size_t end) {
-            QCollator collator = nameCollator(locale_); // is for one thread
-            collator.setNumericMode(true);
+            const QCollator collator = nameCollator(locale_); // is for one thread
             for (std::size_t i = begin; i < end; ++i)
                 sortKeys[i] = collator.sortKey(items_[i].name);
             std::stable_sort(nameAt(begin), nameAt(end), isBefore);

@@ -1,5 +1,7 @@
 #include "browser/model/KnownFolders.h"
 
+#include "base/text/NameOrder.h"
+
 #include <algorithm>
 
 namespace tessary {
@@ -28,9 +30,7 @@ QStringList KnownFolders::namesIn(const QString& folder, const QString& prefix) 
     for (const QString& name : names_.value(folder))
         if (name.startsWith(prefix, Qt::CaseInsensitive))
             found.append(name);
-    std::sort(found.begin(), found.end(), [](const QString& left, const QString& right) {
-        return left.compare(right, Qt::CaseInsensitive) < 0;
-    });
+    std::sort(found.begin(), found.end(), nameCollator());
     return found;
 }
 

@@ -1,6 +1,7 @@
 #include "cli/commands/FileCommands.h"
 
 #include "app/texts/ErrorText.h"
+#include "base/text/NameOrder.h"
 #include "base/text/PathNames.h"
 #include "base/threads/CancellationError.h"
 #include "cli/commands/CopyRun.h"
@@ -46,11 +47,10 @@ void listFolder(CliSession& session) {
     Listing listing = listAll(session.files(), session.request().paths.front(), session.stop());
     std::vector<FileItem> items = std::move(listing.items);
     std::erase_if(items, [](const FileItem& item) { return isUnfinishedName(item.name); });
-    std::stable_sort(items.begin(), items.end(), [](const FileItem& a, const FileItem& b) {
-        if (a.isDirectory != b.isDirectory)
-            return a.isDirectory;
-        return a.name.compare(b.name, Qt::CaseInsensitive) < 0;
-    });
+    const auto order = [names = nameCollator()](const FileItem& a, const FileItem& b) {
+        return a.isDirectory != b.isDirectory ? a.isDirectory : names(a.name, b.name);
+    };
+    std::stable_sort(items.begin(), items.end(), order);
     if (session.request().json) {
         QJsonArray array;
         for (const FileItem& item : items)

@@ -1,6 +1,7 @@
 #include "platform/desktop/DesktopPrograms.h"
 
-#include <QCollator>
+#include "base/text/NameOrder.h"
+
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
@@ -209,7 +210,7 @@ std::vector<DesktopProgram> programsFor(const QString& fileName, const QString& 
                 programs.push_back(std::move(program));
         }
     }
-    const QCollator collator;
+    const QCollator collator = nameCollator();
     std::ranges::sort(programs, [&](const DesktopProgram& left, const DesktopProgram& right) {
         const auto rank = [&](const DesktopProgram& program) {
             const qsizetype place = associations.added.indexOf(program.id);
