@@ -150,7 +150,7 @@ Bytes ADBAuthManager::getPhonePublicKeyPayload(const std::stop_token& /*stop*/) 
     form.insert(form.end(), modulus.begin(), modulus.end());
     form.insert(form.end(), squareBytes.begin(), squareBytes.end());
     appendLittleEndian(form, static_cast<std::uint32_t>(BN_get_word(e.get())));
-    const QString host = identity_.host.isEmpty() ? QStringLiteral("macOS") : identity_.host;
+    const QString host = identity_.host.isEmpty() ? QStringLiteral("Linux") : identity_.host;
     QByteArray text =
         QByteArray(reinterpret_cast<const char*>(form.data()), static_cast<qsizetype>(form.size()))
             .toBase64();

@@ -230,7 +230,7 @@ bool SyncRun::writeManifests(SyncFiles files, bool onDevice) {
             number = std::max(number, (*manifest)->hosts.at(key).runNumber);
     SyncManifest manifest = SyncManifest::merged(localManifest_, deviceManifest_);
     const QString name =
-        setup_.computerName.isEmpty() ? QStringLiteral("Mac") : setup_.computerName;
+        setup_.computerName.isEmpty() ? QStringLiteral("Computer") : setup_.computerName;
     manifest.hosts.insert_or_assign(
         key, SyncHostEntry{name, pair.deviceUDID, pair.appBundleID, pair.remoteFolderPath,
                            pair.localFolderPath,
