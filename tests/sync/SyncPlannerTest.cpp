@@ -61,7 +61,7 @@ struct Setting {
         record = SyncRecord{std::move(files), true, 1, at(100'000)};
     }
     [[nodiscard]] SyncPlanner planner() const {
-        return SyncPlanner({local, device, record ? &*record : nullptr, mode, deletes, moves, true,
+        return SyncPlanner({local, device, record ? &*record : nullptr, mode, deletes, moves,
                             NameRules(), deviceNames, now, filesOnceSynced});
     }
     /// What becomes of the one path.

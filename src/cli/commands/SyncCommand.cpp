@@ -243,9 +243,7 @@ SyncAnswer answerTo(const CliSession& session, const SyncQuestion& question) {
     for (std::size_t n = 0; n < std::min(shownCandidates, question.candidates.size()); ++n) {
         const DeletionCandidate& file = question.candidates[n];
         print(QStringLiteral("  %1: %2%3\n")
-                  .arg(file.targetLocation == DeletionCandidate::DeletionLocation::localMac
-                           ? QStringLiteral("here")
-                           : QStringLiteral("on the device"),
+                  .arg(file.isHere ? QStringLiteral("here") : QStringLiteral("on the device"),
                        printable(file.relativePath),
                        file.isEditedSinceLastSync ? QStringLiteral(" (edited since the last sync)")
                                                   : QString()));

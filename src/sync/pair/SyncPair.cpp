@@ -3,8 +3,6 @@
 #include "base/text/ByteCount.h"
 #include "base/text/ByteFormat.h"
 
-#include <QLocale>
-
 #include <algorithm>
 
 namespace tessary {
@@ -12,7 +10,6 @@ namespace tessary {
 namespace {
 
 using View = QLatin1StringView;
-using Location = DeletionCandidate::DeletionLocation;
 
 constexpr std::array modeNames{View("Bi-directional"), View("To iPhone"), View("To Mac")};
 constexpr std::array<QStringView, 15> stageNames{u"",
@@ -31,7 +28,6 @@ constexpr std::array<QStringView, 15> stageNames{u"",
                                                  u"Completed",
                                                  u"Error"};
 static_assert(stageNames.size() == static_cast<std::size_t>(SyncStage::failed) + 1);
-constexpr std::array locationNames{View("Mac"), View("iPhone"), View("Android")};
 
 template <typename Enum, typename Names>
 std::optional<Enum> fromName(const Names& names, const QString& text) {
@@ -59,10 +55,6 @@ SyncStage syncStageFromRawValue(const QString& text) {
     return fromName<SyncStage>(stageNames, text).value_or(SyncStage::none);
 }
 
-QString rawValue(Location location) {
-    return locationNames[static_cast<std::size_t>(location)];
-}
-
 QString SyncProgress::filesDescription() const {
     if (totalFiles < 1)
         return {};
@@ -85,11 +77,6 @@ int SyncProgress::percent() const {
         return 0;
     const double share = static_cast<double>(bytesDone()) / static_cast<double>(totalBytes);
     return static_cast<int>(std::clamp(share, 0.0, 1.0) * whole);
-}
-
-bool SyncPair::isAndroid() const {
-    return appBundleID == deviceStorage ||
-           QLocale().toLower(deviceName).contains(QLocale().toLower(QStringLiteral("Android")));
 }
 
 } // namespace tessary

@@ -111,7 +111,6 @@ struct SyncPair {
     SyncStatus status;
     SyncProgress progress;
 
-    [[nodiscard]] bool isAndroid() const;
     /// Whether files are moved: one-way modes only.
     [[nodiscard]] bool movesFiles() const {
         return moveFilesEnabled && syncMode != SyncMode::biDirectional;
@@ -122,15 +121,11 @@ struct SyncPair {
 
 /// One file that a run would delete, as the user is asked about it.
 struct DeletionCandidate {
-    enum class DeletionLocation { localMac, remoteiPhone, remoteAndroid };
-
     QUuid id = QUuid::createUuid();
     QString relativePath;
-    DeletionLocation targetLocation = DeletionLocation::localMac;
+    bool isHere = true;                 ///< on this computer, else on the phone
     qint64 size = 0;                    ///< bytes
     bool isEditedSinceLastSync = false; ///< its date is a little off the recorded one
 };
-
-[[nodiscard]] QString rawValue(DeletionCandidate::DeletionLocation location);
 
 } // namespace tessary

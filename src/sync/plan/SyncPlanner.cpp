@@ -15,7 +15,6 @@ namespace tessary {
 namespace {
 
 using namespace std::chrono_literals;
-using Location = DeletionCandidate::DeletionLocation;
 using FileMap = std::map<QString, SyncFile>;
 
 /// Fewer deletions than this never look like a mistake by their number.
@@ -330,9 +329,7 @@ std::vector<DeletionCandidate> SyncPlanner::deletionCandidates() const {
         const bool isLocal = action.local != nullptr;
         DeletionCandidate candidate;
         candidate.relativePath = action.relativePath;
-        candidate.targetLocation = isLocal            ? Location::localMac
-                                   : input_.isAndroid ? Location::remoteAndroid
-                                                      : Location::remoteiPhone;
+        candidate.isHere = isLocal;
         candidate.size = action.record->size;
         const QDateTime recorded = isLocal
                                        ? action.record->modifiedDate.addSecs(localShift_.count())

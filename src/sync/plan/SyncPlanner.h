@@ -20,7 +20,6 @@ struct SyncPlanInput {
     SyncMode mode = SyncMode::biDirectional;
     bool deletes = true;
     bool moves = false; ///< ignored in two-way mode
-    bool isAndroid = true;
     NameRules localNames;
     NameRules deviceNames;
     QDateTime now;              ///< in the zone that names of conflict copies are to show

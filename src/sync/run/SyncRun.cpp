@@ -121,7 +121,6 @@ SyncPlanner SyncRun::makePlanner() {
          .mode = pair.syncMode,
          .deletes = pair.deleteSyncEnabled,
          .moves = pair.movesFiles(),
-         .isAndroid = pair.isAndroid(),
          .localNames = localNames_,
          .deviceNames = deviceNames_,
          .now = setup_.now(),

@@ -22,9 +22,8 @@ using Kind = SyncQuestion::Kind;
 constexpr int pathRole = Qt::UserRole;
 
 QString sideText(const DeletionCandidate& candidate) {
-    QString where = candidate.targetLocation == DeletionCandidate::DeletionLocation::localMac
-                        ? SyncQuestionDialog::tr("On this computer")
-                        : SyncQuestionDialog::tr("On the phone");
+    QString where = candidate.isHere ? SyncQuestionDialog::tr("On this computer")
+                                     : SyncQuestionDialog::tr("On the phone");
     if (candidate.isEditedSinceLastSync)
         where += QStringLiteral("  ·  ") + SyncQuestionDialog::tr("edited since the last sync");
     return where;
