@@ -1,6 +1,5 @@
 #include "app/TessaryApp.h"
 
-#include "app/texts/ErrorText.h"
 #include "base/local/PrivateFolder.h"
 #include "base/threads/Background.h"
 #include "sync/manager/SyncConnection.h"
@@ -16,10 +15,6 @@ using namespace std::chrono_literals;
 
 /// Long enough for a phone that answers to be left in order.
 constexpr auto shutDownLimit = 4s;
-
-QString wordsForStatus(const Error& error) {
-    return errorText(error).text();
-}
 
 /// What is to be forgotten with the program gets a folder for so long; null when nothing is.
 std::unique_ptr<ScratchFolder> fillIn(TessaryAppSetup& setup) {
@@ -43,7 +38,7 @@ TessaryApp::TessaryApp(DeviceSources sources, DeviceServices& services, TessaryA
       deviceManager_(sources, services, setup_.alsoAccept),
       rememberedCopies_(copies_, deviceManager_, services.files(), setup_.copyRecords),
       phoneMounts_(deviceManager_, services.files(), setup_.showFolder),
-      syncManager_(*setup_.defaults, {deviceConnector(services.files()), wordsForStatus}),
+      syncManager_(*setup_.defaults, {deviceConnector(services.files())}),
       updateChecker_(setup_.http, setup_.defaults, setup_.openAddress, setup_.updates),
       favoritesManager_(setup_.defaults),
       languageManager_(LanguageManager::shared()) {

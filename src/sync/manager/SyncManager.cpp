@@ -285,7 +285,7 @@ void SyncManager::ended(const QUuid& id, SyncReport report) {
         finish(id,
                SyncStatus::error(failure && failure->is(PhoneError::notConnected)
                                      ? QStringLiteral("Device disconnected")
-                                     : setup_.words(failure.value_or(Error(PhoneError::nonsense)))),
+                                     : failure.value_or(Error(PhoneError::nonsense)).logText()),
                SyncStage::failed);
         break;
     }

@@ -27,8 +27,6 @@ class DeviceManager;
 /// What runs work with besides the settings.
 struct SyncManagerSetup {
     SyncConnector connect; ///< what it uses must outlive the work in the background
-    /// An error in words, for the status that is stored with a pair. On the main thread.
-    std::function<QString(const Error&)> words = [](const Error& error) { return error.logText(); };
     /// Where local files go that a run deletes or replaces; empty: they are gone.
     std::function<bool(const QString& path)> trash = moveToTrash;
     QString reportFolder = SyncReportStore::defaultFolder();

@@ -52,7 +52,7 @@ struct SyncStatus {
 
     Kind kind = Kind::idle;
     SyncStage stage = SyncStage::none; ///< of `syncing`
-    QString message;                   ///< of `error`: what went wrong; else empty
+    QString message;                   ///< of `error`: what went wrong, not for people
 
     [[nodiscard]] static SyncStatus syncing(SyncStage stage) {
         return {Kind::syncing, stage, {}};

@@ -138,7 +138,9 @@ QString SyncPairRow::stateOf(const SyncPair& pair) const {
     }
     if (const SyncReport* last = sync_.manager().lastReport(id_))
         return datedReportText(*last);
-    return pair.status.kind == SyncStatus::Kind::error ? pair.status.message : tr("Not synced yet");
+    // Its report was not kept: the phone was not there.
+    return pair.status.kind == SyncStatus::Kind::error ? notFinishedText(pair)
+                                                       : tr("Not synced yet");
 }
 
 void SyncPairRow::fillMenu() {

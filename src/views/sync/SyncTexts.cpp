@@ -137,11 +137,15 @@ QString reportText(const SyncReport& report) {
     return parts.join(QStringLiteral("  ·  "));
 }
 
+QString notFinishedText(const SyncPair& pair) {
+    return Texts::tr("The sync with %1 was not finished.").arg(printable(pair.deviceName));
+}
+
 QString troubleText(const SyncPair& pair, const SyncReport& report) {
-    const QString device = printable(pair.deviceName);
     return report.outcome == SyncReport::Outcome::failed
-               ? Texts::tr("The sync with %1 was not finished.").arg(device)
-               : Texts::tr("The sync with %1 left some files as they are.").arg(device);
+               ? notFinishedText(pair)
+               : Texts::tr("The sync with %1 left some files as they are.")
+                     .arg(printable(pair.deviceName));
 }
 
 QString datedReportText(const SyncReport& report) {

@@ -23,6 +23,8 @@ enum class SyncTense { planned, done };
 [[nodiscard]] QString countsText(const std::map<SyncDeed, qint64>& counts, SyncTense tense);
 /// How a run went, in one line.
 [[nodiscard]] QString reportText(const SyncReport& report);
+/// That a run failed.
+[[nodiscard]] QString notFinishedText(const SyncPair& pair);
 /// That a run failed, or left files as they are.
 [[nodiscard]] QString troubleText(const SyncPair& pair, const SyncReport& report);
 /// When a run ended, and how it went.
