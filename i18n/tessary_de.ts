@@ -409,6 +409,10 @@
         <translation>SD-Karte</translation>
     </message>
     <message>
+        <source>USB Drive</source>
+        <translation>USB-Laufwerk</translation>
+    </message>
+    <message>
         <source>%1 free of %2</source>
         <translation>%1 von %2 frei</translation>
     </message>

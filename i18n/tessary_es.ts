@@ -409,6 +409,10 @@
         <translation>Tarjeta SD</translation>
     </message>
     <message>
+        <source>USB Drive</source>
+        <translation>Unidad USB</translation>
+    </message>
+    <message>
         <source>%1 free of %2</source>
         <translation>%1 libres de %2</translation>
     </message>

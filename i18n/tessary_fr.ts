@@ -409,6 +409,10 @@
         <translation>Carte SD</translation>
     </message>
     <message>
+        <source>USB Drive</source>
+        <translation>Clé USB</translation>
+    </message>
+    <message>
         <source>%1 free of %2</source>
         <translation>%1 libres sur %2</translation>
     </message>

@@ -409,6 +409,10 @@
         <translation>Scheda SD</translation>
     </message>
     <message>
+        <source>USB Drive</source>
+        <translation>Unità USB</translation>
+    </message>
+    <message>
         <source>%1 free of %2</source>
         <translation>%1 liberi di %2</translation>
     </message>

@@ -402,6 +402,10 @@
         <translation>SDカード</translation>
     </message>
     <message>
+        <source>USB Drive</source>
+        <translation>USBドライブ</translation>
+    </message>
+    <message>
         <source>%1 free of %2</source>
         <translation>%2 中 %1 空き</translation>
     </message>

@@ -402,6 +402,10 @@
         <translation>SD 카드</translation>
     </message>
     <message>
+        <source>USB Drive</source>
+        <translation>USB 드라이브</translation>
+    </message>
+    <message>
         <source>%1 free of %2</source>
         <translation>%2 중 %1 사용 가능</translation>
     </message>

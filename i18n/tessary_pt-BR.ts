@@ -409,6 +409,10 @@
         <translation>Cartão SD</translation>
     </message>
     <message>
+        <source>USB Drive</source>
+        <translation>Unidade USB</translation>
+    </message>
+    <message>
         <source>%1 free of %2</source>
         <translation>%1 livres de %2</translation>
     </message>

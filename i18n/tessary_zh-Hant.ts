@@ -402,6 +402,10 @@
         <translation>SD 卡</translation>
     </message>
     <message>
+        <source>USB Drive</source>
+        <translation>USB 隨身碟</translation>
+    </message>
+    <message>
         <source>%1 free of %2</source>
         <translation>可用 %1，共 %2</translation>
     </message>

@@ -65,6 +65,7 @@ constexpr std::array statusNames{
 constexpr std::array placeNames{
     QT_TRANSLATE_NOOP("DisplayNames", "Internal Storage"),
     QT_TRANSLATE_NOOP("DisplayNames", "SD Card"),
+    QT_TRANSLATE_NOOP("DisplayNames", "USB Drive"),
     QT_TRANSLATE_NOOP("DisplayNames", "Documents"),
     QT_TRANSLATE_NOOP("DisplayNames", "Photos & Videos"),
     QT_TRANSLATE_NOOP("DisplayNames", "Storage %1"),
@@ -92,9 +93,14 @@ QString placeDisplayName(const QString& name) {
     // As most phones call it over MTP.
     if (name.compare(QLatin1StringView("Internal shared storage"), Qt::CaseInsensitive) == 0)
         return DisplayNames::tr(placeNames.front());
-    for (const char* english : placeNames)
-        if (name.compare(QLatin1StringView(english), Qt::CaseInsensitive) == 0)
+    for (const char* english : placeNames) {
+        const QLatin1StringView known(english);
+        if (name.compare(known, Qt::CaseInsensitive) == 0)
             return DisplayNames::tr(english);
+        // One of several: "SD Card (1234-ABCD)".
+        if (name.startsWith(known) && QStringView(name).mid(known.size()).startsWith(u" ("))
+            return DisplayNames::tr(english) + name.mid(known.size());
+    }
     constexpr QLatin1StringView numbered("Storage ");
     if (name.startsWith(numbered))
         return DisplayNames::tr(placeNames.back()).arg(name.mid(numbered.size()));
