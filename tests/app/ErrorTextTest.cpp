@@ -84,6 +84,8 @@ TEST_F(ErrorTextTest, sentencesNameTheItemAndSayWhatToDo) {
          "The phone sent 1,000 of the 12,345,678,901 bytes of “a”. Copy it again.",
          "Das Telefon hat 1.000 der 12.345.678.901 Bytes von „a“ gesendet. Kopieren Sie es noch "
          "einmal."},
+        {"no reason", Error(LocalError::cannotMakeFolder, {u"/a"_s, QString()}),
+         "The folder “/a” cannot be created.", "Der Ordner „/a“ kann nicht angelegt werden."},
         {"a name like a place", Error(PhoneError::sameName, {u"%2"_s, u"%1 %n"_s}),
          "“%2” is on the phone, which takes “%1 %n” for the same name. Rename one of the two "
          "first.",

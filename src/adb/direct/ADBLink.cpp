@@ -215,7 +215,8 @@ void ADBLink::handleGreeting(const ADBMessage& message, ADBCommand command) {
     if (command == ADBCommand::cnxn)
         beReady(message);
     else if (command == ADBCommand::stls)
-        throw Error(ADBError::refused, {QStringLiteral("host::"), QStringLiteral("TLS is wanted")});
+        throw Error(ADBError::refused, {QStringLiteral("host::")},
+                    Error(ADBError::nonsense, {QStringLiteral("TLS is wanted")}));
 }
 
 void ADBLink::beReady(const ADBMessage& message) {
@@ -302,15 +303,14 @@ std::unique_ptr<ADBStream> ADBLink::open(const QByteArray& service, const Wait& 
     if (state_ == State::lost)
         throwLost();
     if (static_cast<std::size_t>(service.size()) >= largestPayload_)
-        throw Error(ADBError::refused, {QString::fromUtf8(service.left(service.indexOf(':'))),
-                                        QStringLiteral("the request is too long")});
+        throw Error(ADBError::pathTooLong);
     channel.localID = ++lastID_;
     channels_.emplace(channel.localID, &channel);
     send(ADBCommand::open, channel.localID, 0,
          bytesOf({service.constData(), static_cast<std::size_t>(service.size()) + 1}));
     await(lock, wait, [&] { return channel.remoteID != 0 || channel.hasEnded; });
     if (channel.remoteID == 0)
-        throw Error(ADBError::refused, {QString::fromUtf8(service), QStringLiteral("closed")});
+        throw Error(ADBError::refused, {QString::fromUtf8(service)});
     return stream;
 }
 

@@ -22,7 +22,7 @@ enum class ADBError {
     offline,       ///< serial: the phone is known and does not answer
     held,          ///< another program has the phone's adb interface: names, joined
     tooOld,        ///< Android's API level: before 23 too much is missing
-    refused,       ///< service, reason
+    refused,       ///< service, reason: none when the other side gave none
     // --- a stream ---
     brokenOff, ///< reason
     timedOut,  ///< what was waited for
@@ -32,7 +32,7 @@ enum class ADBError {
     statFailed,    ///< path, number of the phone's errno
     commandFailed, ///< command, exit status, reason
     nameNotText,   ///< name in percent encoding: its bytes are not UTF-8
-    pathTooLong,   ///< path
+    pathTooLong,   ///< path; none for a request of several
 };
 
 [[nodiscard]] constexpr ErrorLayer errorLayer(ADBError) {

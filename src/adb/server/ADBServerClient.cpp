@@ -85,8 +85,7 @@ QByteArray takeExactly(ADBStream& stream, std::size_t count, const Wait& wait) {
 void sendRequest(ADBStream& stream, const QByteArray& request, const Wait& wait) {
     constexpr qsizetype longest = 0xFFFF;
     if (request.size() > longest)
-        throw Error(ADBError::refused, {QString::fromUtf8(request.left(wordSize)),
-                                        QStringLiteral("the request is too long")});
+        throw Error(ADBError::pathTooLong);
     const QByteArray bytes =
         QByteArray::number(request.size(), 16).rightJustified(4, '0') + request;
     stream.write(ByteView(reinterpret_cast<const std::byte*>(bytes.constData()),

@@ -25,6 +25,9 @@ class Words {
 constexpr ErrorWords unknown{QT_TRANSLATE_NOOP("ErrorText", "Something went wrong."),
                              QT_TRANSLATE_NOOP("ErrorText", "something went wrong")};
 
+/// What a sentence ends with that tells a reason.
+constexpr QLatin1StringView reasonPlace("%2");
+
 /// An error, and the words of its code.
 struct Worded {
     const Error& error;
@@ -156,8 +159,18 @@ QString details(const Error& error) {
     return lines.join(QLatin1StringView("; "));
 }
 
+/// "“a” cannot be read: %2" where nobody gave the reason: "“a” cannot be read."
+QString withoutReason(QString sentence) {
+    sentence = sentence.chopped(reasonPlace.size()).trimmed();
+    if (sentence.endsWith(QLatin1Char(':')) || sentence.endsWith(QChar(u'：')))
+        sentence = sentence.chopped(1).trimmed();
+    return sentence + Words::tr(".", "the end of a sentence");
+}
+
 QString sentenceOf(const Worded& worded) {
-    const QString sentence = Words::tr(worded.words.sentence);
+    QString sentence = Words::tr(worded.words.sentence);
+    if (sentence.endsWith(reasonPlace) && worded.error.arguments().value(1).toString().isEmpty())
+        sentence = withoutReason(sentence);
     const bool hasName = !worded.error.arguments().value(0).toString().isEmpty();
     if (hasName || !sentence.contains(QLatin1StringView("%1")))
         return filled(sentence, worded.error);
