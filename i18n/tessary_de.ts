@@ -1161,6 +1161,18 @@
         <translation>Löschen Sie etwas auf diesem Datenträger. Dateien liegen dort, solange sie unterwegs sind.</translation>
     </message>
     <message>
+        <source>Others may change what is in “%1”.</source>
+        <translation>Andere können den Inhalt von „%1“ ändern.</translation>
+    </message>
+    <message>
+        <source>others may change what is in the folder</source>
+        <translation>andere können den Inhalt des Ordners ändern</translation>
+    </message>
+    <message>
+        <source>Let no other user write to that folder.</source>
+        <translation>Lassen Sie keinen anderen Benutzer in diesen Ordner schreiben.</translation>
+    </message>
+    <message>
         <source>The copy of “%1” was not equal to its original. It was removed again.</source>
         <translation>Die Kopie von „%1“ glich ihrem Original nicht. Sie wurde wieder entfernt.</translation>
     </message>

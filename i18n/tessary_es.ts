@@ -1161,6 +1161,18 @@
         <translation>Elimina algo de ese disco. Los archivos están ahí mientras van de camino.</translation>
     </message>
     <message>
+        <source>Others may change what is in “%1”.</source>
+        <translation>Otros pueden cambiar el contenido de «%1».</translation>
+    </message>
+    <message>
+        <source>others may change what is in the folder</source>
+        <translation>otros pueden cambiar el contenido de la carpeta</translation>
+    </message>
+    <message>
+        <source>Let no other user write to that folder.</source>
+        <translation>No permitas que ningún otro usuario escriba en esa carpeta.</translation>
+    </message>
+    <message>
         <source>The copy of “%1” was not equal to its original. It was removed again.</source>
         <translation>La copia de «%1» no era igual a su original. Se ha quitado.</translation>
     </message>

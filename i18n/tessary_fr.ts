@@ -925,6 +925,18 @@
         <translation>Supprimez quelque chose sur ce disque. Les fichiers y restent le temps de leur transfert.</translation>
     </message>
     <message>
+        <source>Others may change what is in “%1”.</source>
+        <translation>D’autres peuvent modifier le contenu de «&#xa0;%1&#xa0;».</translation>
+    </message>
+    <message>
+        <source>others may change what is in the folder</source>
+        <translation>d’autres peuvent modifier le contenu du dossier</translation>
+    </message>
+    <message>
+        <source>Let no other user write to that folder.</source>
+        <translation>Ne laissez aucun autre utilisateur écrire dans ce dossier.</translation>
+    </message>
+    <message>
         <source>Install the adb tool, or switch the phone to Standard MTP.</source>
         <translation>Installez l’outil adb ou passez le téléphone à MTP standard.</translation>
     </message>

@@ -1161,6 +1161,18 @@
         <translation>Elimina qualcosa da quel disco. I file restano lì durante il trasferimento.</translation>
     </message>
     <message>
+        <source>Others may change what is in “%1”.</source>
+        <translation>Altri possono modificare il contenuto di «%1».</translation>
+    </message>
+    <message>
+        <source>others may change what is in the folder</source>
+        <translation>altri possono modificare il contenuto della cartella</translation>
+    </message>
+    <message>
+        <source>Let no other user write to that folder.</source>
+        <translation>Non consentire a nessun altro utente di scrivere in quella cartella.</translation>
+    </message>
+    <message>
         <source>The copy of “%1” was not equal to its original. It was removed again.</source>
         <translation>La copia di «%1» non era uguale all’originale. È stata rimossa.</translation>
     </message>

@@ -1154,6 +1154,18 @@
         <translation>そのディスクで何かを削除してください。転送中のファイルはそこに置かれます。</translation>
     </message>
     <message>
+        <source>Others may change what is in “%1”.</source>
+        <translation>「%1」の内容はほかのユーザーが変更できます。</translation>
+    </message>
+    <message>
+        <source>others may change what is in the folder</source>
+        <translation>フォルダの内容をほかのユーザーが変更できます</translation>
+    </message>
+    <message>
+        <source>Let no other user write to that folder.</source>
+        <translation>ほかのユーザーがそのフォルダに書き込めないようにしてください。</translation>
+    </message>
+    <message>
         <source>The copy of “%1” was not equal to its original. It was removed again.</source>
         <translation>「%1」のコピーは元のファイルと一致しなかったため、取り除かれました。</translation>
     </message>

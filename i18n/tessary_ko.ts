@@ -1154,6 +1154,18 @@
         <translation>그 디스크에서 일부를 삭제하세요. 전송 중인 파일이 그곳에 놓입니다.</translation>
     </message>
     <message>
+        <source>Others may change what is in “%1”.</source>
+        <translation>다른 사용자가 “%1”의 내용을 바꿀 수 있습니다.</translation>
+    </message>
+    <message>
+        <source>others may change what is in the folder</source>
+        <translation>다른 사용자가 폴더의 내용을 바꿀 수 있습니다</translation>
+    </message>
+    <message>
+        <source>Let no other user write to that folder.</source>
+        <translation>다른 사용자가 그 폴더에 쓸 수 없게 하세요.</translation>
+    </message>
+    <message>
         <source>The copy of “%1” was not equal to its original. It was removed again.</source>
         <translation>“%1”의 복사본이 원본과 같지 않아 제거되었습니다.</translation>
     </message>

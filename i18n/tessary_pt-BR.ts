@@ -1161,6 +1161,18 @@
         <translation>Apague algo nesse disco. Os arquivos ficam nele enquanto são transferidos.</translation>
     </message>
     <message>
+        <source>Others may change what is in “%1”.</source>
+        <translation>Outras pessoas podem alterar o conteúdo de “%1”.</translation>
+    </message>
+    <message>
+        <source>others may change what is in the folder</source>
+        <translation>outras pessoas podem alterar o conteúdo da pasta</translation>
+    </message>
+    <message>
+        <source>Let no other user write to that folder.</source>
+        <translation>Não deixe nenhum outro usuário gravar nessa pasta.</translation>
+    </message>
+    <message>
         <source>The copy of “%1” was not equal to its original. It was removed again.</source>
         <translation>A cópia de “%1” não era igual ao original. Ela foi removida.</translation>
     </message>

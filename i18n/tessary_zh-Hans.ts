@@ -1154,6 +1154,18 @@
         <translation>请删除该磁盘上的部分内容。传输中的文件会暂存在那里。</translation>
     </message>
     <message>
+        <source>Others may change what is in “%1”.</source>
+        <translation>其他用户可以更改“%1”中的内容。</translation>
+    </message>
+    <message>
+        <source>others may change what is in the folder</source>
+        <translation>其他用户可以更改该文件夹中的内容</translation>
+    </message>
+    <message>
+        <source>Let no other user write to that folder.</source>
+        <translation>请不要让其他用户写入该文件夹。</translation>
+    </message>
+    <message>
         <source>The copy of “%1” was not equal to its original. It was removed again.</source>
         <translation>“%1”的副本与原件不一致，已被移除。</translation>
     </message>

@@ -1154,6 +1154,18 @@
         <translation>請刪除該磁碟上的部分內容。傳輸中的檔案會暫存在那裡。</translation>
     </message>
     <message>
+        <source>Others may change what is in “%1”.</source>
+        <translation>其他使用者可以更改「%1」中的內容。</translation>
+    </message>
+    <message>
+        <source>others may change what is in the folder</source>
+        <translation>其他使用者可以更改該資料夾中的內容</translation>
+    </message>
+    <message>
+        <source>Let no other user write to that folder.</source>
+        <translation>請不要讓其他使用者寫入該資料夾。</translation>
+    </message>
+    <message>
         <source>The copy of “%1” was not equal to its original. It was removed again.</source>
         <translation>「%1」的副本與原件不一致，已被移除。</translation>
     </message>

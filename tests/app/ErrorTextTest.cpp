@@ -28,7 +28,7 @@ void addAll(std::vector<Error>& errors, Enum last) {
 std::vector<Error> everyError() {
     std::vector<Error> errors;
     addAll(errors, PhoneError::full);
-    addAll(errors, LocalError::noRoomOnTheWay);
+    addAll(errors, LocalError::notPrivate);
     addAll(errors, HttpError::badContent);
     addAll(errors, SyncError::recordNotStored);
     for (int value = 0; value <= static_cast<int>(ADBError::pathTooLong); ++value)

@@ -221,8 +221,12 @@ constexpr std::array localWords{
                QT_TRANSLATE_NOOP("ErrorText", "no space is left on this computer's disk"),
                QT_TRANSLATE_NOOP("ErrorText", "Delete something on that disk. Files lie there "
                                               "while they are on their way.")},
+    // notPrivate
+    ErrorWords{QT_TRANSLATE_NOOP("ErrorText", "Others may change what is in “%1”."),
+               QT_TRANSLATE_NOOP("ErrorText", "others may change what is in the folder"),
+               QT_TRANSLATE_NOOP("ErrorText", "Let no other user write to that folder.")},
 };
-static_assert(localWords.size() == static_cast<std::size_t>(LocalError::noRoomOnTheWay) + 1);
+static_assert(localWords.size() == static_cast<std::size_t>(LocalError::notPrivate) + 1);
 
 /// In the order of the enum's cases.
 constexpr std::array syncWords{

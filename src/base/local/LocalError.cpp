@@ -13,9 +13,9 @@ constexpr std::array names{
     "fileInTheWay",   "taken",         "folderNotEmpty",
     "changed",        "nameNotUsable", "nameTooLong",
     "leavesFolder",   "link",          "full",
-    "noRoomOnTheWay",
+    "noRoomOnTheWay", "notPrivate",
 };
-static_assert(names.size() == static_cast<std::size_t>(LocalError::noRoomOnTheWay) + 1);
+static_assert(names.size() == static_cast<std::size_t>(LocalError::notPrivate) + 1);
 
 } // namespace
 

@@ -26,6 +26,7 @@ enum class LocalError {
     link,             ///< path: links are not followed
     full,             ///< path: no space is left on its disk
     noRoomOnTheWay,   ///< path of a folder of ours: no space is left where files are on their way
+    notPrivate,       ///< path of a folder that other users may change, or that is one of theirs
 };
 
 [[nodiscard]] constexpr ErrorLayer errorLayer(LocalError) {

@@ -27,12 +27,9 @@ namespace {
 
 constexpr mode_t forUsAlone = S_IRWXU;
 
-[[noreturn]] void fail(const QString& path, const QString& reason) {
-    throw Error(LocalError::cannotMakeFolder, {path, reason});
-}
-
-QString reasonOf(int error) {
-    return QString::fromLocal8Bit(std::strerror(error));
+/// By errno.
+Error cannotMake(const QString& path) {
+    return {LocalError::cannotMakeFolder, {path, QString::fromLocal8Bit(std::strerror(errno))}};
 }
 
 /// Whether only this user, or root, can change what is in an open folder.
@@ -48,18 +45,18 @@ bool isSafeParent(int folder) {
 FileHandle openPrivate(int parent, const QString& name, const QString& path) {
     const QByteArray diskName = QFile::encodeName(name);
     if (name.isEmpty() || name.contains(QLatin1Char('/')) || name.startsWith(QLatin1Char('.')))
-        fail(path, QStringLiteral("no name for a folder"));
+        throw Error(LocalError::nameNotUsable, {name});
     if (mkdirat(parent, diskName.constData(), forUsAlone) != 0 && errno != EEXIST)
-        fail(path, reasonOf(errno));
+        throw cannotMake(path);
     FileHandle folder(
         openat(parent, diskName.constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
     struct stat facts {};
     if (!folder.isOpen() || fstat(folder.get(), &facts) != 0)
-        fail(path, reasonOf(errno));
+        throw cannotMake(path);
     if (facts.st_uid != geteuid())
-        fail(path, QStringLiteral("it belongs to somebody else"));
+        throw Error(LocalError::notPrivate, {path});
     if ((facts.st_mode & (S_IRWXG | S_IRWXO)) != 0 && fchmod(folder.get(), forUsAlone) != 0)
-        fail(path, reasonOf(errno));
+        throw cannotMake(path);
     return folder;
 }
 
@@ -99,7 +96,7 @@ void makeWhereOurs(const QString& path) {
 
 /// The first place that nobody else can tamper with; made when it is missing.
 std::pair<FileHandle, QString> safePlace(PrivateFolder::Place place) {
-    QString refused;
+    Error refused(LocalError::cannotMakeFolder);
     for (const QString& candidate : candidates(place)) {
         const QString path = QDir::cleanPath(candidate);
         if (!QFileInfo(path).isAbsolute())
@@ -107,11 +104,14 @@ std::pair<FileHandle, QString> safePlace(PrivateFolder::Place place) {
         makeWhereOurs(path);
         FileHandle opened(
             ::open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-        if (opened.isOpen() && isSafeParent(opened.get()))
+        if (!opened.isOpen())
+            refused = cannotMake(path);
+        else if (isSafeParent(opened.get()))
             return {std::move(opened), path};
-        refused = path;
+        else
+            refused = Error(LocalError::notPrivate, {path});
     }
-    fail(refused, QStringLiteral("it is missing, or others may write there"));
+    throw refused;
 }
 
 /// Whether a folder is of no running program, and older than it takes to make one.
@@ -143,9 +143,9 @@ PrivateFolder::PrivateFolder(const QString& parent, const QString& name)
     const FileHandle opened(
         ::open(QFile::encodeName(parent).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (!opened.isOpen())
-        fail(path_, reasonOf(errno));
+        throw cannotMake(path_);
     if (!isSafeParent(opened.get()))
-        fail(path_, QStringLiteral("others may write to the folder that it is in"));
+        throw Error(LocalError::notPrivate, {parent});
     folder_ = openPrivate(opened.get(), name, path_);
 }
 

@@ -51,6 +51,10 @@ struct Content {
     QString reason; ///< of what is unreadable
 };
 
+QString reasonOf(int error) {
+    return QString::fromLocal8Bit(std::strerror(error));
+}
+
 Content read(const QString& path) {
     const FileHandle opened(
         ::open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
@@ -61,9 +65,9 @@ Content read(const QString& path) {
     struct stat facts {};
     QFile file;
     if (!opened.isOpen() || ::fstat(opened.get(), &facts) != 0)
-        return {Content::Kind::unreadable, {}, QString::fromLocal8Bit(std::strerror(errno))};
+        return {Content::Kind::unreadable, {}, reasonOf(errno)};
     if (!S_ISREG(facts.st_mode))
-        return {Content::Kind::unreadable, {}, QStringLiteral("it is no file")};
+        return {Content::Kind::unreadable, {}, reasonOf(S_ISDIR(facts.st_mode) ? EISDIR : EINVAL)};
     if (!file.open(opened.get(), QIODevice::ReadOnly))
         return {Content::Kind::unreadable, {}, file.errorString()};
     if (facts.st_size > largestFile)
@@ -80,16 +84,17 @@ Content read(const QString& path) {
 }
 
 /// Puts a damaged file beside those of earlier times, none of which is touched. Its new name;
-/// empty when that cannot be done.
-QString putAside(const QString& path) {
+/// empty when that cannot be done, by `reason`.
+QString putAside(const QString& path, QString& reason) {
     constexpr int mostNumbers = 1000;
     for (int number = 1; number < mostNumbers; ++number) {
         QString aside = path + QStringLiteral(".damaged");
         if (number > 1)
             aside += QLatin1Char('-') + QString::number(number);
-        if (!QFileInfo(aside).isSymLink() &&
-            QFile::rename(path, aside)) // onto nothing that is there
+        QFile file(path);
+        if (!QFileInfo(aside).isSymLink() && file.rename(aside)) // onto nothing that is there
             return aside;
+        reason = file.errorString();
         if (!QFileInfo::exists(aside) && !QFileInfo(aside).isSymLink())
             break;
     }
@@ -170,17 +175,18 @@ QString JsonUserDefaults::Store::store(const Changes& changes) {
     std::optional<FileLock> fileLock;
     try {
         if (!fileLock.emplace(file + QStringLiteral(".lock")).tryLock(lockTimeout))
-            return QStringLiteral("another program holds its lock");
-    } catch (const Error&) {
-        return QStringLiteral("its folder cannot be written to");
+            return reasonOf(EWOULDBLOCK); // another program holds it
+    } catch (const Error& error) {
+        return error.arguments().value(1).toString();
     }
     Content current = read(file);
     if (current.kind == Content::Kind::unreadable)
         return current.reason; // what is in it must not be lost
     if (current.kind == Content::Kind::damaged) {
-        const QString aside = putAside(file);
+        QString reason;
+        const QString aside = putAside(file, reason);
         if (aside.isEmpty())
-            return QStringLiteral("it is damaged, and cannot be put aside");
+            return reason;
         const std::scoped_lock lock(mutex);
         damaged = SettingsTrouble{SettingsTrouble::Kind::damaged, file, {}, aside};
         current.values = values; // what this program knows is all there is

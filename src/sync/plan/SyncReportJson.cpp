@@ -49,7 +49,7 @@ Error errorOf(const QJsonObject& json, int depth = 0) {
         code = codeOf(value, name, PhoneError::full);
         break;
     case ErrorLayer::local:
-        code = codeOf(value, name, LocalError::noRoomOnTheWay);
+        code = codeOf(value, name, LocalError::notPrivate);
         break;
     case ErrorLayer::sync:
         code = codeOf(value, name, SyncError::recordNotStored);

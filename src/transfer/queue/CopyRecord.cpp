@@ -31,8 +31,7 @@ Error errorFromJson(const QJsonObject& json) {
     const int code = json[u"code"_s].toInt(-1);
     if (layer == ErrorLayer::phone && code >= 0 && code <= static_cast<int>(PhoneError::full))
         return {static_cast<PhoneError>(code), arguments};
-    if (layer == ErrorLayer::local && code >= 0 &&
-        code <= static_cast<int>(LocalError::noRoomOnTheWay))
+    if (layer == ErrorLayer::local && code >= 0 && code <= static_cast<int>(LocalError::notPrivate))
         return {static_cast<LocalError>(code), arguments};
     return {PhoneError::refused, arguments};
 }
