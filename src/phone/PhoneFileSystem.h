@@ -114,9 +114,9 @@ enum class TakenName { refused, replaced };
 /// resuming stand above it.
 ///
 /// Thread-safe. Each call takes its turn in the phone's queue for as long as it lasts, so that
-/// calls of others get in between two steps of a copy. `identity`, `displayName`, `rootOf`,
-/// `canonicalPath` and `queue` answer at once on any thread; all else blocks, never without end,
-/// and is called off the main thread only.
+/// calls of others get in between two steps of a copy. `identity`, `displayName`, `appName`,
+/// `rootOf`, `canonicalPath` and `queue` answer at once on any thread; all else blocks, never
+/// without end, and is called off the main thread only.
 ///
 /// What fails throws Error with a code of PhoneError (LocalError for this computer's disk), with
 /// the protocol's own status as its cause, and CancellationError soon after `call.stop` asks for
@@ -132,6 +132,10 @@ public:
     [[nodiscard]] virtual QString identity() const = 0;
     /// The phone (or app) as the user knows it.
     [[nodiscard]] virtual QString displayName() const = 0;
+    /// The name of the app whose documents these are; empty for all others.
+    [[nodiscard]] virtual QString appName() const {
+        return {};
+    }
     /// The root of the tree that a path lies in.
     [[nodiscard]] virtual FileTreeRoot rootOf(const QString& path) const = 0;
     /// The one form of a path that is shown and kept: below its root, without a "/" at the end.

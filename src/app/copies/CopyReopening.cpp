@@ -10,13 +10,7 @@ using namespace Qt::StringLiterals;
 
 const QLatin1StringView local{"local:"};
 
-/// An app as far as its copy tells of it: "Notes (Ann's iPhone)".
-AppInfo appOf(const QString& bundle, const QString& shown) {
-    const qsizetype end = shown.lastIndexOf(u" ("_s);
-    return {bundle, end > 0 ? shown.left(end) : bundle, true, false};
-}
-
-std::shared_ptr<PhoneFileSystem> openPhone(const QString& identity, const QString& shown,
+std::shared_ptr<PhoneFileSystem> openPhone(const QString& identity, const QString& appName,
                                            const std::vector<DeviceInfo>& attached,
                                            PhoneFileSystems& phones) {
     for (const DeviceInfo& device : attached) {
@@ -25,8 +19,11 @@ std::shared_ptr<PhoneFileSystem> openPhone(const QString& identity, const QStrin
         std::shared_ptr<PhoneFileSystem> files;
         if (device.platform == DevicePlatform::iOS) {
             const QString phone = u"ios:%1:"_s.arg(device.udid);
-            if (identity.startsWith(phone))
-                files = phones.openApp(device, appOf(identity.mid(phone.size()), shown));
+            if (identity.startsWith(phone)) {
+                const QString bundle = identity.mid(phone.size());
+                const QString name = appName.isEmpty() ? bundle : appName; // of an older record
+                files = phones.openApp(device, {bundle, name, true, false});
+            }
         } else {
             files = phones.open(device);
         }
@@ -40,15 +37,14 @@ std::shared_ptr<PhoneFileSystem> openPhone(const QString& identity, const QStrin
 
 std::optional<CopyEnds> reopen(const CopyJob& job, const std::vector<DeviceInfo>& attached,
                                PhoneFileSystems& phones) {
-    const auto open = [&](const QString& identity, const QString& shown,
+    const auto open = [&](const QString& identity, const QString& appName,
                           LocalLinks links) -> std::shared_ptr<PhoneFileSystem> {
         if (identity.startsWith(local))
             return std::make_shared<LocalFileSystem>(identity.mid(local.size()), links);
-        return openPhone(identity, shown, attached, phones);
+        return openPhone(identity, appName, attached, phones);
     };
-    const QString& from = job.sourcePhone.isEmpty() ? job.phone : job.sourcePhone;
-    CopyEnds ends{open(job.source, from, LocalLinks::filesFollowed),
-                  open(job.target, job.phone, LocalLinks::reported)};
+    CopyEnds ends{open(job.source, job.sourceApp, LocalLinks::filesFollowed),
+                  open(job.target, job.targetApp, LocalLinks::reported)};
     return ends.from && ends.to ? std::optional(std::move(ends)) : std::nullopt;
 }
 

@@ -83,6 +83,10 @@ QString AFCFileSystem::displayName() const {
     return app_ ? QStringLiteral("%1 (%2)").arg(app_->displayName, name) : name;
 }
 
+QString AFCFileSystem::appName() const {
+    return app_ ? app_->displayName : QString();
+}
+
 FileTreeRoot AFCFileSystem::rootOf(const QString&) const {
     return {QString(slash), app_ ? QStringLiteral("Documents") : QStringLiteral("Photos & Videos")};
 }

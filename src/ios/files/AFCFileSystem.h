@@ -30,6 +30,7 @@ public:
 
     [[nodiscard]] QString identity() const override;
     [[nodiscard]] QString displayName() const override;
+    [[nodiscard]] QString appName() const override;
     [[nodiscard]] FileTreeRoot rootOf(const QString& path) const override;
     [[nodiscard]] QString canonicalPath(const QString& path) const override;
     [[nodiscard]] std::shared_ptr<PhoneQueue> queue() const override {

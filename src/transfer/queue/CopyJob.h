@@ -39,6 +39,8 @@ struct CopyJob {
     QString sourcePhone;  ///< the other one's name then; else empty
     QString source;       ///< PhoneFileSystem::identity()
     QString target;       ///< the same
+    QString sourceApp;    ///< PhoneFileSystem::appName()
+    QString targetApp;    ///< the same
 
     TransferProgress progress;
     /// The totals grow still: folders are being listed.

@@ -140,6 +140,8 @@ QUuid CopyQueue::enqueue(TreeCopyRequest request, Finished onFinished, const QUu
         job.sourcePhone = request.from->displayName();
     job.source = request.from->identity();
     job.target = request.to->identity();
+    job.sourceApp = request.from->appName();
+    job.targetApp = request.to->appName();
     for (const CopyItem& item : request.items) {
         if (item.item.isDirectory) {
             job.isMeasuring = true;

@@ -117,6 +117,8 @@ QJsonObject toJson(const CopyRecord& record) {
                      {u"sourcePhone"_s, job.sourcePhone},
                      {u"source"_s, job.source},
                      {u"target"_s, job.target},
+                     {u"sourceApp"_s, job.sourceApp},
+                     {u"targetApp"_s, job.targetApp},
                      {u"files"_s, job.progress.completedFiles},
                      {u"bytes"_s, job.progress.completedBytes},
                      {u"totalFiles"_s, job.progress.totalFiles},
@@ -157,6 +159,8 @@ std::optional<CopyRecord> copyRecordFromJson(const QJsonObject& json) {
     job.sourcePhone = json[u"sourcePhone"_s].toString();
     job.source = json[u"source"_s].toString();
     job.target = json[u"target"_s].toString();
+    job.sourceApp = json[u"sourceApp"_s].toString();
+    job.targetApp = json[u"targetApp"_s].toString();
     job.progress.completedFiles = json[u"files"_s].toInteger();
     job.progress.completedBytes = json[u"bytes"_s].toInteger();
     job.progress.totalFiles = json[u"totalFiles"_s].toInteger();
