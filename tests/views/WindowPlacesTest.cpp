@@ -1,5 +1,6 @@
 #include "WindowFixture.h"
 
+#include <QLabel>
 #include <QMimeData>
 
 namespace tessary {
@@ -35,6 +36,11 @@ TEST_F(WindowPlacesTest, filesDroppedOnAFolderArriveWhateverIsShownByThen) {
 TEST_F(WindowPlacesTest, aDragWithinThePhoneMovesAndWithCtrlCopies) {
     openFolder();
     const auto files = window_->browser().files();
+    const EntryMimeData folder(files, {entry(u"Trip"_s)});
+    QWidget& words = *list("favoriteList").parentWidget()->findChild<QLabel*>();
+    EXPECT_TRUE(drag(words, {}, folder));
+    drop(words, {}, folder);
+    EXPECT_EQ(list("favoriteList").model()->rowCount(), 1) << "there was none to drop it beside";
     dropOn(u"Trip"_s, EntryMimeData(files, {entry(u"alpha.txt"_s)}), Qt::ControlModifier);
     EXPECT_TRUE(wait([this] { return phone_.content(u"DCIM/Trip/alpha.txt"_s) == "a"; }));
     EXPECT_EQ(phone_.content(u"DCIM/alpha.txt"_s), "a");

@@ -106,6 +106,7 @@ void PlaceList::setHint(Words text) {
 
 void PlaceList::setDrops(const EntryDrop& drops) {
     drops_ = &drops;
+    setAcceptDrops(true);
     view_->viewport()->setAcceptDrops(true);
     view_->viewport()->installEventFilter(this);
 }
@@ -157,6 +158,23 @@ bool PlaceList::eventFilter(QObject* watched, QEvent* event) {
     default:
         return QWidget::eventFilter(watched, event);
     }
+}
+
+void PlaceList::dragEnterEvent(QDragEnterEvent* event) {
+    dragMoveEvent(event);
+}
+
+void PlaceList::dragMoveEvent(QDragMoveEvent* event) {
+    if (model_.canDropMimeData(event->mimeData(), event->dropAction(), 0, 0, {}))
+        event->acceptProposedAction();
+    else
+        event->ignore();
+}
+
+/// Beside the rows is before them all. Without any nothing else is there to drop on.
+void PlaceList::dropEvent(QDropEvent* event) {
+    if (model_.dropMimeData(event->mimeData(), event->dropAction(), 0, 0, {}))
+        event->acceptProposedAction();
 }
 
 void PlaceList::mark(const QModelIndex& index) {

@@ -27,13 +27,17 @@ public:
     }
     /// Shown in place of rows.
     void setHint(Words text);
-    /// What makes the rows targets of drops. It must outlive this.
+    /// What makes the rows targets of drops; beside them its model takes what it can. It must
+    /// outlive this.
     void setDrops(const EntryDrop& drops);
     /// Marks a row, or none.
     void mark(const QModelIndex& index);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
     void fit();
