@@ -290,9 +290,11 @@ void ADBFileSystem::removeTree(const FileItem& item, const Call& call) {
 FileItem ADBFileSystem::rename(const FileItem& item, const QString& newName, TakenName taken,
                                const Call& call) {
     const FileItem there = editable(item);
-    return inTurn(there.path, call, [&] {
+    const QString folder = parentPath(there.path);
+    // What a phone refuses here is the new name.
+    return inTurn(joinPath(folder, newName), call, [&] {
         queue_->noteEdit();
-        return ADBEdits(session_, call.stop).rename(there, parentPath(there.path), newName, taken);
+        return ADBEdits(session_, call.stop).rename(there, folder, newName, taken);
     });
 }
 

@@ -91,7 +91,7 @@ const char* layerName(ErrorLayer layer) {
     return "";
 }
 
-/// A name, a path or a number, as a sentence shows it. Of what lies on a phone the name will do.
+/// A name, a path or a number, as a sentence shows it. Of a path on a phone the name will do.
 QString shown(const QVariant& argument, bool isOnPhone) {
     switch (argument.typeId()) {
     case QMetaType::Int:
@@ -103,7 +103,8 @@ QString shown(const QVariant& argument, bool isOnPhone) {
         break;
     }
     const QString text = argument.toString();
-    const QString name = isOnPhone ? lastComponent(text) : QString();
+    const bool isPath = isOnPhone && text.startsWith(QLatin1Char('/'));
+    const QString name = isPath ? lastComponent(text) : QString();
     return printable(name.isEmpty() ? text : name);
 }
 

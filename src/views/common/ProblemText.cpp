@@ -1,11 +1,14 @@
 #include "views/common/ProblemText.h"
 
+#include "base/local/LocalError.h"
 #include "base/text/Printable.h"
 #include "phone/PhoneError.h"
 
 #include <QCoreApplication>
 #include <QLocale>
 #include <QStringList>
+
+#include <algorithm>
 
 namespace tessary {
 
@@ -52,12 +55,25 @@ QString failedSeveral(const BrowserProblem& problem) {
     return text.arg(QLocale().toString(problem.total), list);
 }
 
+/// Whether the name that an entry was to get is what is wrong.
+bool isForName(const Error& error) {
+    const ErrorCode codes[] = {PhoneError::nameNotAllowed, PhoneError::taken,
+                               PhoneError::sameName,       LocalError::nameNotUsable,
+                               LocalError::nameTooLong,    LocalError::taken};
+    return std::ranges::any_of(codes, [&](const ErrorCode& code) { return error.is(code); });
+}
+
 ErrorText ofEdit(const BrowserProblem& problem) {
     const Error& first = problem.failures.front().error;
     ErrorText words = errorText(first);
-    words.what = problem.total == 1
-                     ? failedOne(problem.what, printable(problem.name), reasonText(first))
-                     : failedSeveral(problem);
+    if (problem.total > 1) {
+        words.what = failedSeveral(problem);
+    } else if (problem.what == What::rename && isForName(first)) {
+        words.what = failedOne(problem.what, printable(problem.name), words.what);
+        words.advice.clear(); // it is about a name that an entry has already
+    } else {
+        words.what = failedOne(problem.what, printable(problem.name), reasonText(first));
+    }
     return words;
 }
 
