@@ -61,6 +61,10 @@ TEST_F(WindowPlacesTest, shortcutsLeadOnlyToFoldersThatAreThere) {
     };
     EXPECT_TRUE(wait([&] { return shortcuts() == QStringList{u"Camera & Photos"_s}; }))
         << shortcuts().join(u", "_s).toStdString();
+    window_->browser().folders().forgetAll();
+    openFolder();
+    EXPECT_EQ(shortcuts(), QStringList{u"Camera & Photos"_s}) << "as they were known last";
+    go(window_->browser().rootPath(), u"DCIM"_s);
     phone_.write(u"Music/song.mp3"_s, "la");
     press(Qt::Key_F5);
     EXPECT_TRUE(wait([&] { return shortcuts().contains(u"Music"_s); })) << "once it is there";

@@ -239,9 +239,10 @@ void Sidebar::showPlaces() {
     favoriteModel_.showDevice(device_ ? device_->udid : QString(), source_);
     favoriteList_->setVisible(device_.has_value());
     std::vector<Place> shortcuts = device_ ? shortcutsOf(*device_) : std::vector<Place>();
-    if (knownFolders_)
-        std::erase_if(shortcuts, [this](const Place& place) {
-            return !knownFolders_->contains(lastComponent(place.path));
+    const auto known = knownFolders_.constFind(device_ ? device_->udid : QString());
+    if (known != knownFolders_.cend())
+        std::erase_if(shortcuts, [known](const Place& place) {
+            return !known->contains(lastComponent(place.path));
         });
     shortcutModel_.setPlaces(std::move(shortcuts));
     volumeModel_.setPlaces(device_ ? volumesOf(*device_) : std::vector<Place>());
@@ -249,9 +250,12 @@ void Sidebar::showPlaces() {
 }
 
 void Sidebar::setKnownFolders(const std::optional<QSet<QString>>& names) {
-    if (names == knownFolders_)
+    if (!names || !device_ || !source_.files)
         return;
-    knownFolders_ = names;
+    const auto known = knownFolders_.constFind(device_->udid);
+    if (known != knownFolders_.cend() && *known == *names)
+        return;
+    knownFolders_.insert(device_->udid, *names);
     showPlaces();
 }
 

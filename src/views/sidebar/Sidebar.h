@@ -3,6 +3,7 @@
 #include "views/sidebar/DeviceListModel.h"
 #include "views/sidebar/PlaceListModel.h"
 
+#include <QHash>
 #include <QSet>
 #include <QWidget>
 
@@ -45,8 +46,8 @@ public:
     }
     /// Shows the places of this device, or none. `source` is what is being browsed of it.
     void showDevice(const std::optional<DeviceInfo>& device, const FavoriteSource& source);
-    /// The folders of the device's main storage, once they are known: shortcuts to others are not
-    /// shown.
+    /// The folders of the device's main storage, where they are known: shortcuts to others are not
+    /// shown. Without a value those that were known last hold on.
     void setKnownFolders(const std::optional<QSet<QString>>& names);
     /// What makes the places targets of drops. It must outlive the sidebar.
     void setDrops(const EntryDrop& drops);
@@ -74,8 +75,8 @@ private:
     std::optional<DeviceInfo> device_;
     FavoriteSource source_;
     Shown shown_ = Shown::itself;
-    QString folder_; ///< that is shown
-    std::optional<QSet<QString>> knownFolders_;
+    QString folder_;                             ///< that is shown
+    QHash<QString, QSet<QString>> knownFolders_; ///< by DeviceInfo::udid
     QListView* deviceList_;
     QLabel* noDevices_;
     ModeSwitch* mode_;
