@@ -58,6 +58,7 @@ struct CopyQueue::Work {
     bool isPausing = false;
     bool isCancelled = false;
     TransferSpeed speed;
+    bool mayFindBytes = false; ///< its first bytes may be those of an earlier run
 
     std::mutex mutex;
     std::optional<TransferProgress> latest; ///< guarded by mutex: where the copy's thread leaves it
@@ -194,6 +195,7 @@ void CopyQueue::startNext() {
 void CopyQueue::start(CopyJob& job) {
     const std::shared_ptr<Work> work = works_[job.id];
     work->speed = {};
+    work->mayFindBytes = work->request.skipsSame;
     job.status = Status::running;
     job.error.reset();
     job.leftOut.clear();
@@ -407,6 +409,11 @@ void CopyQueue::showProgress() {
         if (const auto progress = work.take()) {
             job.progress = *progress;
             job.isMeasuring = false;
+            if (work.mayFindBytes && job.doneBytes() > 0) {
+                work.mayFindBytes = false;
+                work.speed.skip();
+                totals_.noteFound();
+            }
         }
         const qint64 done = job.doneBytes();
         work.speed.update(done, now);

@@ -35,6 +35,10 @@ public:
     void beginAnew();
     /// A job has come to an end, however it did.
     void noteEnd(const CopyJob& job);
+    /// A job goes on with what an earlier run of it has left.
+    void noteFound() {
+        speed_.skip();
+    }
     /// How it stands at this moment.
     [[nodiscard]] CopySummary summaryOf(const std::vector<CopyJob>& jobs);
 

@@ -14,6 +14,10 @@ public:
 
     /// Takes note of the bytes that are done at a moment; moments never go back.
     void update(qint64 doneBytes, Clock::time_point now);
+    /// What is done by the next moment was there before, and says nothing of the speed.
+    void skip() {
+        hasStarted_ = false;
+    }
     /// Bytes a second; 0 until there is something to go by.
     [[nodiscard]] double bytesPerSecond() const {
         return bytesPerSecond_;
