@@ -219,9 +219,12 @@ void CopyQueue::takeOutcome(const QUuid& id, const std::shared_ptr<Work>& work,
                             CopyOutcome outcome) {
     work->stop.reset();
     CopyJob* const job = find(id); // what runs is not cleared
-    if (const auto progress = work->take())
-        job->progress = *progress;
+    const auto progress = work->take();
     const CopyOutcome::End end = work->isCancelled ? CopyOutcome::End::cancelled : outcome.end();
+    const bool isPaused =
+        work->isPausing && end == CopyOutcome::End::cancelled && !work->isCancelled;
+    if (progress && !isPaused) // else what there is of a file stays, and is shown
+        job->progress = *progress;
     job->alreadyThere += outcome.alreadyThere;
     job->made += outcome.made;
     job->made.removeDuplicates();
@@ -236,15 +239,14 @@ void CopyQueue::takeOutcome(const QUuid& id, const std::shared_ptr<Work>& work,
         work->request.items = std::move(outcome.items);
         work->request.skipsSame = true;
     }
-    if (work->isPausing && end == CopyOutcome::End::cancelled && !work->isCancelled) {
-        work->isPausing = false;
+    work->isPausing = false;
+    if (isPaused) {
         job->bytesPerSecond = 0;
         job->timeLeft.reset();
         tellChanged({id});
         startNext();
         return;
     }
-    work->isPausing = false;
     switch (end) {
     case CopyOutcome::End::done:
         finish(*job, Status::done);

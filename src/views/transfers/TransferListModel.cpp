@@ -109,6 +109,9 @@ QString transferDetail(const CopyJob& job) {
     if (job.status == Status::done)
         return QStringLiteral("%1  ·  %2")
             .arg(displayName(job.status), formatBytes(job.progress.totalBytes));
+    if (job.status == Status::paused && job.doneBytes() > 0)
+        return QStringLiteral("%1  ·  %2")
+            .arg(displayName(job.status), job.progress.bytesDescription());
     if (job.status != Status::running)
         return displayName(job.status);
     if (job.isFinishing)
