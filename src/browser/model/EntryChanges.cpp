@@ -183,9 +183,10 @@ void EntryChanges::tellRemoved(const QString& identity, const QStringList& paths
 void EntryChanges::rename(const FileItem& item, const QString& newName) {
     if (newName == item.name || !browser_.files())
         return;
-    if (newName.isEmpty()) {
-        browser_.showProblem(BrowserProblem::of(What::rename, item.name,
-                                                Error(PhoneError::nameNotAllowed, {newName})));
+    if (newName.trimmed().isEmpty()) { // nobody would see it
+        const ErrorCode code = browser_.files()->queue() ? ErrorCode(PhoneError::nameNotAllowed)
+                                                         : ErrorCode(LocalError::nameNotUsable);
+        browser_.showProblem(BrowserProblem::of(What::rename, item.name, Error(code, {newName})));
         return;
     }
     const QString newPath = joinPath(parentPath(item.path), newName);

@@ -60,7 +60,8 @@ bool isForName(const Error& error) {
     const ErrorCode codes[] = {PhoneError::nameNotAllowed, PhoneError::taken,
                                PhoneError::sameName,       LocalError::nameNotUsable,
                                LocalError::nameTooLong,    LocalError::taken};
-    return std::ranges::any_of(codes, [&](const ErrorCode& code) { return error.is(code); });
+    return !error.arguments().value(0).toString().isEmpty() &&
+           std::ranges::any_of(codes, [&](const ErrorCode& code) { return error.is(code); });
 }
 
 ErrorText ofEdit(const BrowserProblem& problem) {
