@@ -37,6 +37,12 @@ void EntrySelection::move(int step, bool extend) {
     take(selection);
 }
 
+bool EntrySelection::canMove(int step) const {
+    BrowserSelection moved = selection_;
+    moved.move(rows_, step, false);
+    return moved.current() != currentId();
+}
+
 void EntrySelection::selectAll() {
     BrowserSelection selection = selection_;
     selection.selectAll(rows_);

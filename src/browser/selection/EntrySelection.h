@@ -33,6 +33,8 @@ public:
     void select(const QString& id, SelectionChange how = SelectionChange::replace);
     /// Up and down in a grid: `step` is the number of columns, negative to go up.
     void move(int step, bool extend = false);
+    /// Whether move() would bring the keyboard to another entry.
+    [[nodiscard]] bool canMove(int step) const;
     void selectAll();
     void invert();
     void clear();

@@ -71,6 +71,8 @@ PreviewWindow::PreviewWindow(FileBrowserViewModel& browser, std::function<int()>
       text_(new QPlainTextEdit),
       caption_(new QLabel),
       pageLabel_(new QLabel),
+      previous_(footerButton("go-previous")),
+      next_(footerButton("go-next")),
       previousPage_(footerButton("go-up")),
       nextPage_(footerButton("go-down")) {
     setObjectName(QStringLiteral("previewWindow"));
@@ -121,15 +123,13 @@ PreviewWindow::PreviewWindow(FileBrowserViewModel& browser, std::function<int()>
 }
 
 QWidget* PreviewWindow::makeFooter() {
-    auto* previous = footerButton("go-previous");
-    auto* next = footerButton("go-next");
-    connect(previous, &QToolButton::clicked, this, [this] { browser_.selection().move(-1); });
-    connect(next, &QToolButton::clicked, this, [this] { browser_.selection().move(1); });
+    connect(previous_, &QToolButton::clicked, this, [this] { browser_.selection().move(-1); });
+    connect(next_, &QToolButton::clicked, this, [this] { browser_.selection().move(1); });
     connect(previousPage_, &QToolButton::clicked, this, [this] { turnTo(page_ - 1); });
     connect(nextPage_, &QToolButton::clicked, this, [this] { turnTo(page_ + 1); });
-    keepTranslated(this, [this, previous, next] {
-        name(*previous, tr("Previous"));
-        name(*next, tr("Next"));
+    keepTranslated(this, [this] {
+        name(*previous_, tr("Previous"));
+        name(*next_, tr("Next"));
         name(*previousPage_, tr("Previous Page"));
         name(*nextPage_, tr("Next Page"));
         text_->setAccessibleName(tr("Preview"));
@@ -144,8 +144,8 @@ QWidget* PreviewWindow::makeFooter() {
     auto* row = new QHBoxLayout(footer);
     row->setContentsMargins(8, 6, 12, 6);
     row->setSpacing(4);
-    row->addWidget(previous);
-    row->addWidget(next);
+    row->addWidget(previous_);
+    row->addWidget(next_);
     row->addSpacing(8);
     row->addWidget(caption_, 1);
     row->addWidget(pageLabel_);
@@ -200,6 +200,8 @@ void PreviewWindow::follow() {
             hide();
         return;
     }
+    previous_->setEnabled(browser_.selection().canMove(-1));
+    next_->setEnabled(browser_.selection().canMove(1));
     if (item_ == *item)
         return;
     const bool isFirst = !item_;

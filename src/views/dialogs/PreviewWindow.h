@@ -81,6 +81,8 @@ private:
     QPlainTextEdit* text_;
     QLabel* caption_;
     QLabel* pageLabel_;
+    QToolButton* previous_;
+    QToolButton* next_;
     QToolButton* previousPage_;
     QToolButton* nextPage_;
 };
