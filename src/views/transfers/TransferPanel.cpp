@@ -22,7 +22,8 @@ namespace {
 /// first, then the bytes.
 QString summaryText(const CopySummary& summary, const QFontMetrics& metrics, int width) {
     if (summary.isIdle())
-        return TransferPanel::tr("All transfers have ended");
+        return metrics.elidedText(TransferPanel::tr("All transfers have ended"), Qt::ElideRight,
+                                  width);
     const int inAll = summary.finished + summary.running + summary.queued;
     const QString count =
         TransferPanel::tr("%1 of %2").arg(summary.finished + summary.running).arg(inAll);
@@ -43,7 +44,7 @@ QString summaryText(const CopySummary& summary, const QFontMetrics& metrics, int
         if (metrics.horizontalAdvance(text) <= width)
             break;
     }
-    return text;
+    return metrics.elidedText(text, Qt::ElideRight, width);
 }
 
 } // namespace
