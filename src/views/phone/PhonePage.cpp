@@ -87,14 +87,14 @@ PhonePage::PhonePage(Parts parts, Callbacks callbacks, QWidget* parent)
     setObjectName(QStringLiteral("phonePage"));
     setFrameShape(QFrame::NoFrame);
     setWidgetResizable(true);
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setFocusPolicy(Qt::NoFocus);
     trouble_->setObjectName(QStringLiteral("phoneTrouble"));
     looking_->setForegroundRole(QPalette::PlaceholderText);
+    looking_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    looking_->setWordWrap(true);
     auto* storageLine = new QHBoxLayout;
     storageLine->addWidget(storageHeading_);
-    storageLine->addStretch(1);
-    storageLine->addWidget(looking_);
+    storageLine->addWidget(looking_, 1);
     cards_->setSpacing(16);
 
     auto* column = new QWidget;
@@ -162,12 +162,22 @@ QWidget* PhonePage::makeCommands() {
             [this, import] { import_->setEnabled(import->isEnabled()); });
     connect(sync_, &QPushButton::clicked, this, &PhonePage::syncNow);
     auto* commands = new QWidget;
-    auto* row = new QHBoxLayout(commands);
-    row->setContentsMargins(0, 0, 0, 0);
+    commands_ = new QHBoxLayout(commands);
+    commands_->setContentsMargins(0, 0, 0, 0);
     for (QPushButton* button : {browse_, apps_, import_, sync_})
-        row->addWidget(button);
-    row->addStretch(1);
+        commands_->addWidget(button);
+    commands_->addStretch(1);
     return commands;
+}
+
+/// One below the other where they have no room side by side.
+void PhonePage::fitCommands() {
+    int width = 2 * margin;
+    for (const QPushButton* button : {browse_, apps_, import_, sync_})
+        if (!button->isHidden())
+            width += button->sizeHint().width() + commands_->spacing();
+    commands_->setDirection(width > viewport()->width() ? QBoxLayout::TopToBottom
+                                                        : QBoxLayout::LeftToRight);
 }
 
 void PhonePage::showTexts() {
@@ -203,6 +213,7 @@ void PhonePage::showDevice(const std::optional<DeviceInfo>& device) {
     browse_->setText(isIPhone ? tr("Browse Photos") : tr("Browse Files"));
     browse_->setEnabled(!device->isLocked);
     apps_->setVisible(isIPhone);
+    fitCommands();
     pairs_->showDevice(device->udid);
     showTrouble();
     showVolumes();
@@ -355,6 +366,11 @@ void PhonePage::keyPressEvent(QKeyEvent* event) {
 void PhonePage::showEvent(QShowEvent* event) {
     QScrollArea::showEvent(event);
     look();
+}
+
+void PhonePage::resizeEvent(QResizeEvent* event) {
+    QScrollArea::resizeEvent(event);
+    fitCommands();
 }
 
 void PhonePage::hideEvent(QHideEvent* event) {

@@ -13,6 +13,7 @@
 #include <vector>
 
 class QAction;
+class QBoxLayout;
 class QLabel;
 class QPushButton;
 class QVBoxLayout;
@@ -54,11 +55,13 @@ protected:
     void focusInEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void hideEvent(QHideEvent* event) override;
 
 private:
     [[nodiscard]] QWidget* makeHeader();
     [[nodiscard]] QWidget* makeCommands();
+    void fitCommands();
     void focusFirst();
     void showTexts();
     void showTrouble();
@@ -82,6 +85,7 @@ private:
     QPushButton* apps_;
     QPushButton* import_;
     QPushButton* sync_;
+    QBoxLayout* commands_ = nullptr;
     QLabel* storageHeading_;
     QLabel* looking_;
     QVBoxLayout* cards_;

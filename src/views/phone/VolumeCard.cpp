@@ -58,10 +58,11 @@ VolumeCard::VolumeCard(const Place& place, std::function<void()> open, QWidget* 
     heading_->setAttribute(Qt::WA_TransparentForMouseEvents, !hasTarget);
     bar_->setAccessibleName(place.title);
     free_->setForegroundRole(QPalette::PlaceholderText);
+    free_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    free_->setWordWrap(true);
     auto* line = new QHBoxLayout;
     line->addWidget(heading_);
-    line->addStretch(1);
-    line->addWidget(free_);
+    line->addWidget(free_, 1);
     auto* column = makeColumn(*this, 4);
     column->addLayout(line);
     column->addWidget(bar_);

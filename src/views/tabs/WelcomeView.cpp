@@ -88,11 +88,14 @@ WelcomeView::WelcomeView(std::function<void()> startDemo, QWidget* parent) : QWi
     content->addSpacing(8);
     content->addWidget(demo, 0, Qt::AlignCenter);
 
+    auto* row = new QHBoxLayout;
+    row->addStretch(1);
+    row->addWidget(column, 1000);
+    row->addStretch(1);
     auto* outer = new QVBoxLayout(this);
     outer->addStretch(1);
-    outer->addWidget(column, 0, Qt::AlignHCenter);
+    outer->addLayout(row);
     outer->addStretch(2);
-    column->setMinimumWidth(420);
 }
 
 } // namespace tessary
