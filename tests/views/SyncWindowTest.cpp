@@ -79,6 +79,11 @@ TEST_F(SyncWindowTest, returnGoesOnFromTheSheetAndFromThePreview) {
     ASSERT_NO_FATAL_FAILURE(openSheet());
     QTest::keyClick(dialog("syncPairSheet")->findChild<QLineEdit*>(u"syncLocalFolder"_s),
                     Qt::Key_Return);
+    clickButton("syncPreview", u"Cancel"_s);
+    ASSERT_TRUE(wait([this] { return dialog("syncPairSheet") != nullptr; })) << "as it was";
+    EXPECT_EQ(dialog("syncPairSheet")->findChild<QLineEdit*>(u"syncLocalFolder"_s)->text(),
+              local_.path());
+    clickButton("syncPairSheet", u"Show What Will Happen"_s);
     ASSERT_TRUE(wait([this] {
         const QDialog* shown = dialog("syncPreview");
         return shown != nullptr && shown->findChild<QTreeWidget*>()->topLevelItemCount() == 3;

@@ -22,9 +22,12 @@ SyncDialogs::SyncDialogs(SyncViewModel& sync, QWidget& window, ChooseFolder choo
 void SyncDialogs::makePair(QWidget& asker) {
     const auto draft =
         sync_.draft(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
-    if (!draft)
-        return;
-    auto* sheet = new SyncPairSheet(*draft, SyncPairSheet::Purpose::makes, chooseFolder_, &asker);
+    if (draft)
+        showSheet(*draft, asker);
+}
+
+void SyncDialogs::showSheet(const SyncPair& draft, QWidget& asker) {
+    auto* sheet = new SyncPairSheet(draft, SyncPairSheet::Purpose::makes, chooseFolder_, &asker);
     sheet->setAttribute(Qt::WA_DeleteOnClose);
     connect(sheet, &QDialog::accepted, this,
             [this, sheet] { sync_.requestPreview(sheet->pair()); });
@@ -87,7 +90,15 @@ void SyncDialogs::showPreview() {
         dialog->setWindowModality(Qt::WindowModal);
         connect(dialog, &QDialog::accepted, this,
                 [this, dialog] { sync_.confirmPreview(dialog->decisions()); });
-        connect(dialog, &QDialog::rejected, this, [this] { sync_.closePreview(); });
+        connect(dialog, &QDialog::rejected, this, [this] {
+            const auto rejected = sync_.preview(); // none when it was closed for the user
+            sync_.closePreview();
+            if (!rejected || sync_.manager().pair(rejected->pair.id) != nullptr)
+                return;
+            SyncPair again = rejected->pair;
+            again.id = QUuid::createUuid(); // a late answer is about the other
+            showSheet(again, window_);
+        });
         preview_ = dialog;
     }
     preview_->show(*preview);

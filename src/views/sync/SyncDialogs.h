@@ -36,6 +36,7 @@ public:
     }
 
 private:
+    void showSheet(const SyncPair& draft, QWidget& asker);
     void editPair(const QUuid& id);
     void showReports(const QUuid& id);
     void tellOutcome(const QUuid& id);
