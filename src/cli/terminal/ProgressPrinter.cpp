@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace tessary {
 
@@ -29,6 +30,8 @@ void ProgressPrinter::show(const TransferProgress& progress) {
         return;
     const auto now = TransferSpeed::Clock::now();
     const qint64 done = progress.bytesDone();
+    if (done > 0 && !std::exchange(hasBytes_, true))
+        speed_.skip(); // the first ones may be those of an earlier run
     speed_.update(done, now);
     const bool isDone = done >= progress.totalBytes;
     if (hasLine_ && !isDone && now - lastShown_ < shownEvery)

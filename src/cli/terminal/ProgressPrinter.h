@@ -27,6 +27,7 @@ private:
     std::FILE* stream_;
     const bool isTerminal_;
     bool hasLine_ = false;
+    bool hasBytes_ = false; ///< some are done
     TransferSpeed::Clock::time_point lastShown_;
     TransferSpeed speed_;
 };
