@@ -2,7 +2,6 @@
 #include "adb/files/ADBPhoneErrors.h"
 #include "app/InterfaceTexts.h"
 #include "app/LanguageManager.h"
-#include "app/texts/ProblemText.h"
 #include "base/local/LocalError.h"
 #include "phone/PhoneError.h"
 #include "platform/http/HttpError.h"
@@ -102,11 +101,6 @@ TEST_F(ErrorTextTest, sentencesNameTheItemAndSayWhatToDo) {
         use(AppLanguage::de);
         EXPECT_EQ(errorText(row.error).text(), QString::fromUtf8(row.german));
     }
-    use(AppLanguage::en);
-    EXPECT_EQ(problemText(BrowserProblem::of(BrowserProblem::What::rename, u"a.txt"_s,
-                                             Error(PhoneError::nameNotAllowed, {u"a/b"_s})))
-                  .text(),
-              u"“a.txt” could not be renamed: “a/b” cannot be a name on the phone."_s);
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "WindowFixture.h"
 #include "support/StallWatch.h"
+#include "views/common/ProblemText.h"
 
 #include <QClipboard>
 #include <QPushButton>
@@ -76,6 +77,13 @@ TEST_F(WindowTroubleTest, answersCountOnlyForThePhoneThatWasAskedAbout) {
     EXPECT_FALSE(window_->browser().isEditing());
     for (const QLabel* label : window_->findChildren<QLabel*>())
         EXPECT_EQ(label->textFormat(), Qt::PlainText) << label->text().toStdString();
+}
+
+TEST_F(WindowTroubleTest, aRefusedNewNameIsNamed) {
+    EXPECT_EQ(problemText(BrowserProblem::of(BrowserProblem::What::rename, u"a.txt"_s,
+                                             Error(PhoneError::nameNotAllowed, {u"a/b"_s})))
+                  .text(),
+              u"“a.txt” could not be renamed: “a/b” cannot be a name on the phone."_s);
 }
 
 TEST_F(WindowTroubleTest, theNumbersBehindAFailureAreFoldedAwayAndCanBeCopied) {
