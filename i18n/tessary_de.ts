@@ -2941,7 +2941,7 @@
     </message>
 </context>
 <context>
-    <name>tessary::SyncPairSheet</name>
+    <name>tessary::SyncPairDialog</name>
     <message>
         <source>A file deleted on one side is deleted on the other, after asking</source>
         <translation>Eine auf einer Seite gelöschte Datei wird nach Rückfrage auch auf der anderen gelöscht</translation>

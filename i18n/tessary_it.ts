@@ -2941,7 +2941,7 @@
     </message>
 </context>
 <context>
-    <name>tessary::SyncPairSheet</name>
+    <name>tessary::SyncPairDialog</name>
     <message>
         <source>A file deleted on one side is deleted on the other, after asking</source>
         <translation>Un file eliminato da una parte viene eliminato dall’altra, dopo conferma</translation>

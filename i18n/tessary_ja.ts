@@ -2910,7 +2910,7 @@
     </message>
 </context>
 <context>
-    <name>tessary::SyncPairSheet</name>
+    <name>tessary::SyncPairDialog</name>
     <message>
         <source>A file deleted on one side is deleted on the other, after asking</source>
         <translation>片方で削除されたファイルは、確認のうえもう片方でも削除されます</translation>

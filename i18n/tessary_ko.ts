@@ -2910,7 +2910,7 @@
     </message>
 </context>
 <context>
-    <name>tessary::SyncPairSheet</name>
+    <name>tessary::SyncPairDialog</name>
     <message>
         <source>A file deleted on one side is deleted on the other, after asking</source>
         <translation>한쪽에서 삭제된 파일은 확인 후 다른 쪽에서도 삭제됩니다</translation>

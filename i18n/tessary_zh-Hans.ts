@@ -2910,7 +2910,7 @@
     </message>
 </context>
 <context>
-    <name>tessary::SyncPairSheet</name>
+    <name>tessary::SyncPairDialog</name>
     <message>
         <source>A file deleted on one side is deleted on the other, after asking</source>
         <translation>在一侧删除的文件，经询问后也会在另一侧删除</translation>

@@ -2910,7 +2910,7 @@
     </message>
 </context>
 <context>
-    <name>tessary::SyncPairSheet</name>
+    <name>tessary::SyncPairDialog</name>
     <message>
         <source>A file deleted on one side is deleted on the other, after asking</source>
         <translation>在一側刪除的檔案，經詢問後也會在另一側刪除</translation>

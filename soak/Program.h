@@ -7,7 +7,7 @@
 #include "devices/list/DeviceManager.h"
 #include "ios/Multiplexer.h"
 #include "platform/process/QtProcessRunner.h"
-#include "platform/settings/MemoryUserDefaults.h"
+#include "platform/settings/MemorySettingsStore.h"
 #include "sync/manager/SyncManager.h"
 #include "transfer/queue/CopyQueue.h"
 #include "transfer/staging/StagedFiles.h"
@@ -54,7 +54,7 @@ public:
     DeviceManager devices;
     StagedFiles staged{QStringLiteral("soak"), 20'000'000};
     FileBrowserViewModel browser;
-    MemoryUserDefaults defaults;
+    MemorySettingsStore defaults;
     SyncManager sync;
 
 private:

@@ -26,7 +26,7 @@ void SyncPairs::add(SoakPhone& phone, const QString& folder) {
         pair.remoteFolderPath = u'/' + name;
         pair.localFolderPath = folder + u'/' + name;
         pair.syncMode = mode;
-        pair.moveFilesEnabled = mode == SyncMode::toMac;
+        pair.moveFilesEnabled = mode == SyncMode::toComputer;
         const QString remote = phone.folder() + pair.remoteFolderPath;
         QDir().mkpath(pair.localFolderPath);
         QDir().mkpath(remote);
@@ -62,12 +62,12 @@ void SyncPairs::edit(Pair& pair) {
         editFolder(pair.local, true);
         editFolder(pair.remote, true);
         break;
-    case SyncMode::toiPhone:
+    case SyncMode::toPhone:
         editFolder(pair.local, true);
         if (const QString path = content_.anyFile(pair.remote); !path.isEmpty())
             QFile::remove(path);
         break;
-    case SyncMode::toMac:
+    case SyncMode::toComputer:
         if (pair.moved.size() > 25) {
             QDir(pair.local).removeRecursively();
             QDir().mkpath(pair.local);
@@ -128,7 +128,7 @@ void SyncPairs::runInPeace(const Pair& pair) {
 QString SyncPairs::difference(const Pair& pair) {
     const Tree here = Content::read(pair.local);
     const Tree there = Content::read(pair.remote);
-    if (pair.mode == SyncMode::toMac)
+    if (pair.mode == SyncMode::toComputer)
         return there.empty() ? Content::firstMissing(pair.moved, here) : there.begin()->first;
     const QString missing = Content::firstMissing(here, there);
     return missing.isEmpty() && pair.mode == SyncMode::biDirectional

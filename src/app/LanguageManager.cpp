@@ -7,21 +7,21 @@ LanguageManager& LanguageManager::shared() {
     return manager;
 }
 
-LanguageManager::LanguageManager(std::shared_ptr<UserDefaults> store,
+LanguageManager::LanguageManager(std::shared_ptr<SettingsStore> store,
                                  QStringList preferredLanguages, const QString& systemLocale)
     : preferredLanguages_(std::move(preferredLanguages)), systemLocale_(systemLocale) {
     useStore(std::move(store));
     QLocale::setDefault(currentLocale());
 }
 
-void LanguageManager::useStore(std::shared_ptr<UserDefaults> store) {
+void LanguageManager::useStore(std::shared_ptr<SettingsStore> store) {
     store_ = std::move(store);
-    const QString code = store_->value(userDefaultsKey).toString();
+    const QString code = store_->value(settingsKey).toString();
     select(appLanguageFromRawValue(code).value_or(AppLanguage::system));
 }
 
 void LanguageManager::setSelectedLanguage(AppLanguage language) {
-    store_->setValue(userDefaultsKey, rawValue(language));
+    store_->setValue(settingsKey, rawValue(language));
     select(language);
 }
 

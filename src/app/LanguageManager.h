@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/AppLanguage.h"
-#include "platform/settings/MemoryUserDefaults.h"
+#include "platform/settings/MemorySettingsStore.h"
 
 #include <QLocale>
 #include <QObject>
@@ -18,7 +18,7 @@ class LanguageManager : public QObject {
     Q_OBJECT
 
 public:
-    static constexpr QLatin1StringView userDefaultsKey{"Tessary_AppLanguage"};
+    static constexpr QLatin1StringView settingsKey{"Tessary_AppLanguage"};
 
     /// The one that the interface follows. Until the application gives it the user's settings it
     /// follows the system and keeps nothing.
@@ -26,12 +26,12 @@ public:
 
     /// Starts with the stored choice; with `system` when there is none or it makes no sense.
     explicit LanguageManager(
-        std::shared_ptr<UserDefaults> store = std::make_shared<MemoryUserDefaults>(),
+        std::shared_ptr<SettingsStore> store = std::make_shared<MemorySettingsStore>(),
         QStringList preferredLanguages = QLocale::system().uiLanguages(),
         const QString& systemLocale = QLocale::system().name());
 
     /// Takes the choice that is kept there, and keeps it there from now on.
-    void useStore(std::shared_ptr<UserDefaults> store);
+    void useStore(std::shared_ptr<SettingsStore> store);
 
     [[nodiscard]] AppLanguage selectedLanguage() const {
         return selected_;
@@ -54,7 +54,7 @@ Q_SIGNALS:
 private:
     void select(AppLanguage language);
 
-    std::shared_ptr<UserDefaults> store_;
+    std::shared_ptr<SettingsStore> store_;
     const QStringList preferredLanguages_;
     const QLocale systemLocale_;
     AppLanguage selected_ = AppLanguage::system;

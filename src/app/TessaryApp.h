@@ -11,7 +11,7 @@
 #include "platform/desktop/Notifier.h"
 #include "platform/dnssd/ServiceBrowser.h"
 #include "platform/http/QtHttpClient.h"
-#include "platform/settings/MemoryUserDefaults.h"
+#include "platform/settings/MemorySettingsStore.h"
 #include "sync/manager/SyncManager.h"
 #include "transfer/mount/DragMount.h"
 #include "transfer/queue/CopyQueue.h"
@@ -32,7 +32,7 @@ struct TessaryAppSetup {
     /// Starts the program again with virtual phones and ends this one.
     std::function<void()> startDemo;
     /// The user's settings; until the end of the program when there are none.
-    std::shared_ptr<UserDefaults> defaults = std::make_shared<MemoryUserDefaults>();
+    std::shared_ptr<SettingsStore> defaults = std::make_shared<MemorySettingsStore>();
     std::shared_ptr<HttpClient> http = std::make_shared<QtHttpClient>();
     /// Where updates are announced.
     UpdateSource updates = UpdateSource::builtIn();
@@ -84,7 +84,7 @@ public:
         return languageManager_;
     }
     /// Where windows keep their sizes and the like.
-    [[nodiscard]] UserDefaults& defaults() {
+    [[nodiscard]] SettingsStore& defaults() {
         return *setup_.defaults;
     }
     [[nodiscard]] const std::shared_ptr<ServiceNetwork>& network() const {

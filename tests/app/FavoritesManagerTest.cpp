@@ -1,5 +1,5 @@
 #include "app/favorites/FavoritesManager.h"
-#include "platform/settings/MemoryUserDefaults.h"
+#include "platform/settings/MemorySettingsStore.h"
 #include "support/QtPrinters.h"
 
 #include <QJsonArray>
@@ -12,7 +12,7 @@ using namespace tessary;
 
 namespace {
 
-const QString key = FavoritesManager::userDefaultsKey;
+const QString key = FavoritesManager::settingsKey;
 const QString phone = u"PHONE"_s;
 const QString other = u"OTHER"_s;
 const QString app = u"com.example.notes"_s;
@@ -32,7 +32,7 @@ protected:
         return FavoritesManager(store_).favorites();
     }
 
-    std::shared_ptr<UserDefaults> store_ = std::make_shared<MemoryUserDefaults>();
+    std::shared_ptr<SettingsStore> store_ = std::make_shared<MemorySettingsStore>();
     FavoritesManager favorites_{store_};
 };
 

@@ -25,7 +25,7 @@ TEST(LanguageManager, aRegionOfTheLanguageWritesDatesItsOwnWay) {
         {AppLanguage::system, u"nl_NL"_s, u"en_US"_s},
     };
     for (const auto& [choice, systemLocale, holds] : rows) {
-        LanguageManager manager(std::make_shared<MemoryUserDefaults>(), QStringList{systemLocale},
+        LanguageManager manager(std::make_shared<MemorySettingsStore>(), QStringList{systemLocale},
                                 systemLocale);
         manager.setSelectedLanguage(choice);
         EXPECT_EQ(manager.currentLocale().name(), holds) << systemLocale.toStdString();

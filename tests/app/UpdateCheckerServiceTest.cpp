@@ -1,6 +1,6 @@
 #include "app/updates/UpdateCheckerService.h"
 #include "platform/http/QtHttpClient.h"
-#include "platform/settings/MemoryUserDefaults.h"
+#include "platform/settings/MemorySettingsStore.h"
 #include "support/MainLoop.h"
 #include "support/ScriptedHttpServer.h"
 
@@ -35,7 +35,7 @@ protected:
                !checker_->checkFailure();
     }
 
-    std::shared_ptr<UserDefaults> store_ = std::make_shared<MemoryUserDefaults>();
+    std::shared_ptr<SettingsStore> store_ = std::make_shared<MemorySettingsStore>();
     std::unique_ptr<UpdateCheckerService> checker_;
 };
 

@@ -1,5 +1,5 @@
 #include "cli/commands/CliRunner.h"
-#include "platform/settings/MemoryUserDefaults.h"
+#include "platform/settings/MemorySettingsStore.h"
 #include "simulator/adbd/VirtualADBD.h"
 #include "support/FakeProcessRunner.h"
 #include "support/MainLoop.h"
@@ -94,7 +94,7 @@ protected:
     FakeProcessRunner processes_;
     DeviceServices services_{{bus_, processes_}};
     DeviceServices* used_ = &services_;
-    MemoryUserDefaults defaults_;
+    MemorySettingsStore defaults_;
     QString device_ = u"ABC"_s;
 };
 

@@ -67,13 +67,13 @@ TEST(CommandLine, syncTakesItsModeAndOneAnswer) {
                 "--exclude *.tmp --exclude /private/");
     ASSERT_TRUE(move);
     EXPECT_EQ(move->command, CliRequest::Command::sync);
-    EXPECT_EQ(move->mode, SyncMode::toMac);
+    EXPECT_EQ(move->mode, SyncMode::toComputer);
     EXPECT_TRUE(move->moves && move->isDryRun && !move->deletes);
     EXPECT_EQ(move->answer, CliRequest::Answer::yesAll);
     EXPECT_EQ(move->localPath, u"/tmp/x"_s);
     EXPECT_EQ(move->paths, QStringList{u"/Music"_s});
     EXPECT_EQ(move->excludes, (QStringList{u"*.tmp"_s, u"/private/"_s}));
-    EXPECT_EQ(request("sync P /tmp/x /Music --mode to-computer")->mode, SyncMode::toMac);
+    EXPECT_EQ(request("sync P /tmp/x /Music --mode to-computer")->mode, SyncMode::toComputer);
     const auto both = request("sync P /tmp/x /Music --mode both");
     ASSERT_TRUE(both);
     EXPECT_EQ(both->answer, CliRequest::Answer::ask);

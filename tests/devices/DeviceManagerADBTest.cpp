@@ -1,7 +1,7 @@
 #include "devices/DeviceManagerFixture.h"
 #include "devices/files/DeviceServices.h"
 #include "devices/list/DeviceManager.h"
-#include "platform/settings/MemoryUserDefaults.h"
+#include "platform/settings/MemorySettingsStore.h"
 #include "simulator/wire/PhoneSockets.h"
 #include "support/ADBFixture.h"
 #include "support/Soon.h"
@@ -57,7 +57,7 @@ protected:
     const FileHandle silent_ = PhoneSockets::listenAt(u"127.0.0.1"_s, 0);
     DeviceServices servicesThatHang_{
         {bus_, runner_, at(PhoneSockets::portOf(silent_)), QStringList()}};
-    const std::shared_ptr<MemoryUserDefaults> defaults_ = std::make_shared<MemoryUserDefaults>();
+    const std::shared_ptr<MemorySettingsStore> defaults_ = std::make_shared<MemorySettingsStore>();
 };
 
 TEST_F(DeviceManagerADBTest, phoneThatBusAndADBKnowIsOneRowWhoseModeIsTheUsersChoice) {

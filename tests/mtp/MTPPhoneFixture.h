@@ -22,7 +22,7 @@ protected:
         client_.openSession(1);
     }
 
-    [[nodiscard]] std::unique_ptr<MTPTransportProtocol> newTransport() {
+    [[nodiscard]] std::unique_ptr<MTPTransport> newTransport() {
         return std::make_unique<MTPUSBTransport>(
             bus_, MTPDeviceAddress{phone_.info.vendorId, phone_.info.productId, {}, {}});
     }

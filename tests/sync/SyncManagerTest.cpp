@@ -1,6 +1,6 @@
 #include "devices/DeviceManagerFixture.h"
 #include "devices/files/DeviceServices.h"
-#include "platform/settings/MemoryUserDefaults.h"
+#include "platform/settings/MemorySettingsStore.h"
 #include "support/FakeProcessRunner.h"
 #include "support/TemporaryFolder.h"
 #include "sync/manager/SyncHost.h"
@@ -70,7 +70,7 @@ protected:
     }
 
     const TemporaryFolder local_;
-    MemoryUserDefaults defaults_;
+    MemorySettingsStore defaults_;
     FakeProcessRunner processes_;
     DeviceServices services_{{.bus = bus_, .processes = processes_}};
     std::unique_ptr<PluggedPhone> phone_ =
@@ -211,8 +211,8 @@ TEST_F(SyncManagerTest, managerThatGoesInMidRunLeavesNothingWaiting) {
 }
 
 TEST(SyncHostTest, sameComputerIsKnownAgainWithoutSettings) {
-    MemoryUserDefaults one;
-    MemoryUserDefaults lost;
+    MemorySettingsStore one;
+    MemorySettingsStore lost;
     const QString foreseen = foreseenHostID(one);
     EXPECT_TRUE(one.value(u"Tessary_MacHostID"_s).isUndefined()) << "nothing is stored by looking";
     EXPECT_EQ(syncHostID(one), foreseen);

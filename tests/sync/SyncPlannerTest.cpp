@@ -220,7 +220,7 @@ TEST(SyncPlannerTest, onlyACertainRecordStandsForAComparison) {
     for (const Row& row : rows) {
         SCOPED_TRACE(row.name);
         Setting setting;
-        setting.mode = SyncMode::toiPhone;
+        setting.mode = SyncMode::toPhone;
         setting.moves = true;
         setting.local.files[path] = row.local;
         setting.device.files[path] = {row.record.size, row.record.deviceDate()};
@@ -253,7 +253,7 @@ TEST(SyncPlannerTest, manyFilesThatLookTheSameAreNotReadAtAFirstRun) {
     EXPECT_THAT(setting.planner().pathsToCompare(), ElementsAre(u"d"_s));
     for (const SyncPlannedAction& action : setting.planner().plan({}, {}).actions)
         EXPECT_FALSE(action.isContentKnown) << qPrintable(action.relativePath);
-    setting.mode = SyncMode::toMac;
+    setting.mode = SyncMode::toComputer;
     setting.moves = true;
     EXPECT_EQ(setting.planner().pathsToCompare().size(), 4) << "a move reads what it deletes";
 }

@@ -64,7 +64,7 @@ TEST(SyncRecordTest, isOfThisVeryPair) {
     same.id = QUuid::createUuid();
     same.remoteFolderPath = u"DCIM/"_s;
     same.localFolderPath = u"/home/me/../me/Camera/"_s;
-    same.syncMode = SyncMode::toMac;
+    same.syncMode = SyncMode::toComputer;
     EXPECT_TRUE(syncRecord(held, held, host, same)) << "a path can be written in many ways";
 }
 

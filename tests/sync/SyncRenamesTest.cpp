@@ -84,7 +84,7 @@ TEST(SyncRenamesTest, oneWayModeRenamesAtTheTargetOnly) {
         SyncFiles record{{u"A"_s, {1, date, {}, {}}}, {u"B"_s, {1, date, {}, {}}}};
         const auto renames = takeCaseRenames(local, device, record, mode);
         EXPECT_EQ(renames.size(), mode == SyncMode::biDirectional ? 2U : 1U);
-        EXPECT_EQ(renames.front().onDevice, mode != SyncMode::toMac);
+        EXPECT_EQ(renames.front().onDevice, mode != SyncMode::toComputer);
     }
 }
 

@@ -170,7 +170,7 @@ TEST(SyncRunFailuresTest, conflictThatNeverEndsKeepsItsLoserOnce) {
     const MemoryDevice replacing{.renamesOntoTaken = true};
     const std::tuple<const char*, MemoryDevice, SyncMode, bool, const char*> rows[] = {
         {"phone that replaces nothing", {.renames = false}, SyncMode::biDirectional, false, ""},
-        {"the same, one way", {.renames = false}, SyncMode::toiPhone, false, ""},
+        {"the same, one way", {.renames = false}, SyncMode::toPhone, false, ""},
         {"old one is kept there", replacing, SyncMode::biDirectional, false, "a.txt"},
         {"old one is kept here", replacing, SyncMode::biDirectional, true, "a.txt"},
         {"copy is refused", replacing, SyncMode::biDirectional, false, "(conflict"},
@@ -265,7 +265,7 @@ TEST(SyncRunFailuresTest, movedFileThatARecordStillNamesKeepsItsSource) {
     MemoryPair pair;
     pair.here("a", "1");
     (void)pair.goodRun();
-    pair.pair.syncMode = SyncMode::toMac;
+    pair.pair.syncMode = SyncMode::toComputer;
     pair.pair.moveFilesEnabled = true;
     pair.refuseRecord();
     EXPECT_TRUE(paths(pair.runTo(Outcome::incomplete).skipped).contains(u"a"_s));
@@ -278,7 +278,7 @@ TEST(SyncRunFailuresTest, movedFileThatARecordStillNamesKeepsItsSource) {
 
 TEST(SyncRunFailuresTest, movedFilesThatMayNotBeOnTheDiskKeepTheirSources) {
     MemoryPair pair;
-    pair.pair.syncMode = SyncMode::toMac;
+    pair.pair.syncMode = SyncMode::toComputer;
     pair.pair.moveFilesEnabled = true;
     for (const char* name : {"a", "b", "c"})
         pair.there(name, name);

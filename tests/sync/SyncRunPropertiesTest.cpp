@@ -170,7 +170,7 @@ std::string described(const QString& lost, const Options& options, Fault fault, 
 void expectSourceKept(const State& before, const Options& options, World& world) {
     if (options.mode == SyncMode::biDirectional)
         return;
-    const bool toDevice = options.mode == SyncMode::toiPhone;
+    const bool toDevice = options.mode == SyncMode::toPhone;
     const MemoryTree source = world.pair.users(!toDevice);
     const MemoryTree target = world.pair.users(toDevice);
     for (const auto& [name, file] : toDevice ? before.local : before.device) {

@@ -54,13 +54,13 @@ TEST(SyncRunTest, phoneWithoutDatesLosesNoEditOfTheSameSize) {
         {"of another size here", [](MemoryPair& pair) { pair.here("a", "longer"); }},
         {"the same, to the phone",
          [](MemoryPair& pair) {
-             pair.pair.syncMode = SyncMode::toiPhone;
+             pair.pair.syncMode = SyncMode::toPhone;
              pair.here("a", "longer");
          }},
         {"deleted here", [](MemoryPair& pair) { pair.removeHere("a"); }},
         {"moved here",
          [](MemoryPair& pair) {
-             pair.pair.syncMode = SyncMode::toMac;
+             pair.pair.syncMode = SyncMode::toComputer;
              pair.pair.moveFilesEnabled = true;
          }},
     };
@@ -86,9 +86,9 @@ TEST(SyncRunTest, phoneWithoutDatesLosesNoEditOfTheSameSize) {
 }
 
 TEST(SyncRunTest, moveAndDeletionTrustNoSampleAndNoDate) {
-    for (const SyncMode mode : {SyncMode::toiPhone, SyncMode::toMac}) {
+    for (const SyncMode mode : {SyncMode::toPhone, SyncMode::toComputer}) {
         SCOPED_TRACE(rawValue(mode).toStdString());
-        const bool fromDevice = mode == SyncMode::toMac;
+        const bool fromDevice = mode == SyncMode::toComputer;
         MemoryPair pair;
         pair.runsLater = 1;
         pair.put(fromDevice, u"a"_s, longOne);
@@ -124,11 +124,11 @@ TEST(SyncRunTest, editThatLeftTheDateIsFoundByTheNextRun) {
 }
 
 TEST(SyncRunTest, oneWayRunKeepsWhatTheTargetAloneHas) {
-    for (const SyncMode mode : {SyncMode::toiPhone, SyncMode::toMac})
+    for (const SyncMode mode : {SyncMode::toPhone, SyncMode::toComputer})
         for (const bool moves : {false, true})
             for (const bool targetIsNewer : {false, true}) {
                 SCOPED_TRACE(rawValue(mode).toStdString());
-                const bool toDevice = mode == SyncMode::toiPhone;
+                const bool toDevice = mode == SyncMode::toPhone;
                 MemoryPair pair;
                 pair.pair.syncMode = mode;
                 pair.pair.moveFilesEnabled = moves;

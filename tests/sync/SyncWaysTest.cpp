@@ -42,13 +42,13 @@ TYPED_TEST(SyncWaysTest, everyModeCopiesItsWayAndASecondRunIsQuiet) {
         const auto hereBefore = this->hereFiles();
         const auto phoneBefore = this->phoneFiles();
         const SyncReport report = this->goodRun();
-        EXPECT_EQ(report.paths({SyncDeed::upload}).size(), mode == SyncMode::toMac ? 0 : 3);
-        EXPECT_EQ(report.paths({SyncDeed::download}).size(), mode == SyncMode::toiPhone ? 0 : 1);
+        EXPECT_EQ(report.paths({SyncDeed::upload}).size(), mode == SyncMode::toComputer ? 0 : 3);
+        EXPECT_EQ(report.paths({SyncDeed::download}).size(), mode == SyncMode::toPhone ? 0 : 1);
         EXPECT_EQ(this->last_.completedBytes, this->last_.totalBytes);
         auto both = hereBefore;
         both.insert(phoneBefore.begin(), phoneBefore.end());
-        EXPECT_EQ(this->hereFiles(), mode == SyncMode::toiPhone ? hereBefore : both);
-        EXPECT_EQ(this->phoneFiles(), mode == SyncMode::toMac ? phoneBefore : both);
+        EXPECT_EQ(this->hereFiles(), mode == SyncMode::toPhone ? hereBefore : both);
+        EXPECT_EQ(this->phoneFiles(), mode == SyncMode::toComputer ? phoneBefore : both);
         EXPECT_THAT(this->parts(), IsEmpty());
         this->expectQuietRun();
     }
@@ -81,14 +81,14 @@ TYPED_TEST(SyncWaysTest, editsConflictsDeletionsAndMovesGoAcross) {
     EXPECT_FALSE(this->computer_.has(u"mac/dir"_s));
     this->expectQuietRun();
 
-    this->pair_.syncMode = SyncMode::toMac;
+    this->pair_.syncMode = SyncMode::toComputer;
     this->pair_.moveFilesEnabled = true;
     this->onPhone(u"deep/er/new"_s, "new");
     EXPECT_EQ(this->goodRun().paths({SyncDeed::moveHere}).size(), 5);
     EXPECT_THAT(this->phoneFiles(), IsEmpty());
     EXPECT_FALSE(QFileInfo::exists(this->phoneFolder() + u"/deep"_s));
     EXPECT_EQ(this->hereFiles().size(), 5U);
-    this->pair_.syncMode = SyncMode::toiPhone;
+    this->pair_.syncMode = SyncMode::toPhone;
     EXPECT_EQ(this->goodRun().paths({SyncDeed::moveToDevice}).size(), 5);
     EXPECT_THAT(this->hereFiles(), IsEmpty());
     EXPECT_EQ(this->phoneFiles().size(), 5U);

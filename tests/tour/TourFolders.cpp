@@ -118,14 +118,14 @@ void tourPreviews(TourStage& stage) {
         stage.open(QString::fromLatin1(row.folder));
         const auto shown = shownItems(stage.browser());
         stage.browser().selection().select(shown.at(row.row).id());
-        stage.actions().quickLook->trigger();
+        stage.actions().preview->trigger();
         const auto* preview = stage.window().findChild<PreviewWindow*>();
         stage.waitFor(row.name, [&] {
             const auto* page = preview->findChild<QWidget*>(QString::fromLatin1(row.page));
             return row.page == nullptr || (page != nullptr && page->isVisible());
         });
         stage.shoot(QString::fromLatin1(row.name));
-        stage.actions().quickLook->trigger();
+        stage.actions().preview->trigger();
     }
 }
 

@@ -1,6 +1,6 @@
 #include "support/DiskFaults.h"
 
-#include "platform/settings/JsonUserDefaults.h"
+#include "platform/settings/JsonSettingsStore.h"
 #include "support/CodeOf.h"
 #include "support/FileBytes.h"
 #include "support/ManyBytes.h"
@@ -331,20 +331,20 @@ TEST_F(StrangeDiskTest, anyRequestOfSettingsMayFail) {
         return;
     const QString file = disk->path() + s("/tessary/settings.json");
     const auto isStored = [&file](const char* value) {
-        JsonUserDefaults defaults(file);
+        JsonSettingsStore defaults(file);
         defaults.setValue(s("changed"), s(value));
         const bool isDone = defaults.store(patience);
         EXPECT_TRUE(isDone || defaults.trouble());
         return isDone;
     };
-    JsonUserDefaults(file).setValue(s("other"), s("as it was"));
+    JsonSettingsStore(file).setValue(s("other"), s("as it was"));
     QString expected;
     expectToStandFaults(*disk,
                         {.prepare = [&] { EXPECT_TRUE(isStored("before")); },
                          .run = [&] { expected = isStored("after") ? s("after") : s("before"); },
                          .check =
                              [&] {
-                                 const JsonUserDefaults defaults(file);
+                                 const JsonSettingsStore defaults(file);
                                  EXPECT_EQ(defaults.value(s("changed")).toString(), expected);
                                  EXPECT_EQ(defaults.value(s("other")).toString(), s("as it was"));
                              },

@@ -1,7 +1,7 @@
 #include "views/window/ApplicationWindows.h"
 #include "app/LanguageManager.h"
 #include "base/threads/Background.h"
-#include "platform/settings/MemoryUserDefaults.h"
+#include "platform/settings/MemorySettingsStore.h"
 #include "support/QtPrinters.h"
 #include "views/dialogs/UpdateAlerts.h"
 
@@ -68,7 +68,7 @@ protected:
     QWidget window_;
     QStringList opened_;
     std::shared_ptr<FakeHttp> http_ = std::make_shared<FakeHttp>();
-    std::shared_ptr<UserDefaults> store_ = std::make_shared<MemoryUserDefaults>();
+    std::shared_ptr<SettingsStore> store_ = std::make_shared<MemorySettingsStore>();
     UpdateCheckerService checker_{
         http_,
         store_,

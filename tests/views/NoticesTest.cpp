@@ -1,5 +1,5 @@
 #include "WindowFixture.h"
-#include "platform/settings/JsonUserDefaults.h"
+#include "platform/settings/JsonSettingsStore.h"
 
 #include <QTabWidget>
 #include <QToolButton>
@@ -27,7 +27,7 @@ protected:
 
 TEST_F(NoticesTest, damagedSettingsAreSaidAndKept) {
     const QString file = local_.write(u"settings.json"_s, "{ this is no JSON");
-    defaults_ = std::make_shared<JsonUserDefaults>(file);
+    defaults_ = std::make_shared<JsonSettingsStore>(file);
     open(bus_);
     EXPECT_TRUE(wait([&] { return tells(u"could not be read"_s); }));
     defaults_->setValue(u"key"_s, 1);

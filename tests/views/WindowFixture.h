@@ -182,7 +182,7 @@ protected:
     bool opensFiles_ = true;              ///< there is a program for them
     QStringList opened_;                  ///< local files that the window had the desktop open
     std::function<void()> whileChoosing_; ///< happens while the user looks for files
-    std::shared_ptr<UserDefaults> defaults_ = std::make_shared<MemoryUserDefaults>();
+    std::shared_ptr<SettingsStore> defaults_ = std::make_shared<MemorySettingsStore>();
     VirtualUSBBus bus_;
     ProgramsOfTest processes_;
     /// With no adb, and no server of one, whatever lies on this machine.

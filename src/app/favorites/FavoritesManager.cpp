@@ -33,8 +33,8 @@ std::optional<std::vector<DeviceFavorite>> decodeFavorites(const QJsonValue& jso
 
 } // namespace
 
-FavoritesManager::FavoritesManager(std::shared_ptr<UserDefaults> store)
-    : store_(std::move(store)), stored_(*store_, userDefaultsKey) {
+FavoritesManager::FavoritesManager(std::shared_ptr<SettingsStore> store)
+    : store_(std::move(store)), stored_(*store_, settingsKey) {
     loadFavorites();
 }
 

@@ -17,12 +17,12 @@ class FavoritesManager : public QObject {
     Q_OBJECT
 
 public:
-    static constexpr QLatin1StringView userDefaultsKey{"Tessary_DeviceFavorites"};
+    static constexpr QLatin1StringView settingsKey{"Tessary_DeviceFavorites"};
 
     enum class AddFavoriteResult { added, duplicate };
 
     /// Reads the stored list; it is empty when what is stored is no list of favorites.
-    explicit FavoritesManager(std::shared_ptr<UserDefaults> store);
+    explicit FavoritesManager(std::shared_ptr<SettingsStore> store);
 
     [[nodiscard]] const std::vector<DeviceFavorite>& favorites() const {
         return favorites_;
@@ -65,7 +65,7 @@ private:
     template <typename Condition>
     void removeWhere(Condition condition);
 
-    const std::shared_ptr<UserDefaults> store_;
+    const std::shared_ptr<SettingsStore> store_;
     StoredList stored_;
     std::vector<DeviceFavorite> favorites_;
 };

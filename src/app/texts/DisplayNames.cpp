@@ -128,10 +128,10 @@ QString freeSpaceText(const DeviceInfo& device) {
 
 QString modeDisplayName(const SyncPair& pair) {
     switch (pair.syncMode) {
-    case SyncMode::toiPhone:
+    case SyncMode::toPhone:
         return pair.movesFiles() ? DisplayNames::tr("Move to the phone")
                                  : DisplayNames::tr("Only to the phone");
-    case SyncMode::toMac:
+    case SyncMode::toComputer:
         return pair.movesFiles() ? DisplayNames::tr("Move to this computer")
                                  : DisplayNames::tr("Only to this computer");
     case SyncMode::biDirectional:

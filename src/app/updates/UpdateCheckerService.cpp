@@ -43,7 +43,7 @@ UpdateSource UpdateSource::builtIn() {
 }
 
 UpdateCheckerService::UpdateCheckerService(std::shared_ptr<HttpClient> http,
-                                           std::shared_ptr<UserDefaults> store,
+                                           std::shared_ptr<SettingsStore> store,
                                            std::function<void(const QUrl&)> openAddress,
                                            UpdateSource source)
     : http_(std::move(http)),

@@ -2,7 +2,7 @@
 
 #include "app/updates/UpdateInfo.h"
 #include "platform/http/HttpClient.h"
-#include "platform/settings/UserDefaults.h"
+#include "platform/settings/SettingsStore.h"
 
 #include <QObject>
 #include <QUrl>
@@ -33,7 +33,7 @@ public:
     static constexpr QLatin1StringView autoCheckKey{"Tessary_AutoCheckUpdates"};
 
     /// `openAddress` shows a page in the user's browser.
-    UpdateCheckerService(std::shared_ptr<HttpClient> http, std::shared_ptr<UserDefaults> store,
+    UpdateCheckerService(std::shared_ptr<HttpClient> http, std::shared_ptr<SettingsStore> store,
                          std::function<void(const QUrl&)> openAddress,
                          UpdateSource source = UpdateSource::builtIn());
 
@@ -86,7 +86,7 @@ private:
     void finish(const std::optional<UpdateInfo>& newest, const std::optional<Error>& failure);
 
     std::shared_ptr<HttpClient> http_;
-    std::shared_ptr<UserDefaults> store_;
+    std::shared_ptr<SettingsStore> store_;
     std::function<void(const QUrl&)> openAddress_;
     const UpdateSource source_;
 

@@ -5,7 +5,7 @@
 #include "devices/list/DeviceSources.h"
 #include "phone/PhoneFileSystem.h"
 #include "phone/records/DeviceInfo.h"
-#include "platform/settings/UserDefaults.h"
+#include "platform/settings/SettingsStore.h"
 #include "transfer/import/ImportLedger.h"
 
 #include <QJsonValue>
@@ -21,7 +21,7 @@ namespace tessary {
 struct CliSetup {
     DeviceSources sources;
     DeviceServices& services;
-    UserDefaults& defaults;
+    SettingsStore& defaults;
     std::FILE* out;                                ///< results
     std::FILE* error;                              ///< progress and failures
     QString ledgers = ImportLedger::usersFolder(); ///< what was imported is kept there
@@ -45,7 +45,7 @@ public:
     [[nodiscard]] DeviceServices& services() {
         return setup_.services;
     }
-    [[nodiscard]] UserDefaults& defaults() {
+    [[nodiscard]] SettingsStore& defaults() {
         return setup_.defaults;
     }
     [[nodiscard]] const QString& ledgers() const {

@@ -188,7 +188,7 @@ char readAnswer(const std::stop_token& stop) {
 }
 
 /// A failure when settings cannot be stored.
-void requireStored(UserDefaults& defaults) {
+void requireStored(SettingsStore& defaults) {
     constexpr std::chrono::seconds patience(15);
     if (defaults.store(patience))
         return;

@@ -6,7 +6,7 @@
 #include "devices/list/DeviceManager.h"
 #include "platform/process/QtProcessRunner.h"
 #include "platform/process/StopSignals.h"
-#include "platform/settings/SystemUserDefaults.h"
+#include "platform/settings/SystemSettingsStore.h"
 #include "platform/usb/SystemUSBBus.h"
 
 #include <QCoreApplication>
@@ -81,7 +81,7 @@ int runCommandLine(int argc, char** argv, const MakeCliPhones& makePhones) {
     int status = CliRunner::failed;
     std::jthread work([&] {
         try {
-            const auto defaults = makeSystemUserDefaults();
+            const auto defaults = makeSystemSettingsStore();
             const auto phones = makePhones(request, *defaults);
             SystemMultiplexer multiplexer; // it is found by the environment
             QtProcessRunner processes(phones->environment());

@@ -3,7 +3,7 @@
 #include "adb/server/ADBServerAddress.h"
 #include "cli/terminal/CommandLine.h"
 #include "ios/Multiplexer.h"
-#include "platform/settings/UserDefaults.h"
+#include "platform/settings/SettingsStore.h"
 #include "platform/usb/USBBus.h"
 #include "transfer/import/ImportLedger.h"
 
@@ -43,7 +43,7 @@ public:
 [[nodiscard]] std::unique_ptr<CliPhones> makeSystemPhones();
 
 using MakeCliPhones =
-    std::function<std::unique_ptr<CliPhones>(const CliRequest&, const UserDefaults&)>;
+    std::function<std::unique_ptr<CliPhones>(const CliRequest&, const SettingsStore&)>;
 
 /// The whole of a program with the command line `argc` and `argv`. Returns its exit status. To be
 /// called first in main(): standard output is for results alone from then on.

@@ -57,9 +57,9 @@ struct ModeName {
 };
 
 constexpr std::array modeNames{ModeName{"both", SyncMode::biDirectional},
-                               ModeName{"to-device", SyncMode::toiPhone},
-                               ModeName{"to-computer", SyncMode::toMac},
-                               ModeName{"to-mac", SyncMode::toMac}}; // as it was called
+                               ModeName{"to-device", SyncMode::toPhone},
+                               ModeName{"to-computer", SyncMode::toComputer},
+                               ModeName{"to-mac", SyncMode::toComputer}}; // as it was called
 
 /// "VID:PID" in hexadecimal.
 std::optional<USBIds> parseIds(const std::string& ids) {

@@ -441,7 +441,7 @@ void DeviceManager::chooseProtocolMode(const QString& udid, ProtocolMode mode) {
     publish(std::move(devices));
 }
 
-void DeviceManager::rememberModesIn(std::shared_ptr<UserDefaults> defaults) {
+void DeviceManager::rememberModesIn(std::shared_ptr<SettingsStore> defaults) {
     defaults_ = std::move(defaults);
     const QJsonObject modes = defaults_->value(protocolModesKey).toObject();
     for (auto choice = modes.begin(); choice != modes.end(); ++choice)

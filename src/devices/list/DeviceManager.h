@@ -6,7 +6,7 @@
 #include "devices/list/DeviceTrouble.h"
 #include "devices/list/MultiplexerMonitor.h"
 #include "phone/records/DeviceInfo.h"
-#include "platform/settings/UserDefaults.h"
+#include "platform/settings/SettingsStore.h"
 #include "platform/usb/USBBus.h"
 
 #include <QHash>
@@ -81,7 +81,7 @@ public:
     void chooseProtocolMode(const QString& udid, ProtocolMode mode);
 
     /// Takes the choices that were made before from this store, and keeps new ones there.
-    void rememberModesIn(std::shared_ptr<UserDefaults> defaults);
+    void rememberModesIn(std::shared_ptr<SettingsStore> defaults);
     /// Of the store: an object of modes, as their raw values, by udid.
     static inline const QString protocolModesKey = QStringLiteral("Tessary_ProtocolModes");
     /// Of the store: whether phones on the bus are used in Turbo mode only where the user has
@@ -131,9 +131,9 @@ private:
     const bool asksADB_;
     std::vector<ADBDevice> adb_; ///< adb's last answer
     bool isAskingADB_ = false;
-    bool adbIsOutdated_ = false;             ///< it has told of a change meanwhile
-    bool wasPlugged_ = true;                 ///< something, since adb was last asked
-    std::shared_ptr<UserDefaults> defaults_; ///< may be null
+    bool adbIsOutdated_ = false;              ///< it has told of a change meanwhile
+    bool wasPlugged_ = true;                  ///< something, since adb was last asked
+    std::shared_ptr<SettingsStore> defaults_; ///< may be null
 
     QTimer timer_;
     QTimer storageTimer_;

@@ -80,7 +80,7 @@ std::size_t takeFront(Bytes& from, std::span<std::byte> to) {
 
 } // namespace
 
-MTPClient::MTPClient(std::unique_ptr<MTPTransportProtocol> transport, MTPPatience patience)
+MTPClient::MTPClient(std::unique_ptr<MTPTransport> transport, MTPPatience patience)
     : session_(std::move(transport), patience) {}
 
 void MTPClient::setEventReceiver(std::function<void(const MTPEvent&)> receiver) {

@@ -15,12 +15,12 @@ namespace tessary {
 /// does. Its end closes the transport without a word to the device; see closeSession().
 class MTPClient {
 public:
-    explicit MTPClient(std::unique_ptr<MTPTransportProtocol> transport, MTPPatience patience = {});
+    explicit MTPClient(std::unique_ptr<MTPTransport> transport, MTPPatience patience = {});
 
     /// Opens the transport and a session. A session that an earlier client left open is closed
     /// first; stale data in the pipe is drained once. After a failure the transport is closed.
     void openSession(std::uint32_t sessionID);
-    /// MTPTransportProtocol::setEventReceiver() of the transport; before openSession().
+    /// MTPTransport::setEventReceiver() of the transport; before openSession().
     void setEventReceiver(std::function<void(const MTPEvent&)> receiver);
 
     /// From now on `stop` ends any call early, with CancellationError, except closeSession(). May

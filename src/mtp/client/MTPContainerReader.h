@@ -8,12 +8,12 @@
 namespace tessary {
 
 /// Takes containers from the IN pipe of one connection, however the device cuts them into
-/// transfers. Used by one thread at a time. Failures as MTPTransportProtocol has them.
+/// transfers. Used by one thread at a time. Failures as MTPTransport has them.
 class MTPContainerReader {
 public:
     explicit MTPContainerReader(MTPPipes pipes) : pipes_(pipes) {}
 
-    /// MTPTransportProtocol::receivePacket() and ::receiveContainer().
+    /// MTPTransport::receivePacket() and ::receiveContainer().
     [[nodiscard]] MTPPacket receivePacket(std::chrono::milliseconds patience);
     [[nodiscard]] MTPPacket receiveContainer(const MTPDataSink& sink,
                                              const MTPStreamOptions& options);

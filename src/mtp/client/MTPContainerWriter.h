@@ -5,7 +5,7 @@
 namespace tessary {
 
 /// Puts containers into the OUT pipe of one connection, and knows how much of the last one the
-/// device has. Used by one thread at a time. Failures as MTPTransportProtocol has them.
+/// device has. Used by one thread at a time. Failures as MTPTransport has them.
 class MTPContainerWriter {
 public:
     /// What one write of a container takes at the most; several of them are in flight at once.
@@ -13,9 +13,9 @@ public:
 
     explicit MTPContainerWriter(MTPPipes pipes) : pipes_(pipes) {}
 
-    /// MTPTransportProtocol::send().
+    /// MTPTransport::send().
     void send(ByteView data, const MTPByteProgress& progress);
-    /// MTPTransportProtocol::sendContainer().
+    /// MTPTransport::sendContainer().
     void sendContainer(const MTPContainerHeader& header, std::uint64_t payloadSize,
                        const MTPDataSource& source, const MTPStreamOptions& options);
 

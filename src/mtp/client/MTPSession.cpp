@@ -27,7 +27,7 @@ bool isResponse(const MTPPacket& packet) {
 
 } // namespace
 
-MTPSession::MTPSession(std::unique_ptr<MTPTransportProtocol> transport, MTPPatience patience)
+MTPSession::MTPSession(std::unique_ptr<MTPTransport> transport, MTPPatience patience)
     : transport_(std::move(transport)), patience_(patience) {}
 
 MTPSession::~MTPSession() {
@@ -72,7 +72,7 @@ void MTPSession::sendData(MTPOperationCode operation, std::uint32_t transactionI
 /// Ends the last transaction, which was broken off, on the device's side.
 MTPPipeState MTPSession::recover() {
     const MTPPipeState state = transport_->recover(transactionIDCounter_ - 1, phase_,
-                                                   {MTPTransportProtocol::recoveryLimit, stop_});
+                                                   {MTPTransport::recoveryLimit, stop_});
     isSettled_ = state != MTPPipeState::busy;
     isBusy_ = !isSettled_ && !stop_.stop_requested();
     return state;

@@ -10,9 +10,9 @@ namespace tessary {
 
 /// How long a silent device is waited for.
 struct MTPPatience {
-    std::chrono::milliseconds opening{MTPTransportProtocol::pipeTimeout}; ///< of a session
+    std::chrono::milliseconds opening{MTPTransport::pipeTimeout}; ///< of a session
     /// In a session, for each answer and in the middle of data: phones pause to flush and to index.
-    std::chrono::milliseconds answer{MTPTransportProtocol::pipeTimeout};
+    std::chrono::milliseconds answer{MTPTransport::pipeTimeout};
 };
 
 using MTPParameters = std::initializer_list<std::uint32_t>;
@@ -25,7 +25,7 @@ public:
     /// How long a device may work on after the last byte of an upload, or on a deletion.
     static constexpr std::chrono::seconds workPatience{60};
 
-    MTPSession(std::unique_ptr<MTPTransportProtocol> transport, MTPPatience patience);
+    MTPSession(std::unique_ptr<MTPTransport> transport, MTPPatience patience);
     /// Closes the transport without a word to the device; see close().
     ~MTPSession();
     MTPSession(const MTPSession&) = delete;
@@ -85,7 +85,7 @@ private:
     [[nodiscard]] std::optional<MTPPacket> receiveAnswerOrStaleData();
     void closeTransport();
 
-    const std::unique_ptr<MTPTransportProtocol> transport_;
+    const std::unique_ptr<MTPTransport> transport_;
     const MTPPatience patience_;
     std::atomic<std::uint64_t> asked_ = 0;
     std::atomic<std::uint64_t> answered_ = 0;

@@ -52,7 +52,7 @@ struct MTPWaits {
 
 /// A byte pipe to one MTP device. Every call blocks, may come from any thread and is carried out
 /// alone. Failures are MTPTransportError; `notConnected` while closed.
-class MTPTransportProtocol {
+class MTPTransport {
 public:
     /// How long a silent device is waited for in each pipe call unless setWaits() says otherwise.
     static constexpr std::chrono::milliseconds pipeTimeout{5000};
@@ -60,7 +60,7 @@ public:
     /// data phase is read at the most.
     static constexpr std::chrono::seconds recoveryLimit{10};
 
-    virtual ~MTPTransportProtocol() = default;
+    virtual ~MTPTransport() = default;
 
     virtual void open() = 0;
     virtual void close() = 0;

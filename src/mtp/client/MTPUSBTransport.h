@@ -15,7 +15,7 @@ namespace tessary {
 ///
 /// open() fails with `notConnected` when no such device or no usable interface is there, with
 /// `exclusiveAccessDenied` when another program holds it, and with `underlying` otherwise.
-class MTPUSBTransport final : public MTPTransportProtocol {
+class MTPUSBTransport final : public MTPTransport {
 public:
     /// `bus` must outlive the transport.
     MTPUSBTransport(USBBus& bus, MTPDeviceAddress address);
@@ -23,10 +23,10 @@ public:
 
     void open() override;
     void close() override;
-    using MTPTransportProtocol::send;
+    using MTPTransport::send;
     void send(ByteView data, const MTPByteProgress& progress) override;
     void readAhead() override;
-    using MTPTransportProtocol::receivePacket;
+    using MTPTransport::receivePacket;
     [[nodiscard]] MTPPacket receivePacket(std::chrono::milliseconds patience) override;
     void sendContainer(const MTPContainerHeader& header, std::uint64_t payloadSize,
                        const MTPDataSource& source, const MTPStreamOptions& options) override;
@@ -34,7 +34,7 @@ public:
                                              const MTPStreamOptions& options) override;
     void setWaits(MTPWaits waits) override;
     void setEventReceiver(std::function<void(const MTPEvent&)> receiver) override;
-    using MTPTransportProtocol::recover;
+    using MTPTransport::recover;
     MTPPipeState recover(std::uint32_t transactionID, MTPDataPhase phase,
                          const MTPWaits& bounds) noexcept override;
 

@@ -30,7 +30,7 @@ bool isUsable(std::uint32_t storageID) {
 
 } // namespace
 
-MTPTree::MTPTree(std::unique_ptr<MTPTransportProtocol> transport, MTPPhoneMemory& memory,
+MTPTree::MTPTree(std::unique_ptr<MTPTransport> transport, MTPPhoneMemory& memory,
                  MTPPatience patience, const std::stop_token& stop)
     : memory_(memory), serial_(nextSerial()), client_(std::move(transport), patience) {
     client_.setEventReceiver([this](const MTPEvent& event) {

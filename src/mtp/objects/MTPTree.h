@@ -36,8 +36,8 @@ public:
 
     /// Opens the session, unless `stop` ends that early. `memory` outlives the tree, and is kept up
     /// to date by it.
-    MTPTree(std::unique_ptr<MTPTransportProtocol> transport, MTPPhoneMemory& memory,
-            MTPPatience patience, const std::stop_token& stop);
+    MTPTree(std::unique_ptr<MTPTransport> transport, MTPPhoneMemory& memory, MTPPatience patience,
+            const std::stop_token& stop);
     ~MTPTree();
     MTPTree(const MTPTree&) = delete;
     MTPTree& operator=(const MTPTree&) = delete;

@@ -54,7 +54,7 @@ QJsonArray mergedList(const QJsonArray& known, const QJsonArray& mine, const QJs
     return merged;
 }
 
-StoredList::StoredList(UserDefaults& defaults, QString key)
+StoredList::StoredList(SettingsStore& defaults, QString key)
     : defaults_(defaults), key_(std::move(key)) {}
 
 QJsonValue StoredList::value() const {

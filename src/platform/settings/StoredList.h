@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/settings/UserDefaults.h"
+#include "platform/settings/SettingsStore.h"
 
 #include <QJsonArray>
 
@@ -18,7 +18,7 @@ namespace tessary {
 /// changes are stored.
 class StoredList {
 public:
-    StoredList(UserDefaults& defaults, QString key);
+    StoredList(SettingsStore& defaults, QString key);
 
     [[nodiscard]] QJsonValue value() const;
     /// Says how this program would write what value() said; nothing when it makes no sense of it.
@@ -29,7 +29,7 @@ public:
 private:
     void putAside(const QJsonValue& damaged);
 
-    UserDefaults& defaults_;
+    SettingsStore& defaults_;
     const QString key_;
     QJsonArray known_;
     bool isDamaged_ = false;

@@ -17,7 +17,7 @@ namespace {
 
 class VirtualPhones final : public CliPhones {
 public:
-    VirtualPhones(const CliRequest& request, const UserDefaults& defaults)
+    VirtualPhones(const CliRequest& request, const SettingsStore& defaults)
         : ledgers_(ledgersOf(request)), demo_(request.demoFolder) {
         // The run is over before adb would be there by itself: it is waited for, or not started.
         if (!wantsADB(request, defaults))
@@ -43,7 +43,7 @@ public:
     }
 
 private:
-    static bool wantsADB(const CliRequest& request, const UserDefaults& defaults) {
+    static bool wantsADB(const CliRequest& request, const SettingsStore& defaults) {
         const auto chosen = protocolModeFromRawValue(defaults.value(DeviceManager::protocolModesKey)
                                                          .toObject()[DemoPhones::debuggedSerial]
                                                          .toString());
@@ -69,7 +69,7 @@ private:
 int main(int argc, char** argv) {
     return runCommandLine(
         argc, argv,
-        [](const CliRequest& request, const UserDefaults& defaults) -> std::unique_ptr<CliPhones> {
+        [](const CliRequest& request, const SettingsStore& defaults) -> std::unique_ptr<CliPhones> {
             if (!request.demo)
                 return makeSystemPhones();
             return std::make_unique<VirtualPhones>(request, defaults);

@@ -16,7 +16,7 @@ int main(int argc, char** argv) {
         const QString demo = installedHelper(QStringLiteral("tessary-cli-demo"));
         execv(qPrintable(demo), argv);
     }
-    return runCommandLine(argc, argv, [](const CliRequest& request, const UserDefaults&) {
+    return runCommandLine(argc, argv, [](const CliRequest& request, const SettingsStore&) {
         if (request.demo)
             throw std::runtime_error("tessary-cli-demo is not installed");
         return makeSystemPhones();

@@ -13,8 +13,8 @@
 #include "platform/desktop/TaskbarProgress.h"
 #include "platform/process/QtProcessRunner.h"
 #include "platform/process/StopSignals.h"
-#include "platform/settings/MemoryUserDefaults.h"
-#include "platform/settings/SystemUserDefaults.h"
+#include "platform/settings/MemorySettingsStore.h"
+#include "platform/settings/SystemSettingsStore.h"
 #include "platform/usb/SystemUSBBus.h"
 #include "simulator/demo/DemoPhones.h"
 #include "transfer/import/ImportLedger.h"
@@ -86,10 +86,10 @@ struct Phones {
 
 /// The demo speaks the user's language and leaves the settings alone: pairs and favorites of phones
 /// that are gone with it.
-std::shared_ptr<UserDefaults> demoDefaults() {
-    auto defaults = std::make_shared<MemoryUserDefaults>();
-    const QString language = LanguageManager::userDefaultsKey;
-    defaults->setValue(language, makeSystemUserDefaults()->value(language));
+std::shared_ptr<SettingsStore> demoDefaults() {
+    auto defaults = std::make_shared<MemorySettingsStore>();
+    const QString language = LanguageManager::settingsKey;
+    defaults->setValue(language, makeSystemSettingsStore()->value(language));
     return defaults;
 }
 
@@ -156,7 +156,7 @@ int main(int argc, char** argv) {
     };
     if (isDemo)
         setup.network = phones.virtualPhones->network();
-    setup.defaults = isDemo ? demoDefaults() : makeSystemUserDefaults();
+    setup.defaults = isDemo ? demoDefaults() : makeSystemSettingsStore();
     if (!isDemo) {
         setup.importLedgers = ImportLedger::usersFolder();
         setup.copyRecords = CopyHistory::usersFolder();

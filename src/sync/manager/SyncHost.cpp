@@ -23,13 +23,13 @@ QUuid newHostID() {
 
 } // namespace
 
-QString foreseenHostID(const UserDefaults& defaults) {
+QString foreseenHostID(const SettingsStore& defaults) {
     const QString id = defaults.value(key).toString();
     return QUuid::fromString(id).isNull() ? newHostID().toString(QUuid::WithoutBraces).toUpper()
                                           : id;
 }
 
-QString syncHostID(UserDefaults& defaults) {
+QString syncHostID(SettingsStore& defaults) {
     QString id = foreseenHostID(defaults);
     if (defaults.value(key) != id)
         defaults.setValue(key, id);

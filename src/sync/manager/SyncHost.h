@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/settings/UserDefaults.h"
+#include "platform/settings/SettingsStore.h"
 
 #include <QString>
 
@@ -9,8 +9,8 @@ namespace tessary {
 /// This computer's identifier in manifests: a UUID in upper case under "Tessary_MacHostID" of the
 /// settings. Made on first use, of the machine and the user: where settings cannot be stored it is
 /// the same one again.
-[[nodiscard]] QString syncHostID(UserDefaults& defaults);
+[[nodiscard]] QString syncHostID(SettingsStore& defaults);
 /// The same, without storing it.
-[[nodiscard]] QString foreseenHostID(const UserDefaults& defaults);
+[[nodiscard]] QString foreseenHostID(const SettingsStore& defaults);
 
 } // namespace tessary

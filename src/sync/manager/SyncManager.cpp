@@ -63,10 +63,10 @@ struct RunWork {
 
 } // namespace
 
-SyncManager::SyncManager(UserDefaults& defaults, SyncManagerSetup setup, QObject* parent)
+SyncManager::SyncManager(SettingsStore& defaults, SyncManagerSetup setup, QObject* parent)
     : QObject(parent),
       defaults_(defaults),
-      storedPairs_(defaults, userDefaultsKey),
+      storedPairs_(defaults, settingsKey),
       setup_(std::move(setup)),
       store_(setup_.reportFolder) {
     MainThread::assertCurrent();

@@ -39,7 +39,7 @@ class SyncManager : public QObject {
     Q_OBJECT
 
 public:
-    static constexpr QLatin1StringView userDefaultsKey{"Tessary_SyncPairs"};
+    static constexpr QLatin1StringView settingsKey{"Tessary_SyncPairs"};
 
     /// Asks the user. The completion is called once, at any time, on the main thread. A run that is
     /// cancelled meanwhile needs no answer any more.
@@ -47,7 +47,7 @@ public:
                                           std::function<void(SyncAnswer)> completion)>;
 
     /// Loads the pairs. `defaults` must outlive the manager.
-    SyncManager(UserDefaults& defaults, SyncManagerSetup setup, QObject* parent = nullptr);
+    SyncManager(SettingsStore& defaults, SyncManagerSetup setup, QObject* parent = nullptr);
     /// Cancels what runs; nothing waits for its end.
     ~SyncManager() override;
 
@@ -138,7 +138,7 @@ private:
     void finish(const QUuid& id, const SyncStatus& status, SyncStage stage);
     void loadLastReports();
 
-    UserDefaults& defaults_;
+    SettingsStore& defaults_;
     StoredList storedPairs_;
     const SyncManagerSetup setup_;
     const SyncReportStore store_;

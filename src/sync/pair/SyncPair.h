@@ -13,10 +13,10 @@
 namespace tessary {
 
 /// How files flow.
-enum class SyncMode { biDirectional, toiPhone, toMac };
+enum class SyncMode { biDirectional, toPhone, toComputer };
 
-inline constexpr std::array allSyncModes{SyncMode::biDirectional, SyncMode::toiPhone,
-                                         SyncMode::toMac};
+inline constexpr std::array allSyncModes{SyncMode::biDirectional, SyncMode::toPhone,
+                                         SyncMode::toComputer};
 
 /// The text of a mode in JSON and for people.
 [[nodiscard]] QString rawValue(SyncMode mode);

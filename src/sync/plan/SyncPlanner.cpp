@@ -232,7 +232,7 @@ SyncPlanner::Pending SyncPlanner::decideBoth(SyncPlannedAction& action) const {
     const QDateTime& changed = isChange(localChanged) ? local.date : device.date;
     const auto& known = action.record->differingDate;
     const bool isLeft =
-        input_.mode == (isChange(localChanged) ? SyncMode::toMac : SyncMode::toiPhone);
+        input_.mode == (isChange(localChanged) ? SyncMode::toComputer : SyncMode::toPhone);
     if (!known || seconds(*known) != seconds(changed) || (isOneUndated && !isLeft))
         return Pending::comparison;
     action.knownToDiffer = true;
@@ -242,9 +242,9 @@ SyncPlanner::Pending SyncPlanner::decideBoth(SyncPlannedAction& action) const {
 
 void SyncPlanner::settleEqual(SyncPlannedAction& action, bool isContentKnown) const {
     action.isContentKnown = isContentKnown;
-    action.kind = !isMove()                           ? Kind::alreadyInSync
-                  : input_.mode == SyncMode::toiPhone ? Kind::moveDeleteSourceOnly
-                                                      : Kind::moveDeleteRemoteSourceOnly;
+    action.kind = !isMove()                          ? Kind::alreadyInSync
+                  : input_.mode == SyncMode::toPhone ? Kind::moveDeleteSourceOnly
+                                                     : Kind::moveDeleteRemoteSourceOnly;
 }
 
 /// Both sides have the file, and it is not the same. `isAsRecorded`: what has no date is unchanged.
@@ -262,10 +262,10 @@ void SyncPlanner::settleDiffering(SyncPlannedAction& action, bool isAsRecorded) 
         // Both changed; or neither seems to have, and the contents tell of an edit that left the
         // date alone.
         action.kind = Kind::conflict;
-        action.deviceWins =
-            isTwoWay ? action.local->date < action.device->date : input_.mode == SyncMode::toMac;
+        action.deviceWins = isTwoWay ? action.local->date < action.device->date
+                                     : input_.mode == SyncMode::toComputer;
         action.prefixLoses = isTwoWay && action.record == nullptr;
-    } else if (input_.mode == (localChanged ? SyncMode::toMac : SyncMode::toiPhone)) {
+    } else if (input_.mode == (localChanged ? SyncMode::toComputer : SyncMode::toPhone)) {
         leave(action);
     } else {
         const SyncFile& winner = localChanged ? *action.local : *action.device;
@@ -292,7 +292,7 @@ void SyncPlanner::leave(SyncPlannedAction& action) const {
 SyncPlanner::Pending SyncPlanner::decideOne(SyncPlannedAction& action) const {
     const bool isLocal = action.local != nullptr;
     const bool isTwoWay = input_.mode == SyncMode::biDirectional;
-    if (!isTwoWay && input_.mode != (isLocal ? SyncMode::toiPhone : SyncMode::toMac))
+    if (!isTwoWay && input_.mode != (isLocal ? SyncMode::toPhone : SyncMode::toComputer))
         return Pending::nothing;
     action.kind = isLocal ? Kind::upload : Kind::download;
     action.deletesSource = isMove();
@@ -371,8 +371,8 @@ QStringList SyncPlanner::pathsToCompare() const {
 /// What a user makes of a conflict.
 void SyncPlanner::choose(SyncPlannedAction& action, ConflictChoice choice) const {
     const bool keepsTarget =
-        choice == (input_.mode == SyncMode::toMac ? ConflictChoice::keepLocal
-                                                  : ConflictChoice::keepDevice) &&
+        choice == (input_.mode == SyncMode::toComputer ? ConflictChoice::keepLocal
+                                                       : ConflictChoice::keepDevice) &&
         input_.mode != SyncMode::biDirectional;
     switch (choice) {
     case ConflictChoice::keepBoth:

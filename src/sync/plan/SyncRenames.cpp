@@ -104,7 +104,7 @@ std::vector<SyncRename> takeCaseRenames(SyncTree& local, SyncTree& device, SyncF
                                         SyncMode mode) {
     std::vector<SyncRename> renames;
     for (const bool onDevice : {true, false}) {
-        if (mode == (onDevice ? SyncMode::toMac : SyncMode::toiPhone))
+        if (mode == (onDevice ? SyncMode::toComputer : SyncMode::toPhone))
             continue;
         SyncTree& follows = onDevice ? device : local;
         for (int round = 0; round < maxRounds; ++round) {

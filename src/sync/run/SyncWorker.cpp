@@ -89,7 +89,7 @@ void SyncWorker::carryOut(const Action& action) {
         keepRecord(action);
         if (action.knownToDiffer && action.record != nullptr)
             files_.at(action.relativePath).differingDate = wholeSeconds(
-                pair_.syncMode == SyncMode::toMac ? action.local->date : action.device->date);
+                pair_.syncMode == SyncMode::toComputer ? action.local->date : action.device->date);
         return;
     }
     if ((action.kind == Kind::upload || action.kind == Kind::download) &&
@@ -333,7 +333,7 @@ QString SyncWorker::keepLoserOnBoth(const Action& action, bool deviceWins) {
 
 /// In a one-way mode the target's own version stays there. Returns its name.
 QString SyncWorker::keepLoserAtTarget(const Action& action) {
-    const bool onDevice = pair_.syncMode == SyncMode::toiPhone;
+    const bool onDevice = pair_.syncMode == SyncMode::toPhone;
     const bool renames = transfer_.side(onDevice).files().capabilities(transfer_.call()).renames;
     if (!renames) {
         const LoserCopy kept = loserCopy(action, !onDevice);

@@ -120,7 +120,7 @@ const std::array<Row, 38>& commands() {
          keys(Qt::CTRL | Qt::SHIFT | Qt::Key_A)},
         {&Actions::sync, "folder-sync", QT_TRANSLATE_NOOP("BrowserActions", "Sync"),
          keys(Qt::CTRL | Qt::Key_Y)},
-        {&Actions::quickLook, "view-preview", QT_TRANSLATE_NOOP("BrowserActions", "Preview"),
+        {&Actions::preview, "view-preview", QT_TRANSLATE_NOOP("BrowserActions", "Preview"),
          keys(Qt::Key_Space)},
         {&Actions::properties, "document-properties",
          QT_TRANSLATE_NOOP("BrowserActions", "Properties"),
@@ -158,7 +158,7 @@ BrowserActions::BrowserActions(QWidget& owner) {
     for (QAction* action : {undo, cut, remove, selectAll, rename, copy, paste})
         action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     // Space has other uses wherever there are no files.
-    quickLook->setShortcutContext(Qt::WidgetShortcut);
+    preview->setShortcutContext(Qt::WidgetShortcut);
 }
 
 void useKeys(const BrowserActions& actions, bool areUsed) {

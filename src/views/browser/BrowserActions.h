@@ -49,7 +49,7 @@ struct BrowserActions {
     QAction* favorite;
     QAction* apps; ///< back to the apps of an iPhone
     QAction* sync;
-    QAction* quickLook;
+    QAction* preview;
     QAction* properties;
 };
 

@@ -153,10 +153,10 @@ void BrowserView::connectActions() {
         if (showSync_)
             showSync_(toolbar_->syncAnchor());
     });
-    on(actions_.quickLook, [this] { entries_.preview(); });
+    on(actions_.preview, [this] { entries_.preview(); });
     on(actions_.properties, [this] { entries_.showProperties(); });
-    table_->addAction(actions_.quickLook);
-    grid_->addAction(actions_.quickLook);
+    table_->addAction(actions_.preview);
+    grid_->addAction(actions_.preview);
 }
 
 void BrowserView::showTexts() {
@@ -346,7 +346,7 @@ void BrowserView::updateActions() {
     actions_.openInTab->setEnabled(isUsable && only != nullptr && only->isDirectory);
     for (QAction* action : {actions_.open, actions_.cut, actions_.copy, actions_.moveTo,
                             actions_.copyTo, actions_.duplicate, actions_.remove, actions_.download,
-                            actions_.quickLook, actions_.properties})
+                            actions_.preview, actions_.properties})
         action->setEnabled(isUsable && selected > 0);
     actions_.showHidden->setChecked(browser_.showsHidden());
     const DayGrouping& days = browser_.dayGrouping();

@@ -283,7 +283,7 @@ void EntryCommands::addTo(QMenu& menu, const BrowserActions& actions) {
     if (isOneFolder)
         menu.addAction(actions.openInTab);
     addOpenWith(menu);
-    menu.addAction(actions.quickLook);
+    menu.addAction(actions.preview);
     menu.addAction(actions.download);
     menu.addSeparator();
     for (QAction* action : {actions.cut, actions.copy, actions.paste, actions.copyPath})

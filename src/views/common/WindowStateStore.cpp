@@ -34,7 +34,7 @@ QJsonObject written(const FileBrowserViewModel& browser, const QString& udid) {
 
 } // namespace
 
-WindowStateStore::WindowStateStore(Parts parts, UserDefaults& defaults)
+WindowStateStore::WindowStateStore(Parts parts, SettingsStore& defaults)
     : QObject(&parts.window), parts_(std::move(parts)), defaults_(defaults) {
     setObjectName(QStringLiteral("windowStateStore"));
     restoreWindow();

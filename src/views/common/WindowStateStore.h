@@ -1,7 +1,7 @@
 #pragma once
 
 #include "browser/model/FileBrowserViewModel.h"
-#include "platform/settings/UserDefaults.h"
+#include "platform/settings/SettingsStore.h"
 
 #include <QObject>
 
@@ -42,7 +42,7 @@ public:
     };
 
     /// Makes the window as it was left. `defaults` must outlive it.
-    WindowStateStore(Parts parts, UserDefaults& defaults);
+    WindowStateStore(Parts parts, SettingsStore& defaults);
 
     /// A tab that was just made: it begins as the one that is shown looks, and what the user makes
     /// of it is kept from now on.
@@ -64,7 +64,7 @@ private:
     void keepDays(FileBrowserViewModel& browser);
 
     Parts parts_;
-    UserDefaults& defaults_;
+    SettingsStore& defaults_;
     bool isRestoring_ = false;
 };
 

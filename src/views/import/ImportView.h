@@ -2,7 +2,7 @@
 
 #include "app/texts/ErrorText.h"
 #include "browser/model/ImportViewModel.h"
-#include "platform/settings/UserDefaults.h"
+#include "platform/settings/SettingsStore.h"
 #include "transfer/staging/StagedFiles.h"
 
 #include <QWidget>
@@ -38,7 +38,7 @@ public:
         ImportViewModel& import;
         CopyQueue& queue;
         StagedFiles& copies;
-        UserDefaults& defaults; ///< where the folder chosen last is kept
+        SettingsStore& defaults; ///< where the folder chosen last is kept
     };
 
     ImportView(const Setup& setup, Callbacks callbacks, QWidget* parent = nullptr);
@@ -66,7 +66,7 @@ private:
 
     ImportViewModel& import_;
     CopyQueue& queue_;
-    UserDefaults& defaults_;
+    SettingsStore& defaults_;
     const Callbacks callbacks_;
     QString folder_;
     PhotoListModel* photos_;

@@ -32,12 +32,12 @@ QComboBox* makeChoice(const char* name, int count, QLabel& label) {
 
 } // namespace
 
-FileClick fileClickOf(const UserDefaults& defaults) {
+FileClick fileClickOf(const SettingsStore& defaults) {
     return static_cast<FileClick>(
         std::clamp(defaults.value(fileClickKey).toInt(), 0, static_cast<int>(FileClick::copies)));
 }
 
-FileSettings::FileSettings(UserDefaults& defaults)
+FileSettings::FileSettings(SettingsStore& defaults)
     : defaults_(defaults),
       folderLabel_(new QLabel),
       folder_(makeChoice("downloadFolder", 3, *folderLabel_)),

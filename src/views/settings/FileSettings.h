@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/settings/UserDefaults.h"
+#include "platform/settings/SettingsStore.h"
 #include "views/common/FileClick.h"
 
 #include <QLatin1StringView>
@@ -16,7 +16,7 @@ inline constexpr QLatin1StringView downloadFolderKey{"Tessary_DownloadFolder"};
 /// What a double click on a file does.
 inline constexpr QLatin1StringView fileClickKey{"Tessary_FileClick"};
 /// What is stored may be anything; then files open.
-[[nodiscard]] FileClick fileClickOf(const UserDefaults& defaults);
+[[nodiscard]] FileClick fileClickOf(const SettingsStore& defaults);
 
 /// The settings of phones and their files: where copies go, what a double click does, how the files
 /// of a new phone are shown, and how it is reached.
@@ -25,14 +25,14 @@ class FileSettings : public QWidget {
 
 public:
     /// `defaults` must outlive it.
-    explicit FileSettings(UserDefaults& defaults);
+    explicit FileSettings(SettingsStore& defaults);
 
 private:
     void showTexts();
     void takeFolder(int choice);
     void showFolder();
 
-    UserDefaults& defaults_;
+    SettingsStore& defaults_;
     QLabel* folderLabel_;
     QComboBox* folder_;
     QLabel* clickLabel_;

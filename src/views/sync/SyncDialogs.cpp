@@ -1,7 +1,7 @@
 #include "views/sync/SyncDialogs.h"
 
 #include "base/text/Printable.h"
-#include "views/sync/SyncPairSheet.h"
+#include "views/sync/SyncPairDialog.h"
 #include "views/sync/SyncReportDialog.h"
 #include "views/sync/SyncTexts.h"
 
@@ -27,7 +27,7 @@ void SyncDialogs::makePair(QWidget& asker) {
 }
 
 void SyncDialogs::showSheet(const SyncPair& draft, QWidget& asker) {
-    auto* sheet = new SyncPairSheet(draft, SyncPairSheet::Purpose::makes, chooseFolder_, &asker);
+    auto* sheet = new SyncPairDialog(draft, SyncPairDialog::Purpose::makes, chooseFolder_, &asker);
     sheet->setAttribute(Qt::WA_DeleteOnClose);
     connect(sheet, &QDialog::accepted, this,
             [this, sheet] { sync_.requestPreview(sheet->pair()); });
@@ -38,7 +38,8 @@ void SyncDialogs::editPair(const QUuid& id) {
     const SyncPair* pair = sync_.manager().pair(id);
     if (pair == nullptr)
         return;
-    auto* sheet = new SyncPairSheet(*pair, SyncPairSheet::Purpose::edits, chooseFolder_, &window_);
+    auto* sheet =
+        new SyncPairDialog(*pair, SyncPairDialog::Purpose::edits, chooseFolder_, &window_);
     sheet->setAttribute(Qt::WA_DeleteOnClose);
     connect(sheet, &QDialog::accepted, this, [this, sheet, folder = pair->localFolderPath] {
         SyncPair edited = sheet->pair();

@@ -35,9 +35,9 @@ void name(QToolButton& which, const QString& text) {
 
 QString arrow(SyncMode mode) {
     switch (mode) {
-    case SyncMode::toiPhone:
+    case SyncMode::toPhone:
         return QStringLiteral("→");
-    case SyncMode::toMac:
+    case SyncMode::toComputer:
         return QStringLiteral("←");
     case SyncMode::biDirectional:
         break;

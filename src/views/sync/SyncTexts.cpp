@@ -82,13 +82,13 @@ QString sentenceOf(const SyncPair& pair) {
                                "side are deleted on the other after you agreed.")
                    : Texts::tr("New and changed files are copied both ways. Files deleted on one "
                                "side are copied back.");
-    case SyncMode::toiPhone:
+    case SyncMode::toPhone:
         return pair.moveFilesEnabled
                    ? Texts::tr("Files are moved to the phone: each is deleted here once it has "
                                "arrived.")
                    : Texts::tr("New and changed files are copied to the phone. Nothing is "
                                "deleted.");
-    case SyncMode::toMac:
+    case SyncMode::toComputer:
         break;
     }
     return pair.moveFilesEnabled

@@ -26,7 +26,7 @@ BrowserSetup browserSetup(TessaryApp& app) {
     };
 }
 
-CopyDialogs withDownloadFolder(CopyDialogs dialogs, UserDefaults& defaults) {
+CopyDialogs withDownloadFolder(CopyDialogs dialogs, SettingsStore& defaults) {
     dialogs.chooseTargetFolder = [&defaults, ask = dialogs.chooseTargetFolder](QWidget* asker) {
         const QString folder = defaults.value(downloadFolderKey).toString();
         return !folder.isEmpty() && QDir(folder).exists() ? folder : ask(asker);

@@ -10,7 +10,7 @@ namespace tessary {
 [[nodiscard]] BrowserSetup browserSetup(TessaryApp& app);
 
 /// The same dialogs, but where the user has set a folder for copies that one is not asked for.
-[[nodiscard]] CopyDialogs withDownloadFolder(CopyDialogs dialogs, UserDefaults& defaults);
+[[nodiscard]] CopyDialogs withDownloadFolder(CopyDialogs dialogs, SettingsStore& defaults);
 
 /// Asks for a folder of this computer; empty when the user declined.
 [[nodiscard]] QString chooseLocalFolder(QWidget* asker, const QString& startAt);

@@ -79,7 +79,7 @@ void makeMainMenus(QMenuBar& bar, const BrowserActions& actions,
 
     addMenu(bar, QT_TRANSLATE_NOOP("MainMenu", "File"),
             {newWindow, newTab, nullptr, a.newFolder, a.open, a.openInTab, a.download,
-             a.uploadFiles, a.uploadFolder, a.sync, callbacks.importPhotos, nullptr, a.quickLook,
+             a.uploadFiles, a.uploadFolder, a.sync, callbacks.importPhotos, nullptr, a.preview,
              a.properties, nullptr, settings, nullptr, closeTab, quit});
     addMenu(bar, QT_TRANSLATE_NOOP("MainMenu", "Edit"),
             {a.undo, nullptr, a.cut, a.copy, a.paste, a.copyPath, nullptr, a.moveTo, a.copyTo,

@@ -53,7 +53,7 @@ void openTabs(MainWindow& window, const std::vector<TabPlace>& places, qsizetype
 
 } // namespace
 
-WindowSession::WindowSession(MainWindow& first, UserDefaults& defaults)
+WindowSession::WindowSession(MainWindow& first, SettingsStore& defaults)
     : first_(first), defaults_(defaults) {
     connect(&first, &MainWindow::quitting, this, [this] { isOver_ = true; });
     connect(qApp, &QCoreApplication::aboutToQuit, this, [this] { isOver_ = true; });

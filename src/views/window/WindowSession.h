@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/settings/UserDefaults.h"
+#include "platform/settings/SettingsStore.h"
 
 #include <QJsonArray>
 #include <QObject>
@@ -18,7 +18,7 @@ public:
     static constexpr qsizetype mostTabs = 50;    ///< the same, of a window
 
     /// Both outlive it; `first` is the one that the others are opened from.
-    WindowSession(MainWindow& first, UserDefaults& defaults);
+    WindowSession(MainWindow& first, SettingsStore& defaults);
 
     /// Opens what was kept, and keeps from then on what is opened.
     void reopen();
@@ -28,7 +28,7 @@ private:
     void keep();
 
     MainWindow& first_;
-    UserDefaults& defaults_;
+    SettingsStore& defaults_;
     QJsonArray kept_;
     bool isOver_ = false;
 };

@@ -18,7 +18,7 @@ namespace tessary {
 /// Sets a sync pair up, a new one or one that is there: the local folder, the mode, what happens to
 /// deleted and transferred files, what is left out, and whether it runs by itself, with one plain
 /// sentence that says what will come of it.
-class SyncPairSheet : public QDialog {
+class SyncPairDialog : public QDialog {
     Q_OBJECT
 
 public:
@@ -26,8 +26,8 @@ public:
 
     enum class Purpose { makes, edits };
 
-    SyncPairSheet(SyncPair pair, Purpose purpose, ChooseFolder chooseFolder,
-                  QWidget* parent = nullptr);
+    SyncPairDialog(SyncPair pair, Purpose purpose, ChooseFolder chooseFolder,
+                   QWidget* parent = nullptr);
 
     /// As the user has set it up.
     [[nodiscard]] const SyncPair& pair() const {

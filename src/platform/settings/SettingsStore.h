@@ -26,9 +26,9 @@ struct SettingsTrouble {
 /// The store of the program's settings: one JSON value a key, kept from start to start.
 /// Thread-safe. What is read may have any shape, since people edit files: a reader takes the type
 /// that it expects and treats everything else as absent.
-class UserDefaults {
+class SettingsStore {
 public:
-    virtual ~UserDefaults() = default;
+    virtual ~SettingsStore() = default;
 
     /// The value under a key; `QJsonValue::Undefined` when there is none.
     [[nodiscard]] virtual QJsonValue value(const QString& key) const = 0;

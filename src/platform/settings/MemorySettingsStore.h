@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/settings/UserDefaults.h"
+#include "platform/settings/SettingsStore.h"
 
 #include <QJsonObject>
 
@@ -10,7 +10,7 @@ namespace tessary {
 
 /// Settings that are forgotten at the end: for tests, and for runs that must not depend on this
 /// user's choices.
-class MemoryUserDefaults final : public UserDefaults {
+class MemorySettingsStore final : public SettingsStore {
 public:
     [[nodiscard]] QJsonValue value(const QString& key) const override {
         const std::scoped_lock lock(mutex_);

@@ -1,4 +1,4 @@
-#include "views/sync/SyncPairSheet.h"
+#include "views/sync/SyncPairDialog.h"
 
 #include "app/texts/DisplayNames.h"
 #include "app/texts/SharedWords.h"
@@ -19,8 +19,8 @@
 
 namespace tessary {
 
-SyncPairSheet::SyncPairSheet(SyncPair pair, Purpose purpose, ChooseFolder chooseFolder,
-                             QWidget* parent)
+SyncPairDialog::SyncPairDialog(SyncPair pair, Purpose purpose, ChooseFolder chooseFolder,
+                               QWidget* parent)
     : QDialog(parent),
       pair_(std::move(pair)),
       chooseFolder_(std::move(chooseFolder)),
@@ -40,8 +40,8 @@ SyncPairSheet::SyncPairSheet(SyncPair pair, Purpose purpose, ChooseFolder choose
     folder_->setAccessibleName(words::folderOnThisComputer());
     mode_->setAccessibleName(tr("Direction"));
     mode_->addItem(tr("Both ways"), static_cast<int>(SyncMode::biDirectional));
-    mode_->addItem(tr("Only to the phone"), static_cast<int>(SyncMode::toiPhone));
-    mode_->addItem(tr("Only to this computer"), static_cast<int>(SyncMode::toMac));
+    mode_->addItem(tr("Only to the phone"), static_cast<int>(SyncMode::toPhone));
+    mode_->addItem(tr("Only to this computer"), static_cast<int>(SyncMode::toComputer));
     mode_->setCurrentIndex(mode_->findData(static_cast<int>(pair_.syncMode)));
     deletes_->setChecked(pair_.deleteSyncEnabled);
     moves_->setChecked(pair_.moveFilesEnabled);
@@ -89,19 +89,19 @@ SyncPairSheet::SyncPairSheet(SyncPair pair, Purpose purpose, ChooseFolder choose
     column->addWidget(sentence_);
     column->addWidget(buttons);
 
-    connect(folder_, &QLineEdit::textChanged, this, &SyncPairSheet::change);
-    connect(mode_, &QComboBox::currentIndexChanged, this, &SyncPairSheet::change);
-    connect(deletes_, &QCheckBox::toggled, this, &SyncPairSheet::change);
+    connect(folder_, &QLineEdit::textChanged, this, &SyncPairDialog::change);
+    connect(mode_, &QComboBox::currentIndexChanged, this, &SyncPairDialog::change);
+    connect(deletes_, &QCheckBox::toggled, this, &SyncPairDialog::change);
     for (QCheckBox* box : {moves_, runsByItself_})
-        connect(box, &QCheckBox::toggled, this, &SyncPairSheet::change);
-    connect(patterns_, &QPlainTextEdit::textChanged, this, &SyncPairSheet::change);
+        connect(box, &QCheckBox::toggled, this, &SyncPairDialog::change);
+    connect(patterns_, &QPlainTextEdit::textChanged, this, &SyncPairDialog::change);
     buttons->button(QDialogButtonBox::Cancel)->setAutoDefault(false);
     next_->setDefault(true); // the dialog has it only now
     makePlain(*this);
     change();
 }
 
-void SyncPairSheet::change() {
+void SyncPairDialog::change() {
     pair_.localFolderPath = QDir::fromNativeSeparators(folder_->text().trimmed());
     pair_.syncMode = static_cast<SyncMode>(mode_->currentData().toInt());
     pair_.deleteSyncEnabled = deletes_->isChecked();

@@ -1,10 +1,10 @@
-#include "platform/settings/JsonUserDefaults.h"
+#include "platform/settings/JsonSettingsStore.h"
 
 #include "base/local/FileLock.h"
 #include "base/local/LocalError.h"
 #include "base/local/WholeFile.h"
 #include "base/log/DiagnosticsLogger.h"
-#include "platform/settings/SystemUserDefaults.h"
+#include "platform/settings/SystemSettingsStore.h"
 
 #include <QDir>
 #include <QFile>
@@ -35,11 +35,11 @@ constexpr std::chrono::seconds lockTimeout(10); // a change takes milliseconds
 constexpr std::chrono::seconds patienceAtEnd(3);
 
 /// By key, in the order in which they were made.
-using Changes = QHash<QString, std::vector<UserDefaults::Change>>;
+using Changes = QHash<QString, std::vector<SettingsStore::Change>>;
 
 void makeChanges(const Changes& changes, QJsonObject& values) {
     for (auto it = changes.constBegin(); it != changes.constEnd(); ++it)
-        for (const UserDefaults::Change& change : it.value())
+        for (const SettingsStore::Change& change : it.value())
             values.insert(it.key(), change(values.value(it.key())));
 }
 
@@ -103,7 +103,7 @@ QString putAside(const QString& path, QString& reason) {
 
 } // namespace
 
-struct JsonUserDefaults::Store {
+struct JsonSettingsStore::Store {
     explicit Store(QString path) : file(std::move(path)) {
         const Content content = read(file);
         values = content.values;
@@ -139,7 +139,7 @@ private:
 };
 
 /// Makes the changes to what the file holds now. On the writer's thread.
-void JsonUserDefaults::Store::write() {
+void JsonSettingsStore::Store::write() {
     const auto before = trouble();
     Changes changes;
     {
@@ -170,7 +170,7 @@ void JsonUserDefaults::Store::write() {
 }
 
 /// What went wrong; empty for success.
-QString JsonUserDefaults::Store::store(const Changes& changes) {
+QString JsonSettingsStore::Store::store(const Changes& changes) {
     QDir().mkpath(QFileInfo(file).absolutePath());
     std::optional<FileLock> fileLock;
     try {
@@ -205,24 +205,24 @@ QString JsonUserDefaults::Store::store(const Changes& changes) {
     }
 }
 
-JsonUserDefaults::JsonUserDefaults(QString file)
+JsonSettingsStore::JsonSettingsStore(QString file)
     : store_(std::make_shared<Store>(std::move(file))), writer_("tessary-settings") {}
 
-JsonUserDefaults::~JsonUserDefaults() {
+JsonSettingsStore::~JsonSettingsStore() {
     writer_.post([store = store_] { store->write(); }); // what could not be written before
     (void)writer_.finish(patienceAtEnd);
 }
 
-QJsonValue JsonUserDefaults::value(const QString& key) const {
+QJsonValue JsonSettingsStore::value(const QString& key) const {
     const std::scoped_lock lock(store_->mutex);
     return store_->values.value(key);
 }
 
-void JsonUserDefaults::setValue(const QString& key, const QJsonValue& value) {
+void JsonSettingsStore::setValue(const QString& key, const QJsonValue& value) {
     change(key, [value](const QJsonValue&) { return value; });
 }
 
-void JsonUserDefaults::change(const QString& key, const Change& change) {
+void JsonSettingsStore::change(const QString& key, const Change& change) {
     {
         const std::scoped_lock lock(store_->mutex);
         store_->values.insert(key, change(store_->values.value(key)));
@@ -233,16 +233,16 @@ void JsonUserDefaults::change(const QString& key, const Change& change) {
     writer_.post([store = store_] { store->write(); });
 }
 
-std::optional<SettingsTrouble> JsonUserDefaults::trouble() const {
+std::optional<SettingsTrouble> JsonSettingsStore::trouble() const {
     return store_->trouble();
 }
 
-void JsonUserDefaults::whenTroubleChanges(std::function<void()> told) {
+void JsonSettingsStore::whenTroubleChanges(std::function<void()> told) {
     const std::scoped_lock lock(store_->mutex);
     store_->told = std::move(told);
 }
 
-bool JsonUserDefaults::store(std::chrono::milliseconds limit) {
+bool JsonSettingsStore::store(std::chrono::milliseconds limit) {
     const auto done = std::make_shared<std::promise<void>>();
     writer_.post([store = store_, done] {
         store->write();
@@ -254,9 +254,9 @@ bool JsonUserDefaults::store(std::chrono::milliseconds limit) {
     return store_->unwritten.isEmpty();
 }
 
-std::unique_ptr<UserDefaults> makeSystemUserDefaults() {
+std::unique_ptr<SettingsStore> makeSystemSettingsStore() {
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
-    return std::make_unique<JsonUserDefaults>(folder + QStringLiteral("/tessary/settings.json"));
+    return std::make_unique<JsonSettingsStore>(folder + QStringLiteral("/tessary/settings.json"));
 }
 
 } // namespace tessary

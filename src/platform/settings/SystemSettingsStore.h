@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/settings/UserDefaults.h"
+#include "platform/settings/SettingsStore.h"
 
 #include <memory>
 
@@ -8,6 +8,6 @@ namespace tessary {
 
 /// The settings of this user, in the file "tessary/settings.json" of the configuration folder
 /// ($XDG_CONFIG_HOME, or ~/.config).
-[[nodiscard]] std::unique_ptr<UserDefaults> makeSystemUserDefaults();
+[[nodiscard]] std::unique_ptr<SettingsStore> makeSystemSettingsStore();
 
 } // namespace tessary

@@ -1,4 +1,4 @@
-#include "platform/settings/JsonUserDefaults.h"
+#include "platform/settings/JsonSettingsStore.h"
 #include "platform/settings/StoredList.h"
 #include "support/OrdinaryUser.h"
 #include "support/QtPrinters.h"
@@ -37,13 +37,13 @@ QString wordsOf(const QJsonValue& list) {
     return words.join(QLatin1Char(' '));
 }
 
-class JsonUserDefaultsTest : public testing::Test {
+class JsonSettingsStoreTest : public testing::Test {
 protected:
     TemporaryFolder folder_;
     const QString file_ = folder_.path(QStringLiteral("tessary/settings.json"));
 };
 
-TEST_F(JsonUserDefaultsTest, damagedFilesAreToldAndEachIsKept) {
+TEST_F(JsonSettingsStoreTest, damagedFilesAreToldAndEachIsKept) {
     const std::tuple<const char*, QByteArray, QString> rows[] = {
         // what, content, kept as
         {"cut off", "{\"Tessary_AppLanguage\": \"de", QStringLiteral("settings.json.damaged")},
@@ -55,7 +55,7 @@ TEST_F(JsonUserDefaultsTest, damagedFilesAreToldAndEachIsKept) {
         SCOPED_TRACE(what);
         folder_.write(QStringLiteral("tessary/settings.json"), content);
         {
-            JsonUserDefaults defaults(file_);
+            JsonSettingsStore defaults(file_);
             EXPECT_TRUE(defaults.value(key).isUndefined());
             ASSERT_TRUE(defaults.trouble());
             EXPECT_EQ(defaults.trouble()->kind, SettingsTrouble::Kind::damaged);
@@ -64,27 +64,27 @@ TEST_F(JsonUserDefaultsTest, damagedFilesAreToldAndEachIsKept) {
             EXPECT_TRUE(defaults.store(patience));
             EXPECT_EQ(defaults.trouble()->aside, folder_.path(QStringLiteral("tessary/") + aside));
         }
-        EXPECT_EQ(JsonUserDefaults(file_).value(key), QStringLiteral("日本語 \" \n"));
+        EXPECT_EQ(JsonSettingsStore(file_).value(key), QStringLiteral("日本語 \" \n"));
         EXPECT_EQ(folder_.read(QStringLiteral("tessary/") + aside), content);
     }
 }
 
-TEST_F(JsonUserDefaultsTest, changesOfTwoProgramsDoNotUndoEachOther) {
+TEST_F(JsonSettingsStoreTest, changesOfTwoProgramsDoNotUndoEachOther) {
     const auto count = [this](const QString& prefix) {
-        JsonUserDefaults defaults(file_);
+        JsonSettingsStore defaults(file_);
         for (int i = 0; i < 20; ++i)
             defaults.setValue(prefix + QString::number(i), i);
     };
     std::jthread other([&] { count(QStringLiteral("cli")); });
     count(QStringLiteral("window"));
     other.join();
-    const JsonUserDefaults after(file_);
+    const JsonSettingsStore after(file_);
     for (const char* prefix : {"cli", "window"})
         for (int i = 0; i < 20; ++i)
             EXPECT_EQ(after.value(QString::fromLatin1(prefix) + QString::number(i)), i);
 }
 
-TEST_F(JsonUserDefaultsTest, listThatTwoProgramsChangeKeepsWhatBothDid) {
+TEST_F(JsonSettingsStoreTest, listThatTwoProgramsChangeKeepsWhatBothDid) {
     const QString listKey = QStringLiteral("list");
     const struct {
         const char* name;
@@ -104,11 +104,11 @@ TEST_F(JsonUserDefaultsTest, listThatTwoProgramsChangeKeepsWhatBothDid) {
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
-        JsonUserDefaults window(file_);
+        JsonSettingsStore window(file_);
         window.setValue(listKey, *row.before == '\0' ? QJsonValue(QJsonValue::Undefined)
                                                      : QJsonValue(listOf(row.before)));
         ASSERT_TRUE(window.store(patience));
-        JsonUserDefaults demo(file_);
+        JsonSettingsStore demo(file_);
         StoredList ofWindow(window, listKey);
         StoredList ofDemo(demo, listKey);
         ofWindow.setKnown(listOf(row.before));
@@ -117,31 +117,31 @@ TEST_F(JsonUserDefaultsTest, listThatTwoProgramsChangeKeepsWhatBothDid) {
         ASSERT_TRUE(window.store(patience));
         ofDemo.store(listOf(row.demo));
         ASSERT_TRUE(demo.store(patience));
-        EXPECT_EQ(wordsOf(JsonUserDefaults(file_).value(listKey)), QString::fromLatin1(row.after));
+        EXPECT_EQ(wordsOf(JsonSettingsStore(file_).value(listKey)), QString::fromLatin1(row.after));
     }
 }
 
-TEST_F(JsonUserDefaultsTest, fileThatCannotBeReadIsLeftAlone) {
+TEST_F(JsonSettingsStoreTest, fileThatCannotBeReadIsLeftAlone) {
     ASSERT_EQ(chmod(qUtf8Printable(folder_.path()), 0777), 0);
     const OrdinaryUser user;
     folder_.write(QStringLiteral("tessary/settings.json"), "{\"pairs\": 1}");
     ASSERT_EQ(chmod(qUtf8Printable(file_), 0), 0);
-    JsonUserDefaults defaults(file_);
+    JsonSettingsStore defaults(file_);
     EXPECT_TRUE(defaults.trouble()) << "told before anything is changed";
     defaults.setValue(key, 1);
     EXPECT_FALSE(defaults.store(patience));
     ASSERT_EQ(chmod(qUtf8Printable(file_), 0600), 0);
     EXPECT_TRUE(defaults.store(patience));
     EXPECT_EQ(defaults.trouble(), std::nullopt);
-    EXPECT_EQ(JsonUserDefaults(file_).value(QStringLiteral("pairs")), 1);
+    EXPECT_EQ(JsonSettingsStore(file_).value(QStringLiteral("pairs")), 1);
 
-    auto next = std::make_unique<JsonUserDefaults>(file_);
+    auto next = std::make_unique<JsonSettingsStore>(file_);
     ASSERT_EQ(chmod(qUtf8Printable(file_), 0), 0);
     next->setValue(key, 2);
     EXPECT_FALSE(next->store(patience));
     ASSERT_EQ(chmod(qUtf8Printable(file_), 0600), 0);
     next.reset();
-    EXPECT_EQ(JsonUserDefaults(file_).value(key), 2) << "tried once more at the end";
+    EXPECT_EQ(JsonSettingsStore(file_).value(key), 2) << "tried once more at the end";
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/threads/SerialQueue.h"
-#include "platform/settings/UserDefaults.h"
+#include "platform/settings/SettingsStore.h"
 
 #include <memory>
 
@@ -17,12 +17,12 @@ namespace tessary {
 /// A file that is no JSON object is set aside before the first change as "<file>.damaged", or with
 /// a number behind when there is one from an earlier time. One that cannot be read is left alone,
 /// and nothing is stored.
-class JsonUserDefaults final : public UserDefaults {
+class JsonSettingsStore final : public SettingsStore {
 public:
     /// Reads the file, if there is one.
-    explicit JsonUserDefaults(QString file);
+    explicit JsonSettingsStore(QString file);
     /// Waits for what is being written, for a few seconds at most.
-    ~JsonUserDefaults() override;
+    ~JsonSettingsStore() override;
 
     [[nodiscard]] QJsonValue value(const QString& key) const override;
     void setValue(const QString& key, const QJsonValue& value) override;
