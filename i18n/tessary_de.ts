@@ -2883,64 +2883,6 @@
     </message>
 </context>
 <context>
-    <name>tessary::SyncPairList</name>
-    <message>
-        <source>No folders are kept in step yet. Open a folder of the phone, then choose “Sync This Folder…”.</source>
-        <translation>Noch werden keine Ordner abgeglichen. Öffnen Sie einen Ordner des Telefons und wählen Sie „Diesen Ordner abgleichen …“.</translation>
-    </message>
-</context>
-<context>
-    <name>tessary::SyncPairRow</name>
-    <message>
-        <source>Queued</source>
-        <translation>In der Warteschlange</translation>
-    </message>
-    <message>
-        <source>Sync Now</source>
-        <translation>Jetzt abgleichen</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>Abbrechen</translation>
-    </message>
-    <message>
-        <source>Remove This Pair</source>
-        <translation>Dieses Paar entfernen</translation>
-    </message>
-    <message>
-        <source>Stop keeping these folders in step?</source>
-        <translation>Diese Ordner nicht mehr abgleichen?</translation>
-    </message>
-    <message>
-        <source>No file is deleted on either side.</source>
-        <translation>Auf keiner Seite wird eine Datei gelöscht.</translation>
-    </message>
-    <message>
-        <source>Remove</source>
-        <translation>Entfernen</translation>
-    </message>
-    <message>
-        <source>More</source>
-        <translation>Mehr</translation>
-    </message>
-    <message>
-        <source>Not synced yet</source>
-        <translation>Noch nicht abgeglichen</translation>
-    </message>
-    <message>
-        <source>Show What Will Happen</source>
-        <translation>Zeigen, was geschehen wird</translation>
-    </message>
-    <message>
-        <source>Reports…</source>
-        <translation>Berichte …</translation>
-    </message>
-    <message>
-        <source>Edit…</source>
-        <translation>Bearbeiten …</translation>
-    </message>
-</context>
-<context>
     <name>tessary::SyncPairDialog</name>
     <message>
         <source>A file deleted on one side is deleted on the other, after asking</source>
@@ -3001,6 +2943,64 @@
     <message>
         <source>Save</source>
         <translation>Sichern</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPairList</name>
+    <message>
+        <source>No folders are kept in step yet. Open a folder of the phone, then choose “Sync This Folder…”.</source>
+        <translation>Noch werden keine Ordner abgeglichen. Öffnen Sie einen Ordner des Telefons und wählen Sie „Diesen Ordner abgleichen …“.</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPairRow</name>
+    <message>
+        <source>Queued</source>
+        <translation>In der Warteschlange</translation>
+    </message>
+    <message>
+        <source>Sync Now</source>
+        <translation>Jetzt abgleichen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Remove This Pair</source>
+        <translation>Dieses Paar entfernen</translation>
+    </message>
+    <message>
+        <source>Stop keeping these folders in step?</source>
+        <translation>Diese Ordner nicht mehr abgleichen?</translation>
+    </message>
+    <message>
+        <source>No file is deleted on either side.</source>
+        <translation>Auf keiner Seite wird eine Datei gelöscht.</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>More</source>
+        <translation>Mehr</translation>
+    </message>
+    <message>
+        <source>Not synced yet</source>
+        <translation>Noch nicht abgeglichen</translation>
+    </message>
+    <message>
+        <source>Show What Will Happen</source>
+        <translation>Zeigen, was geschehen wird</translation>
+    </message>
+    <message>
+        <source>Reports…</source>
+        <translation>Berichte …</translation>
+    </message>
+    <message>
+        <source>Edit…</source>
+        <translation>Bearbeiten …</translation>
     </message>
 </context>
 <context>

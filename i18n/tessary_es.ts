@@ -2883,64 +2883,6 @@
     </message>
 </context>
 <context>
-    <name>tessary::SyncPairList</name>
-    <message>
-        <source>No folders are kept in step yet. Open a folder of the phone, then choose “Sync This Folder…”.</source>
-        <translation>Todavía no se sincroniza ninguna carpeta. Abre una carpeta del teléfono y elige «Sincronizar esta carpeta…».</translation>
-    </message>
-</context>
-<context>
-    <name>tessary::SyncPairRow</name>
-    <message>
-        <source>Queued</source>
-        <translation>En cola</translation>
-    </message>
-    <message>
-        <source>Sync Now</source>
-        <translation>Sincronizar ahora</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>Cancelar</translation>
-    </message>
-    <message>
-        <source>Remove This Pair</source>
-        <translation>Quitar este par</translation>
-    </message>
-    <message>
-        <source>Stop keeping these folders in step?</source>
-        <translation>¿Dejar de sincronizar estas carpetas?</translation>
-    </message>
-    <message>
-        <source>No file is deleted on either side.</source>
-        <translation>No se elimina ningún archivo en ningún lado.</translation>
-    </message>
-    <message>
-        <source>Remove</source>
-        <translation>Quitar</translation>
-    </message>
-    <message>
-        <source>More</source>
-        <translation>Más</translation>
-    </message>
-    <message>
-        <source>Not synced yet</source>
-        <translation>Aún sin sincronizar</translation>
-    </message>
-    <message>
-        <source>Show What Will Happen</source>
-        <translation>Mostrar lo que ocurrirá</translation>
-    </message>
-    <message>
-        <source>Reports…</source>
-        <translation>Informes…</translation>
-    </message>
-    <message>
-        <source>Edit…</source>
-        <translation>Editar…</translation>
-    </message>
-</context>
-<context>
     <name>tessary::SyncPairDialog</name>
     <message>
         <source>A file deleted on one side is deleted on the other, after asking</source>
@@ -3001,6 +2943,64 @@
     <message>
         <source>Save</source>
         <translation>Guardar</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPairList</name>
+    <message>
+        <source>No folders are kept in step yet. Open a folder of the phone, then choose “Sync This Folder…”.</source>
+        <translation>Todavía no se sincroniza ninguna carpeta. Abre una carpeta del teléfono y elige «Sincronizar esta carpeta…».</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPairRow</name>
+    <message>
+        <source>Queued</source>
+        <translation>En cola</translation>
+    </message>
+    <message>
+        <source>Sync Now</source>
+        <translation>Sincronizar ahora</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Remove This Pair</source>
+        <translation>Quitar este par</translation>
+    </message>
+    <message>
+        <source>Stop keeping these folders in step?</source>
+        <translation>¿Dejar de sincronizar estas carpetas?</translation>
+    </message>
+    <message>
+        <source>No file is deleted on either side.</source>
+        <translation>No se elimina ningún archivo en ningún lado.</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Quitar</translation>
+    </message>
+    <message>
+        <source>More</source>
+        <translation>Más</translation>
+    </message>
+    <message>
+        <source>Not synced yet</source>
+        <translation>Aún sin sincronizar</translation>
+    </message>
+    <message>
+        <source>Show What Will Happen</source>
+        <translation>Mostrar lo que ocurrirá</translation>
+    </message>
+    <message>
+        <source>Reports…</source>
+        <translation>Informes…</translation>
+    </message>
+    <message>
+        <source>Edit…</source>
+        <translation>Editar…</translation>
     </message>
 </context>
 <context>

@@ -2883,64 +2883,6 @@
     </message>
 </context>
 <context>
-    <name>tessary::SyncPairList</name>
-    <message>
-        <source>No folders are kept in step yet. Open a folder of the phone, then choose “Sync This Folder…”.</source>
-        <translation>Aucun dossier n’est encore synchronisé. Ouvrez un dossier du téléphone, puis choisissez «&#xa0;Synchroniser ce dossier…&#xa0;».</translation>
-    </message>
-</context>
-<context>
-    <name>tessary::SyncPairRow</name>
-    <message>
-        <source>Queued</source>
-        <translation>En attente</translation>
-    </message>
-    <message>
-        <source>Sync Now</source>
-        <translation>Synchroniser maintenant</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>Annuler</translation>
-    </message>
-    <message>
-        <source>Remove This Pair</source>
-        <translation>Retirer cette paire</translation>
-    </message>
-    <message>
-        <source>Stop keeping these folders in step?</source>
-        <translation>Ne plus synchroniser ces dossiers&#xa0;?</translation>
-    </message>
-    <message>
-        <source>No file is deleted on either side.</source>
-        <translation>Aucun fichier n’est supprimé d’un côté ni de l’autre.</translation>
-    </message>
-    <message>
-        <source>Remove</source>
-        <translation>Retirer</translation>
-    </message>
-    <message>
-        <source>More</source>
-        <translation>Plus</translation>
-    </message>
-    <message>
-        <source>Not synced yet</source>
-        <translation>Pas encore synchronisé</translation>
-    </message>
-    <message>
-        <source>Show What Will Happen</source>
-        <translation>Montrer ce qui va se passer</translation>
-    </message>
-    <message>
-        <source>Reports…</source>
-        <translation>Rapports…</translation>
-    </message>
-    <message>
-        <source>Edit…</source>
-        <translation>Modifier…</translation>
-    </message>
-</context>
-<context>
     <name>tessary::SyncPairDialog</name>
     <message>
         <source>A file deleted on one side is deleted on the other, after asking</source>
@@ -3001,6 +2943,64 @@
     <message>
         <source>Save</source>
         <translation>Enregistrer</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPairList</name>
+    <message>
+        <source>No folders are kept in step yet. Open a folder of the phone, then choose “Sync This Folder…”.</source>
+        <translation>Aucun dossier n’est encore synchronisé. Ouvrez un dossier du téléphone, puis choisissez «&#xa0;Synchroniser ce dossier…&#xa0;».</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPairRow</name>
+    <message>
+        <source>Queued</source>
+        <translation>En attente</translation>
+    </message>
+    <message>
+        <source>Sync Now</source>
+        <translation>Synchroniser maintenant</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Remove This Pair</source>
+        <translation>Retirer cette paire</translation>
+    </message>
+    <message>
+        <source>Stop keeping these folders in step?</source>
+        <translation>Ne plus synchroniser ces dossiers&#xa0;?</translation>
+    </message>
+    <message>
+        <source>No file is deleted on either side.</source>
+        <translation>Aucun fichier n’est supprimé d’un côté ni de l’autre.</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Retirer</translation>
+    </message>
+    <message>
+        <source>More</source>
+        <translation>Plus</translation>
+    </message>
+    <message>
+        <source>Not synced yet</source>
+        <translation>Pas encore synchronisé</translation>
+    </message>
+    <message>
+        <source>Show What Will Happen</source>
+        <translation>Montrer ce qui va se passer</translation>
+    </message>
+    <message>
+        <source>Reports…</source>
+        <translation>Rapports…</translation>
+    </message>
+    <message>
+        <source>Edit…</source>
+        <translation>Modifier…</translation>
     </message>
 </context>
 <context>

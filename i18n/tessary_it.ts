@@ -2883,64 +2883,6 @@
     </message>
 </context>
 <context>
-    <name>tessary::SyncPairList</name>
-    <message>
-        <source>No folders are kept in step yet. Open a folder of the phone, then choose “Sync This Folder…”.</source>
-        <translation>Nessuna cartella è ancora sincronizzata. Apri una cartella del telefono, poi scegli «Sincronizza questa cartella…».</translation>
-    </message>
-</context>
-<context>
-    <name>tessary::SyncPairRow</name>
-    <message>
-        <source>Queued</source>
-        <translation>In coda</translation>
-    </message>
-    <message>
-        <source>Sync Now</source>
-        <translation>Sincronizza ora</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>Annulla</translation>
-    </message>
-    <message>
-        <source>Remove This Pair</source>
-        <translation>Rimuovi questa coppia</translation>
-    </message>
-    <message>
-        <source>Stop keeping these folders in step?</source>
-        <translation>Non sincronizzare più queste cartelle?</translation>
-    </message>
-    <message>
-        <source>No file is deleted on either side.</source>
-        <translation>Nessun file viene eliminato, da nessuna delle due parti.</translation>
-    </message>
-    <message>
-        <source>Remove</source>
-        <translation>Rimuovi</translation>
-    </message>
-    <message>
-        <source>More</source>
-        <translation>Altro</translation>
-    </message>
-    <message>
-        <source>Not synced yet</source>
-        <translation>Non ancora sincronizzato</translation>
-    </message>
-    <message>
-        <source>Show What Will Happen</source>
-        <translation>Mostra cosa accadrà</translation>
-    </message>
-    <message>
-        <source>Reports…</source>
-        <translation>Rapporti…</translation>
-    </message>
-    <message>
-        <source>Edit…</source>
-        <translation>Modifica…</translation>
-    </message>
-</context>
-<context>
     <name>tessary::SyncPairDialog</name>
     <message>
         <source>A file deleted on one side is deleted on the other, after asking</source>
@@ -3001,6 +2943,64 @@
     <message>
         <source>Save</source>
         <translation>Salva</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPairList</name>
+    <message>
+        <source>No folders are kept in step yet. Open a folder of the phone, then choose “Sync This Folder…”.</source>
+        <translation>Nessuna cartella è ancora sincronizzata. Apri una cartella del telefono, poi scegli «Sincronizza questa cartella…».</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPairRow</name>
+    <message>
+        <source>Queued</source>
+        <translation>In coda</translation>
+    </message>
+    <message>
+        <source>Sync Now</source>
+        <translation>Sincronizza ora</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annulla</translation>
+    </message>
+    <message>
+        <source>Remove This Pair</source>
+        <translation>Rimuovi questa coppia</translation>
+    </message>
+    <message>
+        <source>Stop keeping these folders in step?</source>
+        <translation>Non sincronizzare più queste cartelle?</translation>
+    </message>
+    <message>
+        <source>No file is deleted on either side.</source>
+        <translation>Nessun file viene eliminato, da nessuna delle due parti.</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Rimuovi</translation>
+    </message>
+    <message>
+        <source>More</source>
+        <translation>Altro</translation>
+    </message>
+    <message>
+        <source>Not synced yet</source>
+        <translation>Non ancora sincronizzato</translation>
+    </message>
+    <message>
+        <source>Show What Will Happen</source>
+        <translation>Mostra cosa accadrà</translation>
+    </message>
+    <message>
+        <source>Reports…</source>
+        <translation>Rapporti…</translation>
+    </message>
+    <message>
+        <source>Edit…</source>
+        <translation>Modifica…</translation>
     </message>
 </context>
 <context>

@@ -2852,64 +2852,6 @@
     </message>
 </context>
 <context>
-    <name>tessary::SyncPairList</name>
-    <message>
-        <source>No folders are kept in step yet. Open a folder of the phone, then choose “Sync This Folder…”.</source>
-        <translation>同期しているフォルダはまだありません。デバイスのフォルダを開き、「このフォルダを同期…」を選択してください。</translation>
-    </message>
-</context>
-<context>
-    <name>tessary::SyncPairRow</name>
-    <message>
-        <source>Queued</source>
-        <translation>待機中</translation>
-    </message>
-    <message>
-        <source>Sync Now</source>
-        <translation>今すぐ同期</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>キャンセル</translation>
-    </message>
-    <message>
-        <source>Remove This Pair</source>
-        <translation>この組み合わせを取り除く</translation>
-    </message>
-    <message>
-        <source>Stop keeping these folders in step?</source>
-        <translation>これらのフォルダの同期をやめますか？</translation>
-    </message>
-    <message>
-        <source>No file is deleted on either side.</source>
-        <translation>どちらの側でもファイルは削除されません。</translation>
-    </message>
-    <message>
-        <source>Remove</source>
-        <translation>取り除く</translation>
-    </message>
-    <message>
-        <source>More</source>
-        <translation>その他</translation>
-    </message>
-    <message>
-        <source>Not synced yet</source>
-        <translation>まだ同期していません</translation>
-    </message>
-    <message>
-        <source>Show What Will Happen</source>
-        <translation>実行内容を表示</translation>
-    </message>
-    <message>
-        <source>Reports…</source>
-        <translation>レポート…</translation>
-    </message>
-    <message>
-        <source>Edit…</source>
-        <translation>編集…</translation>
-    </message>
-</context>
-<context>
     <name>tessary::SyncPairDialog</name>
     <message>
         <source>A file deleted on one side is deleted on the other, after asking</source>
@@ -2970,6 +2912,64 @@
     <message>
         <source>Save</source>
         <translation>保存</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPairList</name>
+    <message>
+        <source>No folders are kept in step yet. Open a folder of the phone, then choose “Sync This Folder…”.</source>
+        <translation>同期しているフォルダはまだありません。デバイスのフォルダを開き、「このフォルダを同期…」を選択してください。</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPairRow</name>
+    <message>
+        <source>Queued</source>
+        <translation>待機中</translation>
+    </message>
+    <message>
+        <source>Sync Now</source>
+        <translation>今すぐ同期</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Remove This Pair</source>
+        <translation>この組み合わせを取り除く</translation>
+    </message>
+    <message>
+        <source>Stop keeping these folders in step?</source>
+        <translation>これらのフォルダの同期をやめますか？</translation>
+    </message>
+    <message>
+        <source>No file is deleted on either side.</source>
+        <translation>どちらの側でもファイルは削除されません。</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>取り除く</translation>
+    </message>
+    <message>
+        <source>More</source>
+        <translation>その他</translation>
+    </message>
+    <message>
+        <source>Not synced yet</source>
+        <translation>まだ同期していません</translation>
+    </message>
+    <message>
+        <source>Show What Will Happen</source>
+        <translation>実行内容を表示</translation>
+    </message>
+    <message>
+        <source>Reports…</source>
+        <translation>レポート…</translation>
+    </message>
+    <message>
+        <source>Edit…</source>
+        <translation>編集…</translation>
     </message>
 </context>
 <context>

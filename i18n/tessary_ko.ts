@@ -2852,64 +2852,6 @@
     </message>
 </context>
 <context>
-    <name>tessary::SyncPairList</name>
-    <message>
-        <source>No folders are kept in step yet. Open a folder of the phone, then choose “Sync This Folder…”.</source>
-        <translation>아직 동기화하는 폴더가 없습니다. 휴대폰의 폴더를 열고 “이 폴더 동기화…”를 선택하세요.</translation>
-    </message>
-</context>
-<context>
-    <name>tessary::SyncPairRow</name>
-    <message>
-        <source>Queued</source>
-        <translation>대기 중</translation>
-    </message>
-    <message>
-        <source>Sync Now</source>
-        <translation>지금 동기화</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>취소</translation>
-    </message>
-    <message>
-        <source>Remove This Pair</source>
-        <translation>이 짝 제거</translation>
-    </message>
-    <message>
-        <source>Stop keeping these folders in step?</source>
-        <translation>이 폴더들의 동기화를 그만둘까요?</translation>
-    </message>
-    <message>
-        <source>No file is deleted on either side.</source>
-        <translation>어느 쪽에서도 파일이 삭제되지 않습니다.</translation>
-    </message>
-    <message>
-        <source>Remove</source>
-        <translation>제거</translation>
-    </message>
-    <message>
-        <source>More</source>
-        <translation>더 보기</translation>
-    </message>
-    <message>
-        <source>Not synced yet</source>
-        <translation>아직 동기화되지 않음</translation>
-    </message>
-    <message>
-        <source>Show What Will Happen</source>
-        <translation>실행될 내용 보기</translation>
-    </message>
-    <message>
-        <source>Reports…</source>
-        <translation>보고서…</translation>
-    </message>
-    <message>
-        <source>Edit…</source>
-        <translation>편집…</translation>
-    </message>
-</context>
-<context>
     <name>tessary::SyncPairDialog</name>
     <message>
         <source>A file deleted on one side is deleted on the other, after asking</source>
@@ -2970,6 +2912,64 @@
     <message>
         <source>Save</source>
         <translation>저장</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPairList</name>
+    <message>
+        <source>No folders are kept in step yet. Open a folder of the phone, then choose “Sync This Folder…”.</source>
+        <translation>아직 동기화하는 폴더가 없습니다. 휴대폰의 폴더를 열고 “이 폴더 동기화…”를 선택하세요.</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPairRow</name>
+    <message>
+        <source>Queued</source>
+        <translation>대기 중</translation>
+    </message>
+    <message>
+        <source>Sync Now</source>
+        <translation>지금 동기화</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>취소</translation>
+    </message>
+    <message>
+        <source>Remove This Pair</source>
+        <translation>이 짝 제거</translation>
+    </message>
+    <message>
+        <source>Stop keeping these folders in step?</source>
+        <translation>이 폴더들의 동기화를 그만둘까요?</translation>
+    </message>
+    <message>
+        <source>No file is deleted on either side.</source>
+        <translation>어느 쪽에서도 파일이 삭제되지 않습니다.</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>제거</translation>
+    </message>
+    <message>
+        <source>More</source>
+        <translation>더 보기</translation>
+    </message>
+    <message>
+        <source>Not synced yet</source>
+        <translation>아직 동기화되지 않음</translation>
+    </message>
+    <message>
+        <source>Show What Will Happen</source>
+        <translation>실행될 내용 보기</translation>
+    </message>
+    <message>
+        <source>Reports…</source>
+        <translation>보고서…</translation>
+    </message>
+    <message>
+        <source>Edit…</source>
+        <translation>편집…</translation>
     </message>
 </context>
 <context>

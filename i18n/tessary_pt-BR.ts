@@ -2883,64 +2883,6 @@
     </message>
 </context>
 <context>
-    <name>tessary::SyncPairList</name>
-    <message>
-        <source>No folders are kept in step yet. Open a folder of the phone, then choose “Sync This Folder…”.</source>
-        <translation>Nenhuma pasta é sincronizada ainda. Abra uma pasta do telefone e escolha “Sincronizar esta pasta…”.</translation>
-    </message>
-</context>
-<context>
-    <name>tessary::SyncPairRow</name>
-    <message>
-        <source>Queued</source>
-        <translation>Na fila</translation>
-    </message>
-    <message>
-        <source>Sync Now</source>
-        <translation>Sincronizar agora</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>Cancelar</translation>
-    </message>
-    <message>
-        <source>Remove This Pair</source>
-        <translation>Remover este par</translation>
-    </message>
-    <message>
-        <source>Stop keeping these folders in step?</source>
-        <translation>Parar de sincronizar estas pastas?</translation>
-    </message>
-    <message>
-        <source>No file is deleted on either side.</source>
-        <translation>Nenhum arquivo é apagado em nenhum dos lados.</translation>
-    </message>
-    <message>
-        <source>Remove</source>
-        <translation>Remover</translation>
-    </message>
-    <message>
-        <source>More</source>
-        <translation>Mais</translation>
-    </message>
-    <message>
-        <source>Not synced yet</source>
-        <translation>Ainda não sincronizado</translation>
-    </message>
-    <message>
-        <source>Show What Will Happen</source>
-        <translation>Mostrar o que vai acontecer</translation>
-    </message>
-    <message>
-        <source>Reports…</source>
-        <translation>Relatórios…</translation>
-    </message>
-    <message>
-        <source>Edit…</source>
-        <translation>Editar…</translation>
-    </message>
-</context>
-<context>
     <name>tessary::SyncPairDialog</name>
     <message>
         <source>A file deleted on one side is deleted on the other, after asking</source>
@@ -3001,6 +2943,64 @@
     <message>
         <source>Save</source>
         <translation>Salvar</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPairList</name>
+    <message>
+        <source>No folders are kept in step yet. Open a folder of the phone, then choose “Sync This Folder…”.</source>
+        <translation>Nenhuma pasta é sincronizada ainda. Abra uma pasta do telefone e escolha “Sincronizar esta pasta…”.</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPairRow</name>
+    <message>
+        <source>Queued</source>
+        <translation>Na fila</translation>
+    </message>
+    <message>
+        <source>Sync Now</source>
+        <translation>Sincronizar agora</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message>
+        <source>Remove This Pair</source>
+        <translation>Remover este par</translation>
+    </message>
+    <message>
+        <source>Stop keeping these folders in step?</source>
+        <translation>Parar de sincronizar estas pastas?</translation>
+    </message>
+    <message>
+        <source>No file is deleted on either side.</source>
+        <translation>Nenhum arquivo é apagado em nenhum dos lados.</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Remover</translation>
+    </message>
+    <message>
+        <source>More</source>
+        <translation>Mais</translation>
+    </message>
+    <message>
+        <source>Not synced yet</source>
+        <translation>Ainda não sincronizado</translation>
+    </message>
+    <message>
+        <source>Show What Will Happen</source>
+        <translation>Mostrar o que vai acontecer</translation>
+    </message>
+    <message>
+        <source>Reports…</source>
+        <translation>Relatórios…</translation>
+    </message>
+    <message>
+        <source>Edit…</source>
+        <translation>Editar…</translation>
     </message>
 </context>
 <context>

@@ -2852,64 +2852,6 @@
     </message>
 </context>
 <context>
-    <name>tessary::SyncPairList</name>
-    <message>
-        <source>No folders are kept in step yet. Open a folder of the phone, then choose “Sync This Folder…”.</source>
-        <translation>尚无同步的文件夹。请打开手机上的一个文件夹，然后选择“同步此文件夹…”。</translation>
-    </message>
-</context>
-<context>
-    <name>tessary::SyncPairRow</name>
-    <message>
-        <source>Queued</source>
-        <translation>排队中</translation>
-    </message>
-    <message>
-        <source>Sync Now</source>
-        <translation>立即同步</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>取消</translation>
-    </message>
-    <message>
-        <source>Remove This Pair</source>
-        <translation>移除此配对</translation>
-    </message>
-    <message>
-        <source>Stop keeping these folders in step?</source>
-        <translation>要停止同步这些文件夹吗？</translation>
-    </message>
-    <message>
-        <source>No file is deleted on either side.</source>
-        <translation>两侧都不会删除任何文件。</translation>
-    </message>
-    <message>
-        <source>Remove</source>
-        <translation>移除</translation>
-    </message>
-    <message>
-        <source>More</source>
-        <translation>更多</translation>
-    </message>
-    <message>
-        <source>Not synced yet</source>
-        <translation>尚未同步</translation>
-    </message>
-    <message>
-        <source>Show What Will Happen</source>
-        <translation>显示将要进行的操作</translation>
-    </message>
-    <message>
-        <source>Reports…</source>
-        <translation>报告…</translation>
-    </message>
-    <message>
-        <source>Edit…</source>
-        <translation>编辑…</translation>
-    </message>
-</context>
-<context>
     <name>tessary::SyncPairDialog</name>
     <message>
         <source>A file deleted on one side is deleted on the other, after asking</source>
@@ -2970,6 +2912,64 @@
     <message>
         <source>Save</source>
         <translation>保存</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPairList</name>
+    <message>
+        <source>No folders are kept in step yet. Open a folder of the phone, then choose “Sync This Folder…”.</source>
+        <translation>尚无同步的文件夹。请打开手机上的一个文件夹，然后选择“同步此文件夹…”。</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPairRow</name>
+    <message>
+        <source>Queued</source>
+        <translation>排队中</translation>
+    </message>
+    <message>
+        <source>Sync Now</source>
+        <translation>立即同步</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Remove This Pair</source>
+        <translation>移除此配对</translation>
+    </message>
+    <message>
+        <source>Stop keeping these folders in step?</source>
+        <translation>要停止同步这些文件夹吗？</translation>
+    </message>
+    <message>
+        <source>No file is deleted on either side.</source>
+        <translation>两侧都不会删除任何文件。</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>移除</translation>
+    </message>
+    <message>
+        <source>More</source>
+        <translation>更多</translation>
+    </message>
+    <message>
+        <source>Not synced yet</source>
+        <translation>尚未同步</translation>
+    </message>
+    <message>
+        <source>Show What Will Happen</source>
+        <translation>显示将要进行的操作</translation>
+    </message>
+    <message>
+        <source>Reports…</source>
+        <translation>报告…</translation>
+    </message>
+    <message>
+        <source>Edit…</source>
+        <translation>编辑…</translation>
     </message>
 </context>
 <context>

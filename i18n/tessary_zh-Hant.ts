@@ -2852,64 +2852,6 @@
     </message>
 </context>
 <context>
-    <name>tessary::SyncPairList</name>
-    <message>
-        <source>No folders are kept in step yet. Open a folder of the phone, then choose “Sync This Folder…”.</source>
-        <translation>尚無同步的資料夾。請打開手機上的一個資料夾，然後選擇「同步此資料夾…」。</translation>
-    </message>
-</context>
-<context>
-    <name>tessary::SyncPairRow</name>
-    <message>
-        <source>Queued</source>
-        <translation>排隊中</translation>
-    </message>
-    <message>
-        <source>Sync Now</source>
-        <translation>立即同步</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>取消</translation>
-    </message>
-    <message>
-        <source>Remove This Pair</source>
-        <translation>移除此配對</translation>
-    </message>
-    <message>
-        <source>Stop keeping these folders in step?</source>
-        <translation>要停止同步這些資料夾嗎？</translation>
-    </message>
-    <message>
-        <source>No file is deleted on either side.</source>
-        <translation>兩側都不會刪除任何檔案。</translation>
-    </message>
-    <message>
-        <source>Remove</source>
-        <translation>移除</translation>
-    </message>
-    <message>
-        <source>More</source>
-        <translation>更多</translation>
-    </message>
-    <message>
-        <source>Not synced yet</source>
-        <translation>尚未同步</translation>
-    </message>
-    <message>
-        <source>Show What Will Happen</source>
-        <translation>顯示將要進行的動作</translation>
-    </message>
-    <message>
-        <source>Reports…</source>
-        <translation>報告…</translation>
-    </message>
-    <message>
-        <source>Edit…</source>
-        <translation>編輯…</translation>
-    </message>
-</context>
-<context>
     <name>tessary::SyncPairDialog</name>
     <message>
         <source>A file deleted on one side is deleted on the other, after asking</source>
@@ -2970,6 +2912,64 @@
     <message>
         <source>Save</source>
         <translation>儲存</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPairList</name>
+    <message>
+        <source>No folders are kept in step yet. Open a folder of the phone, then choose “Sync This Folder…”.</source>
+        <translation>尚無同步的資料夾。請打開手機上的一個資料夾，然後選擇「同步此資料夾…」。</translation>
+    </message>
+</context>
+<context>
+    <name>tessary::SyncPairRow</name>
+    <message>
+        <source>Queued</source>
+        <translation>排隊中</translation>
+    </message>
+    <message>
+        <source>Sync Now</source>
+        <translation>立即同步</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Remove This Pair</source>
+        <translation>移除此配對</translation>
+    </message>
+    <message>
+        <source>Stop keeping these folders in step?</source>
+        <translation>要停止同步這些資料夾嗎？</translation>
+    </message>
+    <message>
+        <source>No file is deleted on either side.</source>
+        <translation>兩側都不會刪除任何檔案。</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>移除</translation>
+    </message>
+    <message>
+        <source>More</source>
+        <translation>更多</translation>
+    </message>
+    <message>
+        <source>Not synced yet</source>
+        <translation>尚未同步</translation>
+    </message>
+    <message>
+        <source>Show What Will Happen</source>
+        <translation>顯示將要進行的動作</translation>
+    </message>
+    <message>
+        <source>Reports…</source>
+        <translation>報告…</translation>
+    </message>
+    <message>
+        <source>Edit…</source>
+        <translation>編輯…</translation>
     </message>
 </context>
 <context>
