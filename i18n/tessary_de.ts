@@ -1921,6 +1921,10 @@
         <source>Undo Copy</source>
         <translation>Kopieren rückgängig machen</translation>
     </message>
+    <message>
+        <source>Open %1 folders, each in its own tab?</source>
+        <translation>%1 Ordner öffnen, jeden in einem eigenen Tab?</translation>
+    </message>
 </context>
 <context>
     <name>tessary::EntryDrop</name>

@@ -1921,6 +1921,10 @@
         <source>Undo Copy</source>
         <translation>Deshacer la copia</translation>
     </message>
+    <message>
+        <source>Open %1 folders, each in its own tab?</source>
+        <translation>¿Abrir %1 carpetas, cada una en su propia pestaña?</translation>
+    </message>
 </context>
 <context>
     <name>tessary::EntryDrop</name>

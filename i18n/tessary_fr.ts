@@ -1921,6 +1921,10 @@
         <source>Undo Copy</source>
         <translation>Annuler la copie</translation>
     </message>
+    <message>
+        <source>Open %1 folders, each in its own tab?</source>
+        <translation>Ouvrir %1 dossiers, chacun dans son propre onglet ?</translation>
+    </message>
 </context>
 <context>
     <name>tessary::EntryDrop</name>

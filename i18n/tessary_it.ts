@@ -1921,6 +1921,10 @@
         <source>Undo Copy</source>
         <translation>Annulla la copia</translation>
     </message>
+    <message>
+        <source>Open %1 folders, each in its own tab?</source>
+        <translation>Aprire %1 cartelle, ognuna in una propria scheda?</translation>
+    </message>
 </context>
 <context>
     <name>tessary::EntryDrop</name>

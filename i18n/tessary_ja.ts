@@ -1904,6 +1904,10 @@
         <source>Undo Copy</source>
         <translation>コピーを元に戻す</translation>
     </message>
+    <message>
+        <source>Open %1 folders, each in its own tab?</source>
+        <translation>%1 個のフォルダをそれぞれ別のタブで開きますか？</translation>
+    </message>
 </context>
 <context>
     <name>tessary::EntryDrop</name>

@@ -1904,6 +1904,10 @@
         <source>Undo Copy</source>
         <translation>복사 취소</translation>
     </message>
+    <message>
+        <source>Open %1 folders, each in its own tab?</source>
+        <translation>폴더 %1개를 각각 별도의 탭에서 열까요?</translation>
+    </message>
 </context>
 <context>
     <name>tessary::EntryDrop</name>

@@ -1921,6 +1921,10 @@
         <source>Undo Copy</source>
         <translation>Desfazer copiar</translation>
     </message>
+    <message>
+        <source>Open %1 folders, each in its own tab?</source>
+        <translation>Abrir %1 pastas, cada uma em sua própria aba?</translation>
+    </message>
 </context>
 <context>
     <name>tessary::EntryDrop</name>

@@ -1904,6 +1904,10 @@
         <source>Undo Copy</source>
         <translation>撤销复制</translation>
     </message>
+    <message>
+        <source>Open %1 folders, each in its own tab?</source>
+        <translation>要在各自的标签页中打开 %1 个文件夹吗？</translation>
+    </message>
 </context>
 <context>
     <name>tessary::EntryDrop</name>

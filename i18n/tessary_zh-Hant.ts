@@ -1904,6 +1904,10 @@
         <source>Undo Copy</source>
         <translation>復原複製</translation>
     </message>
+    <message>
+        <source>Open %1 folders, each in its own tab?</source>
+        <translation>要在各自的分頁中開啟 %1 個資料夾嗎？</translation>
+    </message>
 </context>
 <context>
     <name>tessary::EntryDrop</name>

@@ -56,7 +56,9 @@ TEST(SyncPowerCutTest, whatTheRecordNamesIsOnTheDisk) {
             GTEST_SKIP() << "no loop device can be had";
         // The phone's own files are made by the first start.
         const QString cli = QStringLiteral(TESSARY_CLI);
-        (void)ProgramRun(cli, {u"--demo-folder"_s, phones, u"devices"_s}, home.environment);
+        ASSERT_EQ(
+            ProgramRun(cli, {u"--demo-folder"_s, phones, u"devices"_s}, home.environment).status,
+            0);
         for (int n = 0; n < files; ++n)
             disk.write(u"phones/pixel/Sync/%1"_s.arg(n),
                        QByteArray(50'000, 'x') + QByteArray::number(n));

@@ -32,12 +32,12 @@ void tourSync(TourStage& stage) {
     QMetaObject::invokeMethod(
         panel, [panel] { panel->findChild<QPushButton*>(u"makePair"_s)->click(); },
         Qt::QueuedConnection);
-    QDialog* sheet = shown("syncPairSheet");
+    QDialog* form = shown("syncPairDialog");
     const QString local = stage.local().filePath(u"Documents"_s);
     QDir().mkpath(local);
-    sheet->findChild<QLineEdit*>(u"syncLocalFolder"_s)->setText(local);
+    form->findChild<QLineEdit*>(u"syncLocalFolder"_s)->setText(local);
     stage.shoot(u"sync-sheet"_s);
-    sheet->accept();
+    form->accept();
     QDialog* preview = shown("syncPreview");
     stage.waitFor("the preview", [&] { return sync.preview() && sync.preview()->plan; });
     stage.shoot(u"sync-preview"_s);
@@ -86,9 +86,9 @@ void tourSync(TourStage& stage) {
     stage.shoot(u"sync-report"_s);
     reports->reject();
     sync.requestEdit(pair);
-    sheet = shown("syncPairSheet");
+    form = shown("syncPairDialog");
     stage.shoot(u"sync-edit"_s);
-    sheet->reject();
+    form->reject();
 }
 
 } // namespace tessary

@@ -201,11 +201,16 @@ TEST_F(CopyQueueTest, aRecordSaysWhatHappenedAndGoesOn) {
     finishAll();
     {
         CopyHistory history(disk.path(s("new/history")));
-        history.add({queue.recordOf(a), queue.recordOf(d), queue.recordOf(b), queue.recordOf(a)});
+        CopyRecord ofApp = queue.recordOf(a);
+        ofApp.job.sourceApp = s("Notes");
+        ofApp.job.targetApp = s("Pages");
+        history.add({queue.recordOf(a), queue.recordOf(d), queue.recordOf(b), ofApp});
     }
     CopyHistory history(disk.path(s("new/history")));
     ASSERT_EQ(history.find({}).size(), 3U);
     EXPECT_EQ(history.find({})[0].job.id, a); // it was added last
+    EXPECT_EQ(history.find({})[0].job.sourceApp, s("Notes"));
+    EXPECT_EQ(history.find({})[0].job.targetApp, s("Pages"));
     ASSERT_EQ(history.find(s("SIDE/D ONE")).size(), 1U);
     const CopyRecord left = history.find(s("side/d one"))[0];
     EXPECT_EQ(left.job.status, Status::incomplete);

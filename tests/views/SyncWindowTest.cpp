@@ -36,7 +36,7 @@ protected:
             return false;
         })) << dialogName;
     }
-    /// The sheet of a new pair, with its folder typed in.
+    /// The form of a new pair, with its folder typed in.
     void openSheet() {
         openFolder();
         press(Qt::Key_Y, Qt::ControlModifier);
@@ -45,14 +45,14 @@ protected:
         for (QPushButton* button : panel->findChildren<QPushButton*>())
             if (button->text() == u"Sync This Folder…"_s)
                 QTest::mouseClick(button, Qt::LeftButton);
-        ASSERT_TRUE(wait([this] { return dialog("syncPairSheet") != nullptr; }));
-        auto* folder = dialog("syncPairSheet")->findChild<QLineEdit*>(u"syncLocalFolder"_s);
+        ASSERT_TRUE(wait([this] { return dialog("syncPairDialog") != nullptr; }));
+        auto* folder = dialog("syncPairDialog")->findChild<QLineEdit*>(u"syncLocalFolder"_s);
         folder->selectAll();
         QTest::keyClicks(folder, local_.path());
     }
     void makePair() {
         ASSERT_NO_FATAL_FAILURE(openSheet());
-        clickButton("syncPairSheet", u"Show What Will Happen"_s);
+        clickButton("syncPairDialog", u"Show What Will Happen"_s);
     }
     [[nodiscard]] bool hasSynced() const {
         const auto& pairs = app_->syncManager().syncPairs();
@@ -77,13 +77,13 @@ protected:
 
 TEST_F(SyncWindowTest, returnGoesOnFromTheSheetAndFromThePreview) {
     ASSERT_NO_FATAL_FAILURE(openSheet());
-    QTest::keyClick(dialog("syncPairSheet")->findChild<QLineEdit*>(u"syncLocalFolder"_s),
+    QTest::keyClick(dialog("syncPairDialog")->findChild<QLineEdit*>(u"syncLocalFolder"_s),
                     Qt::Key_Return);
     clickButton("syncPreview", u"Cancel"_s);
-    ASSERT_TRUE(wait([this] { return dialog("syncPairSheet") != nullptr; })) << "as it was";
-    EXPECT_EQ(dialog("syncPairSheet")->findChild<QLineEdit*>(u"syncLocalFolder"_s)->text(),
+    ASSERT_TRUE(wait([this] { return dialog("syncPairDialog") != nullptr; })) << "as it was";
+    EXPECT_EQ(dialog("syncPairDialog")->findChild<QLineEdit*>(u"syncLocalFolder"_s)->text(),
               local_.path());
-    clickButton("syncPairSheet", u"Show What Will Happen"_s);
+    clickButton("syncPairDialog", u"Show What Will Happen"_s);
     ASSERT_TRUE(wait([this] {
         const QDialog* shown = dialog("syncPreview");
         return shown != nullptr && shown->findChild<QTreeWidget*>()->topLevelItemCount() == 3;

@@ -15,7 +15,8 @@ namespace tessary {
 /// A folder of this program's own outside the folders that the user works in: made for this user
 /// alone (0700), and used only when its open descriptor says that it is a folder and this user's.
 /// Its parent must be such that nobody else can put something in its place. Failures are
-/// Error(LocalError::cannotMakeFolder, ::notPrivate). Thread-safe: nothing changes once it is open.
+/// Error(LocalError::cannotMakeFolder, ::notPrivate, ::nameNotUsable). Thread-safe: nothing changes
+/// once it is open.
 class PrivateFolder {
 public:
     enum class Place {

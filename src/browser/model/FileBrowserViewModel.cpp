@@ -102,6 +102,7 @@ void FileBrowserViewModel::open(std::shared_ptr<PhoneFileSystem> files,
     isConnecting_ = false;
     history_ = initialPath.isEmpty() ? left_.value(files_->identity()) : BrowserHistory();
     typed_.known().clear();
+    setSearchText({});
     folders_.open(files_->identity(), device ? device->id() : QString());
     Q_EMIT connectionChanged();
     const QString top = files_->canonicalPath(QStringLiteral("/"));

@@ -336,7 +336,7 @@ FileItem AFCFileSystem::renameTo(const FileItem& item, const QString& target, Ta
             renamesOntoTaken_ = false;
             throw Error(PhoneError::notSupported, {path}, error);
         }
-        if (replaces && status == AFCStatus::objectIsFolder)
+        if (status == AFCStatus::objectExists || (replaces && status == AFCStatus::objectIsFolder))
             throw Error(PhoneError::taken, {name}, error);
         throw;
     }

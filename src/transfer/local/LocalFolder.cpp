@@ -65,8 +65,11 @@ void makeFolders(const QString& path) {
     if (QDir().mkpath(path))
         return;
     const int reason = errno;
-    if (QFileInfo::exists(path))
-        throw Error(LocalError::notAFolder, {path});
+    QString there = path;
+    while (!QFileInfo::exists(there) && there != parentPath(there))
+        there = parentPath(there);
+    if (!QFileInfo(there).isDir())
+        throw Error(LocalError::notAFolder, {there});
     throw localFailure(LocalError::cannotMakeFolder, path, reason);
 }
 

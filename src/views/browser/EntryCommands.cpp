@@ -16,6 +16,7 @@
 #include <QDesktopServices>
 #include <QGuiApplication>
 #include <QMenu>
+#include <QMessageBox>
 #include <QUrl>
 
 #include <algorithm>
@@ -98,11 +99,23 @@ void EntryCommands::endOne() {
 }
 
 void EntryCommands::openInTab(const std::vector<FileItem>& items) const {
-    if (!openTab_ || !browser_.files())
+    constexpr qsizetype manyTabs = 20;
+    const auto files = browser_.files();
+    if (!openTab_ || !files)
         return;
+    QStringList paths;
     for (const FileItem& item : items)
         if (item.isDirectory)
-            openTab_(browser_.files()->canonicalPath(item.path));
+            paths.prepend(files->canonicalPath(item.path)); // each goes right behind this tab
+    const QPointer<const EntryCommands> self(this);
+    if (paths.size() > manyTabs &&
+        QMessageBox::question(&parent_, {},
+                              tr("Open %1 folders, each in its own tab?").arg(paths.size())) !=
+            QMessageBox::Yes)
+        return;
+    if (self && browser_.files() == files)
+        for (const QString& path : paths)
+            openTab_(path);
 }
 
 void EntryCommands::tellNotOpened(const QString& path) {

@@ -23,32 +23,30 @@ void SyncDialogs::makePair(QWidget& asker) {
     const auto draft =
         sync_.draft(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
     if (draft)
-        showSheet(*draft, asker);
+        showForm(*draft, asker);
 }
 
-void SyncDialogs::showSheet(const SyncPair& draft, QWidget& asker) {
-    auto* sheet = new SyncPairDialog(draft, SyncPairDialog::Purpose::makes, chooseFolder_, &asker);
-    sheet->setAttribute(Qt::WA_DeleteOnClose);
-    connect(sheet, &QDialog::accepted, this,
-            [this, sheet] { sync_.requestPreview(sheet->pair()); });
-    sheet->open();
+void SyncDialogs::showForm(const SyncPair& draft, QWidget& asker) {
+    auto* form = new SyncPairDialog(draft, SyncPairDialog::Purpose::makes, chooseFolder_, &asker);
+    form->setAttribute(Qt::WA_DeleteOnClose);
+    connect(form, &QDialog::accepted, this, [this, form] { sync_.requestPreview(form->pair()); });
+    form->open();
 }
 
 void SyncDialogs::editPair(const QUuid& id) {
     const SyncPair* pair = sync_.manager().pair(id);
     if (pair == nullptr)
         return;
-    auto* sheet =
-        new SyncPairDialog(*pair, SyncPairDialog::Purpose::edits, chooseFolder_, &window_);
-    sheet->setAttribute(Qt::WA_DeleteOnClose);
-    connect(sheet, &QDialog::accepted, this, [this, sheet, folder = pair->localFolderPath] {
-        SyncPair edited = sheet->pair();
+    auto* form = new SyncPairDialog(*pair, SyncPairDialog::Purpose::edits, chooseFolder_, &window_);
+    form->setAttribute(Qt::WA_DeleteOnClose);
+    connect(form, &QDialog::accepted, this, [this, form, folder = pair->localFolderPath] {
+        SyncPair edited = form->pair();
         // With another folder it is a first run again, and looked at beforehand.
         if (edited.localFolderPath != folder)
             edited.lastSyncedAt.reset();
         sync_.manager().updateSyncPair(edited);
     });
-    sheet->open();
+    form->open();
 }
 
 void SyncDialogs::showReports(const QUuid& id) {
@@ -98,7 +96,7 @@ void SyncDialogs::showPreview() {
                 return;
             SyncPair again = rejected->pair;
             again.id = QUuid::createUuid(); // a late answer is about the other
-            showSheet(again, window_);
+            showForm(again, window_);
         });
         preview_ = dialog;
     }

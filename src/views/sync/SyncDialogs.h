@@ -15,7 +15,7 @@ class QWidget;
 
 namespace tessary {
 
-/// The dialogs of the sync: the sheet that makes or edits a pair, the preview of a run, the
+/// The dialogs of the sync: the form that makes or edits a pair, the preview of a run, the
 /// question that a run waits with, and the reports. Preview and question come and go with the view
 /// model. What a run came to that began by itself is told over the desktop.
 class SyncDialogs : public QObject {
@@ -36,7 +36,7 @@ public:
     }
 
 private:
-    void showSheet(const SyncPair& draft, QWidget& asker);
+    void showForm(const SyncPair& draft, QWidget& asker);
     void editPair(const QUuid& id);
     void showReports(const QUuid& id);
     void tellOutcome(const QUuid& id);

@@ -33,7 +33,7 @@ SyncPairDialog::SyncPairDialog(SyncPair pair, Purpose purpose, ChooseFolder choo
       patterns_(new QPlainTextEdit(pair_.patterns.join(QLatin1Char('\n')))),
       sentence_(new QLabel),
       next_(nullptr) {
-    setObjectName(QStringLiteral("syncPairSheet"));
+    setObjectName(QStringLiteral("syncPairDialog"));
     setWindowTitle(purpose == Purpose::makes ? tr("Sync This Folder") : tr("Edit This Pair"));
     setMinimumWidth(520);
     folder_->setObjectName(QStringLiteral("syncLocalFolder"));
