@@ -142,7 +142,7 @@ FileItem ADBEdits::respell(const FileItem& item, const QString& newPath) {
         session_.tryRunLine(ADBSession::lineOf({"mv", "-n", from, between}) + " && " +
                                 ADBSession::lineOf({"mv", "-n", between, to}),
                             ADBSession::patience, stop_);
-    // A stop leaves nothing under the third name, but does not wait long for it.
+    // A stop that comes now leaves nothing under the third name, but does not wait long for it.
     const std::chrono::milliseconds limit =
         stop_.stop_requested() ? ADBSession::finishLimit : ADBSession::patience;
     return ADBSession::finish(limit, [&](const std::stop_token& stop) {

@@ -38,7 +38,7 @@ ADBSmallFiles::~ADBSmallFiles() {
         session_.endSync(); // what is still on its way would make the folder again
         ADBSession::finish(ADBSession::finishLimit,
                            [&](const std::stop_token& stop) { removePart(stop); });
-    } catch (const Error&) {
+    } catch (...) {
         // the failure that led here is the one to report
     }
 }

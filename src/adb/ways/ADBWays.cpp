@@ -114,9 +114,14 @@ bool ADBWays::isAddress(const QString& text) {
 std::vector<ADBDevice> ADBWays::devices() {
     std::vector<ADBDevice> all = tracker_.devices();
     const std::scoped_lock lock(mutex_);
-    for (const ADBDevice& listed : all) // from now on it is the server's
-        std::erase_if(straight_, [&](const ADBDevice& one) { return one.serial == listed.serial; });
-    all.insert(all.end(), straight_.begin(), straight_.end());
+    for (const ADBDevice& listed : all)
+        if (listed.isReady()) // from now on it is the server's
+            std::erase_if(straight_,
+                          [&](const ADBDevice& one) { return one.serial == listed.serial; });
+    for (const ADBDevice& one : straight_) {
+        std::erase_if(all, [&](const ADBDevice& listed) { return listed.serial == one.serial; });
+        all.push_back(one);
+    }
     return all;
 }
 

@@ -255,7 +255,7 @@ void AFCFileSystem::removeTree(const FileItem& item, const Call& call) {
 }
 
 void AFCFileSystem::removeBelow(const QString& path, int depth, const Call& call) {
-    if (depth > deepestFolder)
+    if (depth >= deepestFolder)
         throw Error(PhoneError::insideItself, {path});
     using Names = std::vector<QByteArray>;
     // No value once it is gone; else what it holds, as far as the phone says that.

@@ -197,6 +197,8 @@ MTPContainerHeader MTPContainerReader::receiveAnyHeader(std::chrono::millisecond
         throw MTPTransportError(MTPTransportError::Case::invalidPacketHeader);
     (void)take(MTPContainerHeader::size);
     afterData_ = header->type == MTPContainerType::data;
+    if (afterData_)
+        dataID_ = header->transactionID;
     if (header->type == MTPContainerType::response)
         callBackReads();
     return *header;
@@ -306,8 +308,8 @@ void MTPContainerReader::receivePayload(std::uint64_t size, const MTPDataSink& s
 /// this is its answer, which is left to be received. `rest` is what was still to come.
 bool MTPContainerReader::endsEarly(ByteView arrived, std::uint64_t rest) {
     const auto header = MTPPacketCodec::decodeHeader(arrived);
-    const bool isAnswer =
-        header && isResponse(*header) && header->length == arrived.size() && arrived.size() < rest;
+    const bool isAnswer = header && isResponse(*header) && header->transactionID == dataID_ &&
+                          header->length == arrived.size() && arrived.size() < rest;
     const bool isOk = isAnswer && header->code == static_cast<std::uint16_t>(MTPResponseCode::ok);
     if (arrived.empty() || isOk)
         throw MTPTransportError(MTPTransportError::Case::timeout);

@@ -69,6 +69,7 @@ private:
     Bytes incomingStream_;                 ///< read from the device, not handed out yet
     /// The last container carried data.
     bool afterData_ = false;
+    std::uint32_t dataID_ = 0; ///< transaction of the last container that did
     /// The last read was filled to its end: the transfer may go on, or end by a zero-length packet.
     bool lastReadWasFull_ = false;
     bool isGone_ = false;

@@ -172,6 +172,7 @@ void MTPContainerWriter::endDataPhase() noexcept {
             write(MTPPacketCodec::encodeHeader(outgoing_));
         } else if ((hasFailed_ || isSending()) && written_ % pipes_.connection.maxPacketSize == 0) {
             write({});
+            outgoing_.length = 0; // it has its end
         }
     } catch (const MTPTransportError&) {
         // Whatever is still wrong with the pipe, the next transaction reports.

@@ -92,7 +92,8 @@ MTPPipeState MTPUSBTransport::recover(std::uint32_t transactionID, MTPDataPhase 
     // It has the data, and is still at work with them; unless it halted the pipe at their end.
     if (state == MTPPipeState::quiet && hasData && !writer.hasFailed() && !reader.isGone())
         state = MTPPipeState::busy;
-    writer.forget();
+    if (state != MTPPipeState::busy || !bounds.stop.stop_requested())
+        writer.forget(); // else the next try goes on with it
     reader.abandon(transactionID);
     waits_ = waits;
     return state;

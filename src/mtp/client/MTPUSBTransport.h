@@ -34,7 +34,6 @@ public:
                                              const MTPStreamOptions& options) override;
     void setWaits(MTPWaits waits) override;
     void setEventReceiver(std::function<void(const MTPEvent&)> receiver) override;
-    using MTPTransport::recover;
     MTPPipeState recover(std::uint32_t transactionID, MTPDataPhase phase,
                          const MTPWaits& bounds) noexcept override;
 

@@ -267,8 +267,14 @@ bool ChildChannel::send(int descriptor, const QByteArray& message) {
     return true;
 }
 
+namespace {
+
+/// Asked at the start: an update may replace the program while it runs.
+const QString here = QFileInfo(QStringLiteral("/proc/self/exe")).canonicalPath();
+
+} // namespace
+
 QString installedHelper(const QString& name) {
-    const QString here = QFileInfo(QStringLiteral("/proc/self/exe")).canonicalPath();
     for (const char* folder : {".", "../libexec/tessary", "../bin", "../../bin"}) {
         const QFileInfo file(
             QStringLiteral("%1/%2/%3").arg(here, QString::fromLatin1(folder), name));

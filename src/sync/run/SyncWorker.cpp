@@ -299,9 +299,15 @@ SyncWorker::LoserCopy SyncWorker::loserCopy(const Action& action, bool deviceWin
             auto found = isSame ? here.findFile(name, transfer_.call()) : std::nullopt;
             if (!found)
                 continue;
-            isSame =
-                found->size == last.size &&
-                haveSameContent(lastSide->files(), last, here.files(), *found, transfer_.call());
+            try {
+                isSame = found->size == last.size &&
+                         haveSameContent(lastSide->files(), last, here.files(), *found,
+                                         transfer_.call());
+            } catch (const Error& error) {
+                if (endsCopy(error))
+                    throw;
+                isSame = false; // nobody knows: another name is free
+            }
             (onDevice ? kept.device : kept.local) = syncFileOf(*found);
             lastSide = &here;
             last = *std::move(found);

@@ -251,6 +251,8 @@ void TreeCopy::copyFileTo(const ScannedItem& scanned, Folder& target, Together& 
     if (const auto* stay = std::get_if<TargetFolder::Stay>(&decision)) {
         if (request_.removesSource && stay->same)
             finishMove(scanned, target, *stay->same);
+        else if (request_.removesSource && scanned.asked)
+            moved_.insert(*scanned.asked); // it stays, as was answered
         ++outcome_.alreadyThere;
         --progress_.totalFiles;
         progress_.totalBytes =

@@ -7,6 +7,7 @@
 #include <QSet>
 
 #include <algorithm>
+#include <iterator>
 #include <mutex>
 #include <set>
 #include <utility>
@@ -31,17 +32,13 @@ std::set<const PhoneQueue*> phonesOf(const TreeCopyRequest& request) {
     return phones;
 }
 
-/// Only what was left out is copied then. Of what lay in folders nobody was asked about a clash in
-/// the folder that was made here: both are kept.
-void goOnWithLeftOut(TreeCopyRequest& request, const std::vector<LeftOut>& leftOut) {
-    request.items.clear();
-    request.skipsSame = true;
+/// Of what was left out in folders nobody was asked about a clash in the folder that was made here:
+/// both are kept.
+void keepBothOf(TreeCopyRequest& request, const std::vector<LeftOut>& leftOut) {
     QSet<QString> fromFolders;
-    for (const LeftOut& one : leftOut) {
-        request.items.push_back(one.item);
+    for (const LeftOut& one : leftOut)
         if (!one.item.folder.isEmpty())
             fromFolders.insert(one.item.item.id());
-    }
     if (request.policy && !fromFolders.isEmpty())
         request.policy = [given = request.policy, fromFolders](const Clash& clash) {
             return fromFolders.contains(clash.coming.id()) ? ClashAnswer::keepBoth : given(clash);
@@ -195,7 +192,7 @@ void CopyQueue::startNext() {
 void CopyQueue::start(CopyJob& job) {
     const std::shared_ptr<Work> work = works_[job.id];
     work->speed = {};
-    work->mayFindBytes = work->request.skipsSame;
+    work->mayFindBytes = true;
     job.status = Status::running;
     job.error.reset();
     job.leftOut.clear();
@@ -233,12 +230,16 @@ void CopyQueue::takeOutcome(const QUuid& id, const std::shared_ptr<Work>& work,
     job->leftOut = std::move(outcome.leftOut);
     job->error = outcome.failure;
     // What goes on later knows what is there already.
-    if (end == CopyOutcome::End::incomplete && !work->request.removesSource) {
-        goOnWithLeftOut(work->request, job->leftOut);
-    } else {
+    work->request.skipsSame = true;
+    if (end == CopyOutcome::End::incomplete)
+        keepBothOf(work->request, job->leftOut);
+    // A move goes on with all that has not gone, for its folders' sake.
+    work->request.items.clear();
+    if (end == CopyOutcome::End::incomplete && !work->request.removesSource)
+        std::ranges::transform(job->leftOut, std::back_inserter(work->request.items),
+                               &LeftOut::item);
+    else
         work->request.items = std::move(outcome.items);
-        work->request.skipsSame = true;
-    }
     work->isPausing = false;
     if (isPaused) {
         job->bytesPerSecond = 0;
