@@ -37,7 +37,7 @@ Program::Program(VirtualUSBBus& bus, const QProcessEnvironment& environment, con
       browser(copies,
               {.openAndroid =
                    [this](const DeviceInfo& device) { return services.files().open(device); },
-               .staged = &staged,
+               .staged = staged,
                .clock = {},
                .openApp =
                    [this](const DeviceInfo& device, const AppInfo& app) {
