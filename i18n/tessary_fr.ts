@@ -1923,7 +1923,7 @@
     </message>
     <message>
         <source>Open %1 folders, each in its own tab?</source>
-        <translation>Ouvrir %1 dossiers, chacun dans son propre onglet ?</translation>
+        <translation>Ouvrir %1 dossiers, chacun dans son propre onglet&#xa0;?</translation>
     </message>
 </context>
 <context>

@@ -131,27 +131,38 @@ TEST_F(CopyQueueTest, whatIsPausedWaitsAndGoesOn) {
 
 /// The answers were given about other clashes than those that a second try meets.
 TEST_F(CopyQueueTest, whatWasLeftOutReplacesNothingWhenItIsTriedAgain) {
-    here.fill({{s("d/"), {}}, {s("d/e"), "the user's own"}}, noon);
-    one.memory->fail(Operation::read, s("/side/d/e"), {PhoneError::refused}, 1);
-    const QUuid id = queue.enqueue({.from = one.files(),
-                                    .to = here.files(),
-                                    .items = {{one.memory->item(s("/side/d")), s("d")}},
-                                    .folder = here.root(),
-                                    .policy = [](const Clash& clash) {
-                                        return clash.coming.isDirectory ? ClashAnswer::keepBoth
-                                                                        : ClashAnswer::replace;
-                                    }});
-    finishAll();
-    ASSERT_EQ(job(id).status, Status::incomplete);
-    here.put(s("d (2)/e"), "put there meanwhile", noon);
-    queue.goOn(id);
-    finishAll();
-    EXPECT_EQ(job(id).status, Status::done);
-    EXPECT_EQ(here.contents(), (Contents{{s("d/"), {}},
-                                         {s("d/e"), "the user's own"},
-                                         {s("d (2)/"), {}},
-                                         {s("d (2)/e"), "put there meanwhile"},
-                                         {s("d (2)/e (2)"), "e"}}));
+    for (const bool isMove : {false, true}) {
+        SCOPED_TRACE(isMove);
+        MemorySide phone(phoneCalled(isMove ? "moved from" : "copied from"));
+        DiskSide target;
+        phone.fill({{s("d/e"), "e"}, {s("d/f"), "f"}}, noon);
+        target.fill({{s("d/"), {}}, {s("d/e"), "the user's own"}}, noon);
+        phone.memory->fail(Operation::read, s("/side/d/e"), {PhoneError::refused}, 1);
+        const QUuid id = queue.enqueue({.from = phone.files(),
+                                        .to = target.files(),
+                                        .items = {{phone.memory->item(s("/side/d")), s("d")}},
+                                        .folder = target.root(),
+                                        .policy =
+                                            [](const Clash& clash) {
+                                                return clash.coming.isDirectory
+                                                           ? ClashAnswer::keepBoth
+                                                           : ClashAnswer::replace;
+                                            },
+                                        .removesSource = isMove});
+        finishAll();
+        ASSERT_EQ(job(id).status, Status::incomplete);
+        target.put(s("d (2)/e"), "put there meanwhile", noon);
+        queue.goOn(id);
+        finishAll();
+        EXPECT_EQ(job(id).status, Status::done);
+        EXPECT_EQ(target.contents(), (Contents{{s("d/"), {}},
+                                               {s("d/e"), "the user's own"},
+                                               {s("d (2)/"), {}},
+                                               {s("d (2)/e"), "put there meanwhile"},
+                                               {s("d (2)/f"), "f"},
+                                               {s("d (2)/e (2)"), "e"}}));
+        EXPECT_EQ(phone.contents().isEmpty(), isMove);
+    }
 }
 
 TEST_F(CopyQueueTest, whoGoesOnRightAfterCancellingIsNotCancelledAgain) {
