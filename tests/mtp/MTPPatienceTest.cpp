@@ -121,16 +121,27 @@ TEST_F(MTPSilenceTest, phoneThatDoesNotAnswerIsGivenUpAndFoundAgain) {
 }
 
 TEST_F(MTPSilenceTest, stopIsHeardWhileAMutePhoneIsBroughtToRest) {
-    phone().fault([](VirtualFaults& faults) { faults.sendObjectPause = 60s; });
+    std::atomic<bool> isMute = true;
+    phone().fault([&isMute](VirtualFaults& faults) {
+        faults.rewrite = [&isMute](const VirtualAnswer& answer) -> std::optional<Bytes> {
+            const bool isLast = answer.operation == static_cast<std::uint16_t>(sendObject);
+            for (auto left = 1200; isLast && isMute && left > 0; --left)
+                std::this_thread::sleep_for(10ms);
+            return std::nullopt;
+        };
+    });
     std::stop_source stop;
     std::jthread hand;
+    std::size_t given = 0;
     const auto source = [&](std::span<std::byte> buffer) {
-        if (hand.joinable())
+        if (given > 5'000'000)
             throw Error(PhoneError::changed, {u"/home/f"_s}); // the phone waits for the rest
-        hand = std::jthread([&] {
-            std::this_thread::sleep_for(500ms);
-            stop.request_stop();
-        });
+        if (given == 0)
+            hand = std::jthread([&] {
+                std::this_thread::sleep_for(1s);
+                stop.request_stop();
+            });
+        given += buffer.size();
         return buffer.size();
     };
     const auto start = Clock::now();
@@ -139,6 +150,7 @@ TEST_F(MTPSilenceTest, stopIsHeardWhileAMutePhoneIsBroughtToRest) {
               }),
               "changed");
     EXPECT_LT(Clock::now() - start, soon / 2);
+    isMute = false;
 }
 
 } // namespace
