@@ -20,10 +20,13 @@ bool askVolumes(PhoneFileSystem& from, DeviceInfo& device, const std::stop_token
     constexpr int tries = 20;
     for (int n = 0; n < tries; ++n) {
         throwIfStopped(stop);
-        if (auto live = from.liveInfo(stop)) {
+        const auto queue = from.queue();
+        const bool isFree = !queue || queue->tryTake().has_value();
+        auto live = from.liveInfo(stop);
+        if (live)
             device.volumes = std::move(live->volumes);
+        if (live || isFree) // a phone that nobody uses has no more to tell
             return true;
-        }
         std::this_thread::sleep_for(250ms);
     }
     return false;
