@@ -11,6 +11,7 @@
 #include <iterator>
 #include <numeric>
 #include <optional>
+#include <ranges>
 #include <thread>
 
 namespace tessary {
@@ -44,6 +45,24 @@ inParts(std::size_t count, const std::function<void(std::size_t begin, std::size
     for (auto& other : others)
         other.get();
     return bounds;
+}
+
+/// Puts rows in the order of a value that each has at its index, and leaves those of the same value
+/// as they are. The values go along: to look each up where it lies costs more than all comparing.
+void orderBy(const std::vector<qint64>& values, bool descending, std::vector<int>& rows) {
+    struct Row {
+        qint64 value;
+        int index;
+    };
+    std::vector<Row> sorted(rows.size());
+    const auto isBefore = [descending](const Row& left, const Row& right) {
+        return descending ? left.value > right.value : left.value < right.value;
+    };
+    std::ranges::transform(rows, sorted.begin(), [&](int index) {
+        return Row{values[static_cast<std::size_t>(index)], index};
+    });
+    std::ranges::stable_sort(sorted, isBefore);
+    std::ranges::transform(sorted, rows.begin(), &Row::index);
 }
 
 /// Tells the day here of moments, as QDate counts days. The system is asked twice for each day and
@@ -218,45 +237,26 @@ std::vector<qint64> FileListing::valuesOf(FileField field) const {
 
 std::vector<int> FileListing::ordered(const RowOrder& order) const {
     std::vector<int> rows = byName_;
-    std::stable_partition(rows.begin(), rows.end(), [this](int index) { return isFolder(index); });
     FileSortOrder comparators = order.columns;
     if (!comparators.empty() && comparators.back() == FileComparator{FileField::name, false})
         comparators.pop_back(); // they are in that order already
-    if (comparators.empty() && !order.byDay)
-        return rows;
-
-    struct Column {
-        std::vector<qint64> values;
-        bool descending;
-    };
-    std::vector<Column> columns;
+    for (const auto& [field, descending] : comparators | std::views::reverse)
+        orderBy(valuesOf(field), descending, rows);
     if (order.byDay)
-        columns.push_back({days_, order.columns != FileSortOrder{{FileField::modified, false}}});
-    for (const FileComparator& comparator : comparators)
-        columns.push_back({valuesOf(comparator.field), comparator.descending});
-    const auto isBefore = [&](int left, int right) {
-        for (const auto& [values, descending] : columns) {
-            const qint64 l = values[static_cast<std::size_t>(left)];
-            const qint64 r = values[static_cast<std::size_t>(right)];
-            if (l != r)
-                return descending ? l > r : l < r;
-        }
-        return false; // as they are, in order of name
-    };
-    const auto firstFile =
-        std::ranges::find_if_not(rows, [this](int index) { return isFolder(index); });
-    std::stable_sort(rows.begin(), firstFile, isBefore);
-    std::stable_sort(firstFile, rows.end(), isBefore);
+        orderBy(days_, order.columns != FileSortOrder{{FileField::modified, false}}, rows);
+    std::ranges::stable_partition(rows, [this](int index) { return isFolder(index); });
     return rows;
 }
 
 std::vector<int> FileListing::chosen(const std::vector<int>& from, const RowFilter& filter) const {
     const QStringMatcher wanted(folded(filter.text.trimmed()));
+    const bool withAllHidden = filter.withHidden || hiddenCount_ == 0;
+    if (withAllHidden && wanted.pattern().isEmpty())
+        return from;
     std::vector<int> rows;
     rows.reserve(from.size());
     std::ranges::copy_if(from, std::back_inserter(rows), [&](int index) {
-        return (filter.withHidden || hiddenCount_ == 0 || !isHidden(index)) &&
-               wanted.indexIn(foldedName(index)) >= 0;
+        return (withAllHidden || !isHidden(index)) && wanted.indexIn(foldedName(index)) >= 0;
     });
     return rows;
 }
