@@ -6,6 +6,7 @@
 #include "views/dialogs/ReleaseQuestion.h"
 #include "views/import/ImportView.h"
 #include "views/sync/SyncTexts.h"
+#include "views/transfers/TransferListModel.h"
 
 #include <QPointer>
 
@@ -128,7 +129,7 @@ std::optional<BannerMessage> GeneralNotices::ofCopies() {
     BannerMessage message;
     message.kind = BannerMessage::Kind::information;
     message.text = offered.size() == 1
-                       ? tr("Copying “%1” broke off.").arg(printable(offered.front().job.name))
+                       ? tr("Copying “%1” broke off.").arg(transferTitle(offered.front().job))
                        : tr("%Ln copies broke off.", nullptr, static_cast<int>(offered.size()));
     message.advice = tr("The phone is back. What has arrived is not copied again.");
     message.actions.push_back({tr("Continue Copying"), [&copies] { copies.goOnWithOffered(); }});
