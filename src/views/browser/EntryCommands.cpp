@@ -6,6 +6,7 @@
 #include "browser/model/FileListModel.h"
 #include "views/browser/BrowserActions.h"
 #include "views/browser/ShownFolder.h"
+#include "views/common/Layouts.h"
 #include "views/dialogs/DeleteQuestion.h"
 #include "views/dialogs/PreviewWindow.h"
 #include "views/dialogs/PropertiesDialog.h"
@@ -277,41 +278,23 @@ QString EntryCommands::undoText() const {
     return tr("Undo Copy");
 }
 
-void EntryCommands::addTo(QMenu& menu, const BrowserActions& actions) {
+void EntryCommands::addTo(QMenu& menu, const BrowserActions& a) {
     const auto selected = browser_.selection().entries();
     if (selected.empty()) {
-        for (QAction* action :
-             {actions.newFolder, actions.paste, actions.uploadFiles, actions.uploadFolder})
-            menu.addAction(action);
-        menu.addSeparator();
-        menu.addAction(actions.undo);
-        menu.addAction(actions.showHidden);
-        menu.addSeparator();
-        menu.addAction(actions.favorite);
-        menu.addAction(actions.reload);
+        addCommands(menu, {a.newFolder, a.paste, a.uploadFiles, a.uploadFolder, nullptr, a.undo,
+                           a.showHidden, nullptr, a.favorite, a.reload});
         return;
     }
     const bool isOneFolder = selected.size() == 1 && selected.front().isDirectory;
-    menu.addAction(actions.open);
+    menu.addAction(a.open);
     if (isOneFolder)
-        menu.addAction(actions.openInTab);
+        menu.addAction(a.openInTab);
     addOpenWith(menu);
-    menu.addAction(actions.preview);
-    menu.addAction(actions.download);
-    menu.addSeparator();
-    for (QAction* action : {actions.cut, actions.copy, actions.paste, actions.copyPath})
-        menu.addAction(action);
-    menu.addSeparator();
-    menu.addAction(actions.moveTo);
-    menu.addAction(actions.copyTo);
+    addCommands(menu, {a.preview, a.download, nullptr, a.cut, a.copy, a.paste, a.copyPath, nullptr,
+                       a.moveTo, a.copyTo});
     if (isOneFolder)
-        menu.addAction(actions.favorite);
-    menu.addSeparator();
-    menu.addAction(actions.rename);
-    menu.addAction(actions.duplicate);
-    menu.addAction(actions.remove);
-    menu.addSeparator();
-    menu.addAction(actions.properties);
+        menu.addAction(a.favorite);
+    addCommands(menu, {nullptr, a.rename, a.duplicate, a.remove, nullptr, a.properties});
 }
 
 } // namespace tessary

@@ -1,5 +1,6 @@
 #include "views/common/Layouts.h"
 
+#include <QMenu>
 #include <QVBoxLayout>
 #include <QWidget>
 
@@ -16,6 +17,15 @@ void resizeWithin(QWidget& window, const QSize& wished) {
     constexpr QSize rim(40, 60);
     const QWidget* behind = window.parentWidget();
     window.resize(behind != nullptr ? wished.boundedTo(behind->window()->size() - rim) : wished);
+}
+
+void addCommands(QMenu& menu, std::initializer_list<QAction*> commands) {
+    for (QAction* command : commands) {
+        if (command == nullptr)
+            menu.addSeparator();
+        else
+            menu.addAction(command);
+    }
 }
 
 QFont demiBold(QFont font) {

@@ -2,8 +2,12 @@
 
 #include <QFont>
 
-class QVBoxLayout;
+#include <initializer_list>
+
+class QAction;
+class QMenu;
 class QSize;
+class QVBoxLayout;
 class QWidget;
 
 namespace tessary {
@@ -14,6 +18,9 @@ namespace tessary {
 
 /// Gives a window the size that it wishes for, but less than the one that it stands in front of.
 void resizeWithin(QWidget& window, const QSize& wished);
+
+/// Adds commands to a menu; a null one stands for a line between groups.
+void addCommands(QMenu& menu, std::initializer_list<QAction*> commands);
 
 /// The font for what stands above other text.
 [[nodiscard]] QFont demiBold(QFont font);

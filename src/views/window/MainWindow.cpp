@@ -15,7 +15,6 @@
 #include "views/transfers/CopyHistoryDialog.h"
 #include "views/transfers/TransferPanel.h"
 #include "views/window/ApplicationWindows.h"
-#include "views/window/MainMenu.h"
 #include "views/window/Panes.h"
 
 #include <QAction>
@@ -121,26 +120,6 @@ QWidget* MainWindow::makeContent() {
     split_->setChildrenCollapsible(false);
     split_->setHandleWidth(1);
     return split_;
-}
-
-void MainWindow::makeMenus() {
-    MainMenuCallbacks callbacks;
-    callbacks.newWindow = [this] { openWindow(place()); };
-    callbacks.newTab = [this] { openTab(place(), true); };
-    callbacks.closeTab = [this] { closeTab(tab()); };
-    callbacks.nextTab = [this] { tabs_->step(1); };
-    callbacks.previousTab = [this] { tabs_->step(-1); };
-    callbacks.split = &panes_->toggle();
-    callbacks.columns = &browserView().columnMenu();
-    callbacks.sort = &browserView().sortMenu();
-    callbacks.showHelp = [this] { showHelp(); };
-    callbacks.showSettings = [this] { showSettings(); };
-    callbacks.showWireless = [this] { showWireless(); };
-    callbacks.showCopyHistory = [this] { showCopyHistory(); };
-    callbacks.importPhotos = importAction_;
-    callbacks.toggleFullScreen = [this] { setWindowState(windowState() ^ Qt::WindowFullScreen); };
-    callbacks.quit = [this] { quit(); };
-    makeMainMenus(*menuBar(), browserView().actions(), callbacks);
 }
 
 PhoneTab& MainWindow::tab() const {
