@@ -1,18 +1,25 @@
 #include "views/browser/BreadcrumbBar.h"
 
+#include "app/LanguageManager.h"
+#include "app/texts/DisplayNames.h"
+#include "app/texts/SharedWords.h"
 #include "base/text/Printable.h"
-#include "views/browser/PathEdit.h"
 #include "views/common/EntryDrop.h"
 #include "views/common/Layouts.h"
 #include "views/common/PlainText.h"
 
+#include <QAbstractItemView>
+#include <QCompleter>
 #include <QDropEvent>
-#include <QFontMetrics>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
-#include <QMouseEvent>
+#include <QStringListModel>
 #include <QToolButton>
+
+#include <functional>
+#include <utility>
 
 namespace tessary {
 
@@ -24,9 +31,76 @@ constexpr int partPadding = 26;   // pixels around a name, separator included
 constexpr int overflowWidth = 40; // pixels of the menu of parts, separator included
 constexpr const char* pathProperty = "path";
 
+/// A line for a path. What it may become hangs below it while the user types; Tab takes the first
+/// of that.
+class PathEdit : public QLineEdit {
+public:
+    /// `leave` is called when the path is there, or the user has turned to something else.
+    PathEdit(FileBrowserViewModel& browser, std::function<void()> leave, QWidget* parent)
+        : QLineEdit(browser.currentPath(), parent), browser_(browser), leave_(std::move(leave)) {
+        setObjectName(QStringLiteral("pathEdit"));
+        setCursor(Qt::IBeamCursor);
+        auto* completer = new QCompleter(&completions_, this);
+        // The folders are looked up by the text: the completer has nothing to leave out.
+        completer->setCompletionMode(QCompleter::UnfilteredPopupCompletion);
+        completer->setMaxVisibleItems(12);
+        setCompleter(completer);
+        connect(this, &QLineEdit::textEdited, this, [this](const QString& text) {
+            completions_.setStringList(browser_.pathCompletions(text));
+            browser_.dismissProblem(); // what was entered before counts no more
+        });
+    }
+
+protected:
+    bool event(QEvent* event) override {
+        // Before it moves the focus.
+        if (event->type() == QEvent::KeyPress &&
+            static_cast<QKeyEvent*>(event)->key() == Qt::Key_Tab) {
+            const QStringList found = browser_.pathCompletions(text());
+            if (!found.isEmpty()) {
+                setText(found.constFirst() + QLatin1Char('/'));
+                completions_.setStringList(browser_.pathCompletions(text()));
+                completer()->complete();
+                event->accept();
+                return true;
+            }
+        }
+        return QLineEdit::event(event);
+    }
+
+    void keyPressEvent(QKeyEvent* event) override {
+        const bool isCompleting = completer()->popup()->isVisible();
+        if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+            completer()->popup()->hide();
+            browser_.goToTyped(text(), [leave = leave_](bool isThere) {
+                if (isThere)
+                    leave();
+            });
+        } else if (event->key() == Qt::Key_Escape && !isCompleting) {
+            leave_();
+        } else {
+            QLineEdit::keyPressEvent(event);
+        }
+    }
+
+    void focusOutEvent(QFocusEvent* event) override {
+        QLineEdit::focusOutEvent(event);
+        // The list of completions and other windows take the focus for a while only.
+        if (event->reason() != Qt::PopupFocusReason &&
+            event->reason() != Qt::ActiveWindowFocusReason)
+            leave_();
+    }
+
+private:
+    FileBrowserViewModel& browser_;
+    const std::function<void()> leave_;
+    QStringListModel completions_;
+};
+
 } // namespace
 
-BreadcrumbBar::BreadcrumbBar(QWidget* parent) : QWidget(parent), layout_(new QHBoxLayout(this)) {
+BreadcrumbBar::BreadcrumbBar(FileBrowserViewModel& browser, const EntryDrop& drops)
+    : browser_(browser), drops_(drops), layout_(new QHBoxLayout(this)) {
     setObjectName(QStringLiteral("breadcrumbs"));
     layout_->setContentsMargins(0, 0, 0, 0);
     layout_->setSpacing(0);
@@ -34,14 +108,36 @@ BreadcrumbBar::BreadcrumbBar(QWidget* parent) : QWidget(parent), layout_(new QHB
     setMinimumHeight(30);
     setCursor(Qt::IBeamCursor);
     setAcceptDrops(true);
+    connect(&browser, &FileBrowserViewModel::pathChanged, this, &BreadcrumbBar::showPath);
+    connect(&browser, &FileBrowserViewModel::connectionChanged, this, &BreadcrumbBar::showPath);
+    keepTranslated(this, [this] { showPath(); });
 }
 
-void BreadcrumbBar::setPath(std::vector<Breadcrumb> path) {
-    const bool isOther = path != path_;
-    path_ = std::move(path);
-    if (isOther)
+void BreadcrumbBar::showPath() {
+    std::vector<Part> path;
+    const auto& device = browser_.activeDevice();
+    if (device && device->platform == DevicePlatform::iOS) {
+        path.push_back({words::apps(), {}});
+        if (!browser_.isMedia())
+            path.push_back({printable(browser_.appName()), browser_.rootPath()});
+    }
+    // The root has a name of ours, or the phone's.
+    for (const PathComponent& part : browser_.breadcrumbs())
+        path.push_back(
+            {printable(&part == &browser_.breadcrumbs().front() ? placeDisplayName(part.name)
+                                                                : part.name),
+             part.path});
+    if (std::exchange(path_, path) != path)
         stopTyping();
     rebuild();
+}
+
+void BreadcrumbBar::choose(const QString& path) {
+    if (path.isEmpty())
+        Q_EMIT appsWanted();
+    else
+        browser_.navigateTo(path);
+    Q_EMIT left();
 }
 
 void BreadcrumbBar::mousePressEvent(QMouseEvent* event) {
@@ -52,10 +148,8 @@ void BreadcrumbBar::mousePressEvent(QMouseEvent* event) {
 void BreadcrumbBar::startTyping() {
     if (edit_ == nullptr) {
         edit_ = new PathEdit(
-            {typing_.complete, typing_.enter, [this] { stopTyping(); }, typing_.changed}, this);
+            browser_, [this] { stopTyping(); }, this);
         edit_->setAccessibleName(tr("Path"));
-        edit_->setCursor(Qt::IBeamCursor);
-        edit_->setText(typing_.path());
         rebuild();
     }
     edit_->show();
@@ -64,7 +158,7 @@ void BreadcrumbBar::startTyping() {
 }
 
 void BreadcrumbBar::stopTyping() {
-    PathEdit* edit = std::exchange(edit_, nullptr);
+    QLineEdit* edit = std::exchange(edit_, nullptr);
     if (edit == nullptr)
         return;
     const bool hadFocus = edit->hasFocus();
@@ -72,7 +166,7 @@ void BreadcrumbBar::stopTyping() {
     edit->deleteLater(); // it may be what calls
     rebuild();
     if (hadFocus)
-        typing_.ended();
+        Q_EMIT left();
 }
 
 void BreadcrumbBar::resizeEvent(QResizeEvent* event) {
@@ -81,7 +175,7 @@ void BreadcrumbBar::resizeEvent(QResizeEvent* event) {
 }
 
 /// As wide as it is when it is the last one, whose name is bolder.
-int BreadcrumbBar::widthOf(const Breadcrumb& part) const {
+int BreadcrumbBar::widthOf(const Part& part) const {
     return std::min(QFontMetrics(demiBold(font())).horizontalAdvance(part.name), longestPart) +
            partPadding;
 }
@@ -122,7 +216,7 @@ void BreadcrumbBar::rebuild() {
     layout_->addStretch(1);
 }
 
-void BreadcrumbBar::addPart(const Breadcrumb& part, bool isLast, int mostWidth) {
+void BreadcrumbBar::addPart(const Part& part, bool isLast, int mostWidth) {
     auto* button = new QToolButton;
     button->setCursor(Qt::ArrowCursor);
     button->setAutoRaise(true);
@@ -136,10 +230,7 @@ void BreadcrumbBar::addPart(const Breadcrumb& part, bool isLast, int mostWidth) 
     button->setProperty(pathProperty, part.path);
     if (!part.path.isEmpty())
         button->setToolTip(plainToolTip(printable(part.path)));
-    connect(button, &QToolButton::clicked, this, [this, path = part.path] {
-        if (onChosen_)
-            onChosen_(path);
-    });
+    connect(button, &QToolButton::clicked, this, [this, path = part.path] { choose(path); });
     layout_->addWidget(button);
 }
 
@@ -158,7 +249,7 @@ void BreadcrumbBar::showTarget(QToolButton* part) {
 }
 
 void BreadcrumbBar::dragEnterEvent(QDragEnterEvent* event) {
-    if (drops_ != nullptr && drops_->isUsable(*event))
+    if (drops_.isUsable(*event))
         event->acceptProposedAction();
 }
 
@@ -166,7 +257,7 @@ void BreadcrumbBar::dragMoveEvent(QDragMoveEvent* event) {
     QToolButton* part = partAt(event->position().toPoint());
     const DropFolder folder{part == nullptr ? QString() : part->property(pathProperty).toString(),
                             {}};
-    showTarget(drops_->consider(*event, folder) ? part : nullptr);
+    showTarget(drops_.consider(*event, folder) ? part : nullptr);
 }
 
 void BreadcrumbBar::dragLeaveEvent(QDragLeaveEvent* event) {
@@ -177,7 +268,7 @@ void BreadcrumbBar::dragLeaveEvent(QDragLeaveEvent* event) {
 void BreadcrumbBar::dropEvent(QDropEvent* event) {
     showTarget(nullptr);
     if (const QToolButton* part = partAt(event->position().toPoint()))
-        drops_->drop(*event, {part->property(pathProperty).toString(), {}});
+        drops_.drop(*event, {part->property(pathProperty).toString(), {}});
     else
         event->ignore();
 }
@@ -193,10 +284,7 @@ void BreadcrumbBar::addOverflow(std::size_t first, std::size_t end) {
     button->setPopupMode(QToolButton::InstantPopup);
     auto* menu = new QMenu(button);
     for (std::size_t i = first; i < end; ++i)
-        menu->addAction(path_[i].name, this, [this, path = path_[i].path] {
-            if (onChosen_)
-                onChosen_(path);
-        });
+        menu->addAction(path_[i].name, this, [this, path = path_[i].path] { choose(path); });
     button->setMenu(menu);
     layout_->addWidget(button);
 }

@@ -41,10 +41,9 @@ int widthWith(QToolButton& button, Qt::ToolButtonStyle style) {
 } // namespace
 
 BrowserToolbar::BrowserToolbar(FileBrowserViewModel& browser, const BrowserActions& actions,
-                               QWidget* parent)
-    : QWidget(parent),
-      browser_(browser),
-      path_(new BreadcrumbBar),
+                               const EntryDrop& drops)
+    : browser_(browser),
+      path_(new BreadcrumbBar(browser, drops)),
       filter_(new QLineEdit),
       filterButton_(makeToolButton(*actions.find)),
       syncButton_(makeToolButton(*actions.sync)),
@@ -74,22 +73,8 @@ BrowserToolbar::BrowserToolbar(FileBrowserViewModel& browser, const BrowserActio
         }
         fit();
     });
-    path_->setOnChosen([this, apps = actions.apps](const QString& path) {
-        if (path.isEmpty())
-            apps->trigger();
-        else
-            browser_.navigateTo(path);
-        Q_EMIT left();
-    });
-    path_->setTyping({[this] { return browser_.currentPath(); },
-                      [this](const QString& typed) { return browser_.pathCompletions(typed); },
-                      [this](const QString& typed) {
-                          browser_.goToTyped(typed, [this](bool isThere) {
-                              if (isThere)
-                                  path_->stopTyping();
-                          });
-                      },
-                      [this] { browser_.dismissProblem(); }, [this] { Q_EMIT left(); }});
+    connect(path_, &BreadcrumbBar::left, this, &BrowserToolbar::left);
+    connect(path_, &BreadcrumbBar::appsWanted, actions.apps, &QAction::trigger);
     connect(actions.goTo, &QAction::triggered, path_, &BreadcrumbBar::startTyping);
 
     auto* uploadMenu = new QMenu(uploadButton_);

@@ -15,6 +15,7 @@ namespace tessary {
 
 struct BrowserActions;
 class BreadcrumbBar;
+class EntryDrop;
 
 /// The row above a listing: back and forward, the path, the most used commands, and a field for the
 /// filter, or for a name to search below the folder. Where there is little room first the field
@@ -24,13 +25,10 @@ class BrowserToolbar : public QWidget {
     Q_OBJECT
 
 public:
-    /// Both must outlive it.
+    /// All must outlive it; `drops` is what becomes of what is dropped on the path.
     BrowserToolbar(FileBrowserViewModel& browser, const BrowserActions& actions,
-                   QWidget* parent = nullptr);
+                   const EntryDrop& drops);
 
-    [[nodiscard]] BreadcrumbBar& path() const {
-        return *path_;
-    }
     /// Below which the sync menu opens.
     [[nodiscard]] const QWidget& syncAnchor() const;
     void clearFilter();

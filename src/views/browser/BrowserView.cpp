@@ -1,12 +1,9 @@
 #include "views/browser/BrowserView.h"
 
 #include "app/LanguageManager.h"
-#include "app/texts/DisplayNames.h"
-#include "app/texts/SharedWords.h"
 #include "base/text/ByteCount.h"
 #include "base/text/ByteFormat.h"
 #include "base/text/Printable.h"
-#include "views/browser/BreadcrumbBar.h"
 #include "views/browser/BrowserToolbar.h"
 #include "views/browser/DropMark.h"
 #include "views/browser/FolderNotice.h"
@@ -25,8 +22,9 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMenu>
-#include <QToolButton>
 #include <QVBoxLayout>
+
+#include <array>
 
 namespace tessary {
 
@@ -61,7 +59,7 @@ BrowserView::BrowserView(FileBrowserViewModel& browser, CopyDialogs dialogs,
                               EntryMimeData::Use use) { copies_.upload(paths, folder, use); },
                        [this](const EntryMimeData& entries, const QString& folder,
                               EntryMimeData::Use use) { copies_.take(entries, folder, use); }}),
-      toolbar_(new BrowserToolbar(browser, actions_)),
+      toolbar_(new BrowserToolbar(browser, actions_, drops_)),
       stack_(new PageStack),
       table_(new FileTableView(browser, model_)),
       grid_(new FileGridView(browser, model_)),
@@ -74,21 +72,19 @@ BrowserView::BrowserView(FileBrowserViewModel& browser, CopyDialogs dialogs,
     setObjectName(QStringLiteral("browserView"));
     setAcceptDrops(true);
     connectActions();
-    toolbar_->path().setDrops(&drops_);
     connect(toolbar_, &BrowserToolbar::left, this, [this] {
         stack_->currentWidget()->setFocus();
         entries_.selectFirstFound();
     });
     notice_->setFocusPolicy(Qt::StrongFocus);
-    for (QWidget* page : {static_cast<QWidget*>(table_), static_cast<QWidget*>(grid_),
-                          static_cast<QWidget*>(notice_)}) {
+    const std::array<QWidget*, 3> pages{table_, grid_, notice_};
+    for (QWidget* page : pages) {
         stack_->addWidget(page);
         page->installEventFilter(this);
         page->setContextMenuPolicy(Qt::CustomContextMenu);
         connect(page, &QWidget::customContextMenuRequested, this, &BrowserView::showContextMenu);
     }
-    for (QAbstractItemView* view :
-         {static_cast<QAbstractItemView*>(table_), static_cast<QAbstractItemView*>(grid_)}) {
+    for (QAbstractItemView* view : std::array<QAbstractItemView*, 2>{table_, grid_}) {
         connectSelection(*view, model_, browser_);
         view->viewport()->installEventFilter(this);
         connect(view, &QAbstractItemView::doubleClicked, this, &BrowserView::doubleClicked);
@@ -104,7 +100,11 @@ BrowserView::BrowserView(FileBrowserViewModel& browser, CopyDialogs dialogs,
     column->addWidget(stack_, 1);
     column->addWidget(status_);
     connectBrowser();
-    keepTranslated(this, [this] { showTexts(); });
+    keepTranslated(this, [this, pages] {
+        for (QWidget* page : pages)
+            page->setAccessibleName(tr("Files"));
+        showContent();
+    });
 }
 
 void BrowserView::connectActions() {
@@ -159,23 +159,14 @@ void BrowserView::connectActions() {
     grid_->addAction(actions_.preview);
 }
 
-void BrowserView::showTexts() {
-    table_->setAccessibleName(tr("Files"));
-    grid_->setAccessibleName(tr("Files"));
-    notice_->setAccessibleName(tr("Files"));
-    showPath();
-    showContent();
-}
-
 void BrowserView::connectBrowser() {
     const auto on = [this](auto signal, void (BrowserView::*slot)()) {
         connect(&browser_, signal, this, slot);
     };
-    on(&FileBrowserViewModel::pathChanged, &BrowserView::showPath);
+    on(&FileBrowserViewModel::pathChanged, &BrowserView::updateActions);
     on(&FileBrowserViewModel::stateChanged, &BrowserView::showContent);
     on(&FileBrowserViewModel::viewModeChanged, &BrowserView::showContent);
     on(&FileBrowserViewModel::connectionChanged, &BrowserView::showContent);
-    on(&FileBrowserViewModel::connectionChanged, &BrowserView::showPath);
     on(&FileBrowserViewModel::problemChanged, &BrowserView::showContent);
     on(&FileBrowserViewModel::searchTextChanged, &BrowserView::showContent);
     connect(&browser_.selection(), &EntrySelection::changed, this, &BrowserView::showStatus);
@@ -209,23 +200,6 @@ QMenu& BrowserView::columnMenu() const {
 
 TableColumns& BrowserView::columns() const {
     return table_->columns();
-}
-
-void BrowserView::showPath() {
-    std::vector<Breadcrumb> path;
-    if (isInApp()) {
-        path.push_back({words::apps(), {}});
-        if (!browser_.isMedia())
-            path.push_back({printable(browser_.appName()), browser_.rootPath()});
-    }
-    // The root has a name of ours, or the phone's.
-    for (const PathComponent& part : browser_.breadcrumbs())
-        path.push_back(
-            {printable(&part == &browser_.breadcrumbs().front() ? placeDisplayName(part.name)
-                                                                : part.name),
-             part.path});
-    toolbar_->path().setPath(std::move(path));
-    updateActions();
 }
 
 void BrowserView::showContent() {

@@ -86,8 +86,6 @@ protected:
 private:
     void connectActions();
     void connectBrowser();
-    void showTexts();
-    void showPath();
     void goUp();
     void doubleClicked();
     void showContent();
