@@ -2603,6 +2603,18 @@
         <source>Import Photos</source>
         <translation>Fotos importieren</translation>
     </message>
+    <message>
+        <source>This phone is locked</source>
+        <translation>Dieses Telefon ist gesperrt</translation>
+    </message>
+    <message>
+        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
+        <translation>Es zeigt seine Dateien, sobald Sie es entsperren und in seiner USB-Benachrichtigung „Dateiübertragung“ wählen. Dieses Fenster zieht von selbst nach.</translation>
+    </message>
+    <message>
+        <source>Release the Phone</source>
+        <translation>Telefon freigeben</translation>
+    </message>
 </context>
 <context>
     <name>tessary::PlaceListModel</name>
@@ -3452,21 +3464,6 @@
     <message>
         <source>Retry</source>
         <translation>Erneut versuchen</translation>
-    </message>
-</context>
-<context>
-    <name>tessary::WindowPages</name>
-    <message>
-        <source>This phone is locked</source>
-        <translation>Dieses Telefon ist gesperrt</translation>
-    </message>
-    <message>
-        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
-        <translation>Es zeigt seine Dateien, sobald Sie es entsperren und in seiner USB-Benachrichtigung „Dateiübertragung“ wählen. Dieses Fenster zieht von selbst nach.</translation>
-    </message>
-    <message>
-        <source>Release the Phone</source>
-        <translation>Telefon freigeben</translation>
     </message>
 </context>
 <context>

@@ -2603,6 +2603,18 @@
         <source>Import Photos</source>
         <translation>Importar fotos</translation>
     </message>
+    <message>
+        <source>This phone is locked</source>
+        <translation>Este teléfono está bloqueado</translation>
+    </message>
+    <message>
+        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
+        <translation>Mostrará sus archivos cuando lo desbloquees y elijas «Transferencia de archivos» en su notificación USB. Esta ventana se actualiza sola.</translation>
+    </message>
+    <message>
+        <source>Release the Phone</source>
+        <translation>Liberar el teléfono</translation>
+    </message>
 </context>
 <context>
     <name>tessary::PlaceListModel</name>
@@ -3452,21 +3464,6 @@
     <message>
         <source>Retry</source>
         <translation>Reintentar</translation>
-    </message>
-</context>
-<context>
-    <name>tessary::WindowPages</name>
-    <message>
-        <source>This phone is locked</source>
-        <translation>Este teléfono está bloqueado</translation>
-    </message>
-    <message>
-        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
-        <translation>Mostrará sus archivos cuando lo desbloquees y elijas «Transferencia de archivos» en su notificación USB. Esta ventana se actualiza sola.</translation>
-    </message>
-    <message>
-        <source>Release the Phone</source>
-        <translation>Liberar el teléfono</translation>
     </message>
 </context>
 <context>

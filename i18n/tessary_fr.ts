@@ -2603,6 +2603,18 @@
         <source>Import Photos</source>
         <translation>Importer des photos</translation>
     </message>
+    <message>
+        <source>This phone is locked</source>
+        <translation>Ce téléphone est verrouillé</translation>
+    </message>
+    <message>
+        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
+        <translation>Il montrera ses fichiers dès que vous l’aurez déverrouillé et aurez choisi «&#xa0;Transfert de fichiers&#xa0;» dans sa notification USB. Cette fenêtre suit d’elle-même.</translation>
+    </message>
+    <message>
+        <source>Release the Phone</source>
+        <translation>Libérer le téléphone</translation>
+    </message>
 </context>
 <context>
     <name>tessary::PlaceListModel</name>
@@ -3452,21 +3464,6 @@
     <message>
         <source>Retry</source>
         <translation>Réessayer</translation>
-    </message>
-</context>
-<context>
-    <name>tessary::WindowPages</name>
-    <message>
-        <source>This phone is locked</source>
-        <translation>Ce téléphone est verrouillé</translation>
-    </message>
-    <message>
-        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
-        <translation>Il montrera ses fichiers dès que vous l’aurez déverrouillé et aurez choisi «&#xa0;Transfert de fichiers&#xa0;» dans sa notification USB. Cette fenêtre suit d’elle-même.</translation>
-    </message>
-    <message>
-        <source>Release the Phone</source>
-        <translation>Libérer le téléphone</translation>
     </message>
 </context>
 <context>

@@ -2603,6 +2603,18 @@
         <source>Import Photos</source>
         <translation>Importa foto</translation>
     </message>
+    <message>
+        <source>This phone is locked</source>
+        <translation>Questo telefono è bloccato</translation>
+    </message>
+    <message>
+        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
+        <translation>Mostrerà i suoi file quando lo sbloccherai e sceglierai «Trasferimento file» nella notifica USB. Questa finestra si aggiorna da sola.</translation>
+    </message>
+    <message>
+        <source>Release the Phone</source>
+        <translation>Libera il telefono</translation>
+    </message>
 </context>
 <context>
     <name>tessary::PlaceListModel</name>
@@ -3452,21 +3464,6 @@
     <message>
         <source>Retry</source>
         <translation>Riprova</translation>
-    </message>
-</context>
-<context>
-    <name>tessary::WindowPages</name>
-    <message>
-        <source>This phone is locked</source>
-        <translation>Questo telefono è bloccato</translation>
-    </message>
-    <message>
-        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
-        <translation>Mostrerà i suoi file quando lo sbloccherai e sceglierai «Trasferimento file» nella notifica USB. Questa finestra si aggiorna da sola.</translation>
-    </message>
-    <message>
-        <source>Release the Phone</source>
-        <translation>Libera il telefono</translation>
     </message>
 </context>
 <context>

@@ -2574,6 +2574,18 @@
         <source>Import Photos</source>
         <translation>写真を取り込む</translation>
     </message>
+    <message>
+        <source>This phone is locked</source>
+        <translation>このデバイスはロックされています</translation>
+    </message>
+    <message>
+        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
+        <translation>ロックを解除し、USB の通知で「ファイル転送」を選ぶとファイルが表示されます。このウインドウは自動的に更新されます。</translation>
+    </message>
+    <message>
+        <source>Release the Phone</source>
+        <translation>デバイスを解放</translation>
+    </message>
 </context>
 <context>
     <name>tessary::PlaceListModel</name>
@@ -3414,21 +3426,6 @@
     <message>
         <source>Retry</source>
         <translation>再試行</translation>
-    </message>
-</context>
-<context>
-    <name>tessary::WindowPages</name>
-    <message>
-        <source>This phone is locked</source>
-        <translation>このデバイスはロックされています</translation>
-    </message>
-    <message>
-        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
-        <translation>ロックを解除し、USB の通知で「ファイル転送」を選ぶとファイルが表示されます。このウインドウは自動的に更新されます。</translation>
-    </message>
-    <message>
-        <source>Release the Phone</source>
-        <translation>デバイスを解放</translation>
     </message>
 </context>
 <context>

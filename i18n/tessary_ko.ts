@@ -2574,6 +2574,18 @@
         <source>Import Photos</source>
         <translation>사진 가져오기</translation>
     </message>
+    <message>
+        <source>This phone is locked</source>
+        <translation>이 휴대폰은 잠겨 있습니다</translation>
+    </message>
+    <message>
+        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
+        <translation>잠금을 해제하고 USB 알림에서 “파일 전송”을 선택하면 파일이 표시됩니다. 이 창은 자동으로 바뀝니다.</translation>
+    </message>
+    <message>
+        <source>Release the Phone</source>
+        <translation>휴대폰 연결 풀기</translation>
+    </message>
 </context>
 <context>
     <name>tessary::PlaceListModel</name>
@@ -3414,21 +3426,6 @@
     <message>
         <source>Retry</source>
         <translation>다시 시도</translation>
-    </message>
-</context>
-<context>
-    <name>tessary::WindowPages</name>
-    <message>
-        <source>This phone is locked</source>
-        <translation>이 휴대폰은 잠겨 있습니다</translation>
-    </message>
-    <message>
-        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
-        <translation>잠금을 해제하고 USB 알림에서 “파일 전송”을 선택하면 파일이 표시됩니다. 이 창은 자동으로 바뀝니다.</translation>
-    </message>
-    <message>
-        <source>Release the Phone</source>
-        <translation>휴대폰 연결 풀기</translation>
     </message>
 </context>
 <context>

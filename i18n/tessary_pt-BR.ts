@@ -2603,6 +2603,18 @@
         <source>Import Photos</source>
         <translation>Importar fotos</translation>
     </message>
+    <message>
+        <source>This phone is locked</source>
+        <translation>Este telefone está bloqueado</translation>
+    </message>
+    <message>
+        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
+        <translation>Ele mostrará seus arquivos quando você o desbloquear e escolher “Transferência de arquivos” na notificação USB. Esta janela se atualiza sozinha.</translation>
+    </message>
+    <message>
+        <source>Release the Phone</source>
+        <translation>Liberar o telefone</translation>
+    </message>
 </context>
 <context>
     <name>tessary::PlaceListModel</name>
@@ -3452,21 +3464,6 @@
     <message>
         <source>Retry</source>
         <translation>Tentar novamente</translation>
-    </message>
-</context>
-<context>
-    <name>tessary::WindowPages</name>
-    <message>
-        <source>This phone is locked</source>
-        <translation>Este telefone está bloqueado</translation>
-    </message>
-    <message>
-        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
-        <translation>Ele mostrará seus arquivos quando você o desbloquear e escolher “Transferência de arquivos” na notificação USB. Esta janela se atualiza sozinha.</translation>
-    </message>
-    <message>
-        <source>Release the Phone</source>
-        <translation>Liberar o telefone</translation>
     </message>
 </context>
 <context>

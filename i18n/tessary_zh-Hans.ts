@@ -2574,6 +2574,18 @@
         <source>Import Photos</source>
         <translation>导入照片</translation>
     </message>
+    <message>
+        <source>This phone is locked</source>
+        <translation>此手机已锁定</translation>
+    </message>
+    <message>
+        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
+        <translation>解锁手机并在其 USB 通知中选择“文件传输”后即可显示文件。此窗口会自动更新。</translation>
+    </message>
+    <message>
+        <source>Release the Phone</source>
+        <translation>释放手机</translation>
+    </message>
 </context>
 <context>
     <name>tessary::PlaceListModel</name>
@@ -3414,21 +3426,6 @@
     <message>
         <source>Retry</source>
         <translation>重试</translation>
-    </message>
-</context>
-<context>
-    <name>tessary::WindowPages</name>
-    <message>
-        <source>This phone is locked</source>
-        <translation>此手机已锁定</translation>
-    </message>
-    <message>
-        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
-        <translation>解锁手机并在其 USB 通知中选择“文件传输”后即可显示文件。此窗口会自动更新。</translation>
-    </message>
-    <message>
-        <source>Release the Phone</source>
-        <translation>释放手机</translation>
     </message>
 </context>
 <context>

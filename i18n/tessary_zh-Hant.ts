@@ -2574,6 +2574,18 @@
         <source>Import Photos</source>
         <translation>匯入照片</translation>
     </message>
+    <message>
+        <source>This phone is locked</source>
+        <translation>此手機已鎖定</translation>
+    </message>
+    <message>
+        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
+        <translation>解鎖手機並在其 USB 通知中選擇「檔案傳輸」後即可顯示檔案。此視窗會自動更新。</translation>
+    </message>
+    <message>
+        <source>Release the Phone</source>
+        <translation>釋放手機</translation>
+    </message>
 </context>
 <context>
     <name>tessary::PlaceListModel</name>
@@ -3414,21 +3426,6 @@
     <message>
         <source>Retry</source>
         <translation>重試</translation>
-    </message>
-</context>
-<context>
-    <name>tessary::WindowPages</name>
-    <message>
-        <source>This phone is locked</source>
-        <translation>此手機已鎖定</translation>
-    </message>
-    <message>
-        <source>It shows its files once you unlock it and choose “File transfer” in its USB notification. This window follows by itself.</source>
-        <translation>解鎖手機並在其 USB 通知中選擇「檔案傳輸」後即可顯示檔案。此視窗會自動更新。</translation>
-    </message>
-    <message>
-        <source>Release the Phone</source>
-        <translation>釋放手機</translation>
     </message>
 </context>
 <context>

@@ -2,10 +2,13 @@
 
 #include "app/LanguageManager.h"
 #include "app/texts/DisplayNames.h"
+#include "app/texts/ErrorText.h"
 #include "app/texts/SharedWords.h"
 #include "base/text/Printable.h"
 #include "views/browser/AppListView.h"
 #include "views/common/Layouts.h"
+#include "views/common/PageStack.h"
+#include "views/common/PlaceholderView.h"
 #include "views/common/PlainText.h"
 #include "views/import/ImportView.h"
 #include "views/phone/PhonePage.h"
@@ -14,11 +17,11 @@
 #include "views/tabs/BrowserSetups.h"
 #include "views/tabs/WelcomeView.h"
 #include "views/tabs/WindowBanner.h"
-#include "views/tabs/WindowPages.h"
 
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 namespace tessary {
@@ -31,6 +34,15 @@ bool waitedForUser(const std::optional<BrowserProblem>& problem) {
                       failure.error.is(PhoneError::notTrusted);
            });
 }
+
+/// The other pages need no room.
+class Pages : public PageStack {
+public:
+    [[nodiscard]] QSize minimumSizeHint() const override {
+        const QWidget& page = *currentWidget();
+        return page.minimumSizeHint().expandedTo(page.minimumSize());
+    }
+};
 
 } // namespace
 
@@ -47,6 +59,9 @@ PhoneTab::PhoneTab(const Shared& shared)
       importView_(new ImportView({import_, app_.copyQueue(), app_.stagedFiles(), app_.defaults()},
                                  {chooseLocalFolder, app_.setup().showInFolder})),
       phonePage_(makePhonePage()),
+      appList_(makeAppList()),
+      welcome_(new WelcomeView([&app = app_] { app.startDemo(); })),
+      notice_(new PlaceholderView),
       banner_(new WindowBanner({app_, browser_, shared_.notices, choice_})),
       pages_(makePages()) {
     // The banner comes from below: nothing moves away under the pointer.
@@ -71,17 +86,22 @@ PhoneTab::~PhoneTab() {
     delete banner_;
 }
 
-WindowPages* PhoneTab::makePages() {
-    auto* apps = new AppListView(
+AppListView* PhoneTab::makeAppList() {
+    return new AppListView(
         apps_, [this](const AppInfo& info) { choice_.openApp(info, QStringLiteral("/")); },
         [this](const AppInfo& info) {
             if (const auto device = apps_.device())
                 app_.phoneMounts().open(*device, info, {});
         },
         [this] { choice_.showPhone(); });
-    return new WindowPages(
-        {new WelcomeView([&app = app_] { app.startDemo(); }), phonePage_, apps, view_, importView_},
-        app_, browser_, choice_, *banner_);
+}
+
+PageStack* PhoneTab::makePages() {
+    auto* pages = new Pages;
+    for (QWidget* page :
+         std::array<QWidget*, 6>{welcome_, phonePage_, notice_, appList_, view_, importView_})
+        pages->addWidget(page);
+    return pages;
 }
 
 PhonePage* PhoneTab::makePhonePage() {
@@ -97,7 +117,7 @@ PhonePage* PhoneTab::makePhonePage() {
                               focusPage();
                           },
                           [this] { choice_.showApps(); }, shared_.importPhotos,
-                          [this] { banner_->releaseDevice(); }});
+                          [this] { shared_.notices.releaseDevice(*banner_); }});
 }
 
 void PhoneTab::connectBrowser() {
@@ -319,9 +339,51 @@ void PhoneTab::readAgain(const QString& deviceId) {
 /// Shows what is meant now.
 void PhoneTab::show() {
     phonePage_->showDevice(device());
-    pages_->update(shared_.keepsKeys);
+    showPage();
     banner_->update();
     Q_EMIT changed();
+}
+
+QWidget* PhoneTab::wantedPage() {
+    const auto& active = browser_.activeDevice();
+    const bool isLost = browser_.state() == BrowserState::deviceLost;
+    if (app_.deviceManager().devices().empty() && (!active || isLost))
+        return welcome_;
+    if (choice_.isImporting())
+        return importView_;
+    if (choice_.isChoosingApp() && choice_.device())
+        return appList_;
+    if (choice_.isAtPhone() && !isLost)
+        return phonePage_;
+    if (active && !isLost && active->isLocked && !app_.deviceManager().trouble(active->id())) {
+        notice_->show(QStringLiteral("object-locked"), tr("This phone is locked"),
+                      tr("It shows its files once you unlock it and choose “File transfer” in its "
+                         "USB notification. This window follows by itself."));
+        return notice_;
+    }
+    if (const auto trouble = banner_->troubleInTheWay()) {
+        const ErrorText words = errorText(trouble->error);
+        notice_->show(QStringLiteral("dialog-warning"), words.what, words.advice,
+                      trouble->isHeld() ? tr("Release the Phone") : QString(),
+                      [this] { shared_.notices.releaseDevice(*banner_); });
+        notice_->setDetails(words.details);
+        return notice_;
+    }
+    return view_;
+}
+
+/// The keys go along, unless they are at work elsewhere and were with the files before.
+void PhoneTab::showPage() {
+    const QWidget* before = pages_->currentWidget();
+    pages_->setCurrentWidget(wantedPage());
+    pages_->updateGeometry();
+    if (before == pages_->currentWidget())
+        return;
+    const QWidget* focus = window()->focusWidget();
+    if (focus != nullptr && shared_.keepsKeys(*focus) && wereFocused_)
+        return;
+    wereFocused_ = wereFocused_ || pages_->currentWidget() == view_;
+    pages_->currentWidget()->setFocus();
 }
 
 } // namespace tessary

@@ -24,10 +24,12 @@ class QAction;
 
 namespace tessary {
 
+class AppListView;
 class ImportView;
+class PageStack;
 class PhonePage;
+class PlaceholderView;
 class WindowBanner;
-class WindowPages;
 
 /// One tab of a window: a phone, and what is shown of it, with a place and a history of its own.
 class PhoneTab : public QWidget {
@@ -102,7 +104,8 @@ private:
     void connectBrowser();
     void connectChoice();
     [[nodiscard]] PhonePage* makePhonePage();
-    [[nodiscard]] WindowPages* makePages();
+    [[nodiscard]] AppListView* makeAppList();
+    [[nodiscard]] PageStack* makePages();
     [[nodiscard]] FavoriteCommands favoriteCommands();
     void troubleChanged(const QString& deviceId);
     /// What is shown could not be read before the user has done something on the phone.
@@ -113,6 +116,8 @@ private:
     void lookForAwaited();
     void goToAwaited();
     void show();
+    [[nodiscard]] QWidget* wantedPage();
+    void showPage();
 
     const Shared shared_;
     TessaryApp& app_;
@@ -129,8 +134,12 @@ private:
     BrowserView* view_;
     ImportView* importView_;
     PhonePage* phonePage_;
+    AppListView* appList_;
+    QWidget* welcome_;
+    PlaceholderView* notice_; ///< what keeps the phone's files from being shown
     WindowBanner* banner_;
-    WindowPages* pages_;
+    PageStack* pages_;         ///< of these the one that is meant
+    bool wereFocused_ = false; ///< the files had the keys once
 };
 
 } // namespace tessary

@@ -64,7 +64,8 @@ void WindowBanner::showTrouble(const DeviceTrouble& trouble) {
     message.details = words.details;
     message.canBeClosed = false;
     if (trouble.isHeld())
-        message.actions.push_back({tr("Release the Phone"), [this] { releaseDevice(); }});
+        message.actions.push_back(
+            {tr("Release the Phone"), [this] { parts_.notices.releaseDevice(*this); }});
     show(message);
 }
 
@@ -81,10 +82,6 @@ void WindowBanner::showProblem(const BrowserProblem& problem) {
                                        parts_.browser.reload();
                                    }});
     show(message);
-}
-
-void WindowBanner::releaseDevice() {
-    parts_.notices.releaseDevice(*this);
 }
 
 } // namespace tessary

@@ -5,7 +5,6 @@
 #include "views/tabs/GeneralNotices.h"
 #include "views/tabs/PhoneChoice.h"
 
-#include <functional>
 #include <optional>
 
 namespace tessary {
@@ -29,8 +28,6 @@ public:
     /// What keeps the files of the phone from being shown at all; then it stands in their place,
     /// and not in the banner.
     [[nodiscard]] std::optional<DeviceTrouble> troubleInTheWay() const;
-    /// GeneralNotices::releaseDevice().
-    void releaseDevice();
     /// Shows what there is to say now.
     void update();
 
