@@ -12,9 +12,8 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
-#include <array>
-
 #include <algorithm>
+#include <array>
 
 namespace tessary {
 
@@ -87,15 +86,15 @@ void StatusBanner::show(const BannerMessage& message) {
     message_ = message;
     const KindRow& kind = kinds[static_cast<std::size_t>(message.kind)];
     icon_->setPixmap(icon(kind.iconName).pixmap(24, 24));
-    text_->setText(message.text);
-    advice_->setText(message.advice);
-    advice_->setVisible(!message.advice.isEmpty());
-    details_->setText(message.details);
+    text_->setText(message.words.what);
+    advice_->setText(message.words.advice);
+    advice_->setVisible(!message.words.advice.isEmpty());
+    details_->setText(message.words.details);
     close_->setVisible(message.canBeClosed);
     if (!keepsButtons)
         makeButtons();
-    setAccessibleName(message.text);
-    setAccessibleDescription(message.advice);
+    setAccessibleName(message.words.what);
+    setAccessibleDescription(message.words.advice);
     applyColours();
     setVisible(true);
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/texts/ErrorText.h"
+
 #include <QFrame>
 #include <QString>
 
@@ -23,9 +25,7 @@ struct BannerAction {
 struct BannerMessage {
     enum class Kind { information, warning, error };
     Kind kind = Kind::information;
-    QString text;      ///< what happened
-    QString advice;    ///< what to do; may be empty
-    QString details{}; ///< the protocol's numbers; may be empty
+    ErrorText words{};
     std::vector<BannerAction> actions{};
     bool canBeClosed = true;
     std::function<void()> closed{}; ///< by the user

@@ -231,16 +231,14 @@ void PhonePage::showTrouble() {
     message.kind = BannerMessage::Kind::warning;
     message.canBeClosed = false;
     if (const auto trouble = parts_.devices.trouble(device_->id())) {
-        const ErrorText words = errorText(trouble->error);
-        message.text = words.what;
-        message.advice = words.advice;
-        message.details = words.details;
+        message.words = errorText(trouble->error);
         if (trouble->isHeld())
             message.actions.push_back({tr("Release the Phone"), callbacks_.releaseDevice});
     } else if (device_->isLocked) {
-        message.text = tr("This phone is locked");
-        message.advice = tr("It shows its files once you unlock it and choose “File transfer” in "
-                            "its USB notification. This window follows by itself.");
+        message.words = {tr("This phone is locked"),
+                         tr("It shows its files once you unlock it and choose “File transfer” in "
+                            "its USB notification. This window follows by itself."),
+                         {}};
     } else {
         trouble_->clear();
         return;

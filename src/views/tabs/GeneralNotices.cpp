@@ -61,7 +61,7 @@ std::optional<BannerMessage> GeneralNotices::current(bool isPhoneReadable, QWidg
     if (const auto trouble = app_.defaults().trouble(); trouble && trouble != closedTrouble_)
         return ofSettings(*trouble);
     if (notMounted_)
-        return ofMount();
+        return ofMount(*notMounted_);
     if (removal_)
         return ofRemoval(*removal_);
     if (auto notice = ofSync())
@@ -81,19 +81,20 @@ std::function<void()> GeneralNotices::closing(std::function<void()> forget) {
 }
 
 BannerMessage GeneralNotices::ofSettings(const SettingsTrouble& trouble) {
-    BannerMessage message;
-    message.kind = BannerMessage::Kind::warning;
+    BannerMessage message{.kind = BannerMessage::Kind::warning,
+                          .closed = closing([this, trouble] { closedTrouble_ = trouble; })};
     if (trouble.kind == SettingsTrouble::Kind::damaged) {
-        message.text = tr("Your settings could not be read. Tessary goes on with its own.");
-        message.advice = trouble.aside.isEmpty()
+        message.words = {tr("Your settings could not be read. Tessary goes on with its own."),
+                         trouble.aside.isEmpty()
                              ? tr("The file is damaged: %1").arg(printable(trouble.file))
-                             : tr("The damaged file was kept: %1").arg(printable(trouble.aside));
+                             : tr("The damaged file was kept: %1").arg(printable(trouble.aside)),
+                         {}};
     } else {
-        message.text = tr("Your settings could not be stored: %1").arg(printable(trouble.reason));
-        message.advice = tr("They hold until Tessary ends, and are tried again with each change.");
-        message.actions.push_back({tr("Retry"), [this] { storeSettings(); }});
+        message.words = {tr("Your settings could not be stored: %1").arg(printable(trouble.reason)),
+                         tr("They hold until Tessary ends, and are tried again with each change."),
+                         {}};
+        message.actions = {{tr("Retry"), [this] { storeSettings(); }}};
     }
-    message.closed = closing([this, trouble] { closedTrouble_ = trouble; });
     return message;
 }
 
@@ -111,14 +112,12 @@ std::optional<BannerMessage> GeneralNotices::ofSync() {
     const SyncReport* report = id ? sync_.manager().lastReport(*id) : nullptr;
     if (pair == nullptr || report == nullptr)
         return std::nullopt;
-    BannerMessage message;
-    message.kind = report->outcome == SyncReport::Outcome::failed ? BannerMessage::Kind::error
-                                                                  : BannerMessage::Kind::warning;
-    message.text = troubleText(*pair, *report);
-    message.advice = reportText(*report);
-    message.actions.push_back({tr("Show Report"), [this, id = *id] { sync_.requestReports(id); }});
-    message.closed = [this] { sync_.dismissTrouble(); };
-    return message;
+    return BannerMessage{
+        .kind = report->outcome == SyncReport::Outcome::failed ? BannerMessage::Kind::error
+                                                               : BannerMessage::Kind::warning,
+        .words = {troubleText(*pair, *report), reportText(*report), {}},
+        .actions = {{tr("Show Report"), [this, id = *id] { sync_.requestReports(id); }}},
+        .closed = [this] { sync_.dismissTrouble(); }};
 }
 
 std::optional<BannerMessage> GeneralNotices::ofCopies() {
@@ -126,15 +125,14 @@ std::optional<BannerMessage> GeneralNotices::ofCopies() {
     const std::vector<CopyRecord> offered = copies.offered();
     if (offered.empty())
         return std::nullopt;
-    BannerMessage message;
-    message.kind = BannerMessage::Kind::information;
-    message.text = offered.size() == 1
-                       ? tr("Copying “%1” broke off.").arg(transferTitle(offered.front().job))
-                       : tr("%Ln copies broke off.", nullptr, static_cast<int>(offered.size()));
-    message.advice = tr("The phone is back. What has arrived is not copied again.");
-    message.actions.push_back({tr("Continue Copying"), [&copies] { copies.goOnWithOffered(); }});
-    message.closed = [&copies] { copies.declineOffered(); };
-    return message;
+    return BannerMessage{
+        .words = {offered.size() == 1
+                      ? tr("Copying “%1” broke off.").arg(transferTitle(offered.front().job))
+                      : tr("%Ln copies broke off.", nullptr, static_cast<int>(offered.size())),
+                  tr("The phone is back. What has arrived is not copied again."),
+                  {}},
+        .actions = {{tr("Continue Copying"), [&copies] { copies.goOnWithOffered(); }}},
+        .closed = [&copies] { copies.declineOffered(); }};
 }
 
 void GeneralNotices::tellRemoval(const ImportRemoval& removal, bool isShown) {
@@ -146,34 +144,26 @@ void GeneralNotices::tellRemoval(const ImportRemoval& removal, bool isShown) {
 
 BannerMessage GeneralNotices::ofRemoval(const ImportRemoval& removal) {
     const ErrorText words = ImportView::removalText(removal);
-    BannerMessage message;
-    message.kind =
-        words.advice.isEmpty() ? BannerMessage::Kind::information : BannerMessage::Kind::warning;
-    message.text = words.what;
-    message.advice = words.advice;
-    message.details = words.details;
-    message.closed = closing([this] { removal_.reset(); });
-    return message;
+    return {.kind = words.advice.isEmpty() ? BannerMessage::Kind::information
+                                           : BannerMessage::Kind::warning,
+            .words = words,
+            .closed = closing([this] { removal_.reset(); })};
 }
 
-BannerMessage GeneralNotices::ofMount() {
-    BannerMessage message;
-    message.kind = BannerMessage::Kind::error;
-    message.text = tr("“%1” could not be opened in the file manager.").arg(printable(*notMounted_));
-    message.advice = tr("This computer mounts nothing for its users. FUSE may not be installed.");
-    message.closed = closing([this] { notMounted_.reset(); });
-    return message;
+BannerMessage GeneralNotices::ofMount(const QString& name) {
+    return {.kind = BannerMessage::Kind::error,
+            .words = {tr("“%1” could not be opened in the file manager.").arg(printable(name)),
+                      tr("This computer mounts nothing for its users. FUSE may not be installed."),
+                      {}},
+            .closed = closing([this] { notMounted_.reset(); })};
 }
 
 BannerMessage GeneralNotices::ofConflict(QWidget& window) {
-    BannerMessage message;
-    message.kind = BannerMessage::Kind::information;
-    message.text = tr("Another program on this computer opens phones, too.");
-    message.advice = tr("If a phone does not show its files here, have that program release it.");
-    message.actions.push_back(
-        {tr("Release the Phone"), [this, &window] { releaseDevice(window); }});
-    message.closed = closing([this] { isConflictClosed_ = true; });
-    return message;
+    return {.words = {tr("Another program on this computer opens phones, too."),
+                      tr("If a phone does not show its files here, have that program release it."),
+                      {}},
+            .actions = {{tr("Release the Phone"), [this, &window] { releaseDevice(window); }}},
+            .closed = closing([this] { isConflictClosed_ = true; })};
 }
 
 } // namespace tessary

@@ -45,7 +45,7 @@ private:
     [[nodiscard]] std::optional<BannerMessage> ofSync();
     [[nodiscard]] std::optional<BannerMessage> ofCopies();
     [[nodiscard]] BannerMessage ofRemoval(const ImportRemoval& removal);
-    [[nodiscard]] BannerMessage ofMount();
+    [[nodiscard]] BannerMessage ofMount(const QString& name);
     [[nodiscard]] BannerMessage ofConflict(QWidget& window);
 
     TessaryApp& app_;

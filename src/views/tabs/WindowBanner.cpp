@@ -56,13 +56,9 @@ void WindowBanner::update() {
 }
 
 void WindowBanner::showTrouble(const DeviceTrouble& trouble) {
-    const ErrorText words = errorText(trouble.error);
-    BannerMessage message;
-    message.kind = BannerMessage::Kind::warning;
-    message.text = words.what;
-    message.advice = words.advice;
-    message.details = words.details;
-    message.canBeClosed = false;
+    BannerMessage message{.kind = BannerMessage::Kind::warning,
+                          .words = errorText(trouble.error),
+                          .canBeClosed = false};
     if (trouble.isHeld())
         message.actions.push_back(
             {tr("Release the Phone"), [this] { parts_.notices.releaseDevice(*this); }});
@@ -70,12 +66,7 @@ void WindowBanner::showTrouble(const DeviceTrouble& trouble) {
 }
 
 void WindowBanner::showProblem(const BrowserProblem& problem) {
-    const ErrorText words = problemText(problem);
-    BannerMessage message;
-    message.kind = BannerMessage::Kind::error;
-    message.text = words.what;
-    message.advice = words.advice;
-    message.details = words.details;
+    BannerMessage message{.kind = BannerMessage::Kind::error, .words = problemText(problem)};
     if (parts_.browser.isProblemOfLoad())
         message.actions.push_back({tr("Retry"), [this] {
                                        parts_.browser.dismissProblem();

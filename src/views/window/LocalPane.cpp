@@ -130,14 +130,9 @@ void LocalPane::showProblem() {
             return;
         }
     }
-    const ErrorText words = problemText(*problem);
-    BannerMessage message;
-    message.kind = BannerMessage::Kind::error;
-    message.text = words.what;
-    message.advice = words.advice;
-    message.details = words.details;
-    message.closed = [this] { browser_.dismissProblem(); };
-    banner_->show(message);
+    banner_->show({.kind = BannerMessage::Kind::error,
+                   .words = problemText(*problem),
+                   .closed = [this] { browser_.dismissProblem(); }});
 }
 
 } // namespace tessary
