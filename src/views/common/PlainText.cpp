@@ -1,6 +1,8 @@
 #include "views/common/PlainText.h"
 
 #include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
 #include <QTextDocument>
 
 namespace tessary {
@@ -8,6 +10,14 @@ namespace tessary {
 void makePlain(QWidget& widget) {
     for (QLabel* label : widget.findChildren<QLabel*>())
         label->setTextFormat(Qt::PlainText);
+}
+
+bool isAgreed(QMessageBox& question, const QString& agree) {
+    const QAbstractButton* agrees = question.addButton(agree, QMessageBox::DestructiveRole);
+    question.setDefaultButton(question.addButton(QMessageBox::Cancel));
+    makePlain(question);
+    question.exec();
+    return question.clickedButton() == agrees;
 }
 
 QString plainToolTip(const QString& text) {

@@ -2,6 +2,7 @@
 
 #include <QString>
 
+class QMessageBox;
 class QWidget;
 
 namespace tessary {
@@ -10,6 +11,10 @@ namespace tessary {
 /// name that looks like HTML for it, and loads whatever picture that names. Of a message box: after
 /// its last text was set, before it is shown.
 void makePlain(QWidget& widget);
+
+/// Asks a question to which the answers are `agree` and to call it off; true when the user agrees.
+/// Runs an event loop of its own.
+[[nodiscard]] bool isAgreed(QMessageBox& question, const QString& agree);
 
 /// A text for a tool tip, which shows it as it is.
 [[nodiscard]] QString plainToolTip(const QString& text);

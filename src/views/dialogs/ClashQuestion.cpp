@@ -107,12 +107,7 @@ bool askAboutSpace(QWidget* parent, const PreparedCopy& copy, const CopyAnswers&
                               : ClashQuestion::tr("It needs %1, and %2 are free in “%3”.");
     question.setInformativeText(
         words.arg(formatBytes(needed), formatBytes(*free), printable(copy.targetName)));
-    QAbstractButton* goOn =
-        question.addButton(ClashQuestion::tr("Copy Anyway"), QMessageBox::DestructiveRole);
-    question.setDefaultButton(question.addButton(QMessageBox::Cancel));
-    makePlain(question);
-    question.exec();
-    return question.clickedButton() == goOn;
+    return isAgreed(question, ClashQuestion::tr("Copy Anyway"));
 }
 
 } // namespace tessary

@@ -7,7 +7,6 @@
 
 #include <QCoreApplication>
 #include <QMessageBox>
-#include <QPushButton>
 
 #include <algorithm>
 #include <limits>
@@ -91,10 +90,6 @@ bool askToDelete(QWidget& parent, const std::shared_ptr<PhoneFileSystem>& files,
                                    "missing there.");
     body << whatFollows(where, static_cast<int>(items.size()));
     question.setInformativeText(body.join(QLatin1Char('\n')));
-    const QAbstractButton* remove =
-        question.addButton(DeleteQuestion::tr("Delete"), QMessageBox::DestructiveRole);
-    question.setDefaultButton(question.addButton(QMessageBox::Cancel));
-    makePlain(question);
     std::stop_source counting(std::nostopstate);
     if (items.size() == 1 && items.front().isDirectory)
         counting = runInBackground(
@@ -106,9 +101,9 @@ bool askToDelete(QWidget& parent, const std::shared_ptr<PhoneFileSystem>& files,
                 if (result.succeeded())
                     sayWhatIsInside(question, items.front(), result.take());
             });
-    question.exec();
+    const bool agrees = isAgreed(question, DeleteQuestion::tr("Delete"));
     counting.request_stop();
-    return question.clickedButton() == remove;
+    return agrees;
 }
 
 } // namespace tessary

@@ -347,11 +347,7 @@ void ImportView::askAndRemove() {
                         QLatin1Char(' ')
                   : QString()) +
         tr("Each copy on this computer is read once more before. This cannot be undone."));
-    QAbstractButton* remove = question.addButton(tr("Delete"), QMessageBox::DestructiveRole);
-    question.setDefaultButton(question.addButton(QMessageBox::Cancel));
-    makePlain(question);
-    question.exec();
-    if (question.clickedButton() == remove)
+    if (isAgreed(question, tr("Delete")))
         import_.removeFromPhone();
 }
 

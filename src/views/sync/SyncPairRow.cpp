@@ -13,7 +13,6 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QProgressBar>
-#include <QPushButton>
 #include <QToolButton>
 
 namespace tessary {
@@ -170,11 +169,7 @@ void SyncPairRow::remove() {
                          tr("Stop keeping these folders in step?"), QMessageBox::NoButton,
                          window());
     question.setInformativeText(tr("No file is deleted on either side."));
-    QAbstractButton* yes = question.addButton(tr("Remove"), QMessageBox::DestructiveRole);
-    question.setDefaultButton(question.addButton(QMessageBox::Cancel));
-    makePlain(question);
-    question.exec();
-    if (question.clickedButton() == yes)
+    if (isAgreed(question, tr("Remove")))
         manager.removeSyncPair(id);
 }
 

@@ -3,14 +3,55 @@
 #include "base/text/Printable.h"
 #include "base/threads/Background.h"
 #include "base/threads/MainThread.h"
-#include "views/dialogs/ReleaseQuestion.h"
+#include "views/common/PlainText.h"
 #include "views/import/ImportView.h"
 #include "views/sync/SyncTexts.h"
 #include "views/transfers/TransferListModel.h"
 
+#include <QCoreApplication>
+#include <QMessageBox>
 #include <QPointer>
+#include <QPushButton>
 
 namespace tessary {
+
+namespace {
+
+/// The context of the question's texts.
+class ReleaseQuestion {
+    Q_DECLARE_TR_FUNCTIONS(ReleaseQuestion)
+};
+
+/// Asks in `window` whether these programs may be ended for a phone's sake, and says what they may
+/// lose. Returns at once, and calls `agreed` if it comes to that; nothing new is asked while the
+/// question is open.
+void askToEndPrograms(QWidget& window, const QStringList& names, std::function<void()> agreed) {
+    const QString name = QStringLiteral("releaseQuestion");
+    if (window.findChild<QMessageBox*>(name) != nullptr)
+        return;
+    auto* question =
+        new QMessageBox(QMessageBox::Warning, ReleaseQuestion::tr("Release the Phone"),
+                        ReleaseQuestion::tr("To release the phone, these programs are ended: %1")
+                            .arg(printable(names.join(QStringLiteral(", ")))),
+                        QMessageBox::NoButton, &window);
+    question->setObjectName(name);
+    question->setAttribute(Qt::WA_DeleteOnClose);
+    question->setInformativeText(ReleaseQuestion::tr(
+        "What they are copying breaks off, and the folders of phones that they show close. Changes "
+        "to files on a phone that are not saved yet may be lost."));
+    const QAbstractButton* end =
+        question->addButton(ReleaseQuestion::tr("End Programs"), QMessageBox::DestructiveRole);
+    question->setDefaultButton(question->addButton(QMessageBox::Cancel));
+    makePlain(*question);
+    QObject::connect(question, &QMessageBox::finished, question,
+                     [question, end, agreed = std::move(agreed)] {
+                         if (question->clickedButton() == end)
+                             agreed();
+                     });
+    question->open();
+}
+
+} // namespace
 
 GeneralNotices::GeneralNotices(TessaryApp& app, SyncViewModel& sync) : app_(app), sync_(sync) {
     connect(&sync, &SyncViewModel::troubleChanged, this, &GeneralNotices::changed);

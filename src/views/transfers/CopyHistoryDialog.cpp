@@ -204,11 +204,7 @@ void CopyHistoryDialog::askToForget() {
                          tr("Forget which copies were made?"), QMessageBox::NoButton, this);
     question.setInformativeText(tr("The copied files stay. Copies that broke off are not offered "
                                    "again."));
-    QAbstractButton* forget = question.addButton(tr("Clear History"), QMessageBox::DestructiveRole);
-    question.setDefaultButton(question.addButton(QMessageBox::Cancel));
-    makePlain(question);
-    question.exec();
-    if (question.clickedButton() == forget)
+    if (isAgreed(question, tr("Clear History")))
         copies_.forgetAll();
 }
 

@@ -24,7 +24,6 @@
 #include <QListView>
 #include <QMenuBar>
 #include <QMessageBox>
-#include <QPushButton>
 #include <QScopedValueRollback>
 #include <QShowEvent>
 #include <QSplitter>
@@ -342,11 +341,7 @@ bool MainWindow::mayEnd(bool endsAll, bool endsChanges) {
         question.setInformativeText(tr("Quitting cancels this. What has arrived whole stays."));
     else
         question.setInformativeText(tr("Quitting stops this. What is done stays done."));
-    QAbstractButton* agree = question.addButton(end, QMessageBox::DestructiveRole);
-    question.setDefaultButton(question.addButton(QMessageBox::Cancel));
-    makePlain(question);
-    question.exec();
-    return question.clickedButton() == agree;
+    return isAgreed(question, end);
 }
 
 void MainWindow::quit() {
