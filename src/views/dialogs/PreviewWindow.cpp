@@ -57,14 +57,9 @@ void name(QToolButton& button, const QString& text) {
 
 PreviewWindow::PreviewWindow(FileBrowserViewModel& browser, std::function<int()> columns,
                              QWidget* parent)
-    : PreviewWindow(browser, std::move(columns), PictureDecoder(), parent) {}
-
-PreviewWindow::PreviewWindow(FileBrowserViewModel& browser, std::function<int()> columns,
-                             PictureDecoder decoder, QWidget* parent)
     : QDialog(parent),
       browser_(browser),
       columns_(std::move(columns)),
-      decoder_(std::move(decoder)),
       stack_(new PageStack),
       facts_(new FactsView),
       picture_(new PictureView),
@@ -320,7 +315,7 @@ bool PreviewWindow::handleKey(const QKeyEvent& event) {
     const auto keys = event.modifiers() & ~Qt::KeypadModifier;
     if (keys != Qt::NoModifier)
         return false;
-    const int columns = columns_ ? std::max(columns_(), 1) : 1;
+    const int columns = columns_();
     switch (event.key()) {
     case Qt::Key_Space:
     case Qt::Key_Escape:

@@ -32,10 +32,7 @@ class PreviewWindow : public QDialog {
 public:
     /// `browser` must outlive the window. `columns` tells how many entries stand beside one
     /// another in the listing.
-    PreviewWindow(FileBrowserViewModel& browser, std::function<int()> columns,
-                  PictureDecoder decoder, QWidget* parent = nullptr);
-    PreviewWindow(FileBrowserViewModel& browser, std::function<int()> columns,
-                  QWidget* parent = nullptr);
+    PreviewWindow(FileBrowserViewModel& browser, std::function<int()> columns, QWidget* parent);
 
     /// Opens the window on the current entry, or closes it.
     void toggle();

@@ -68,7 +68,7 @@ ImportView::ImportView(const Setup& setup, Callbacks callbacks, QWidget* parent)
       callbacks_(std::move(callbacks)),
       photos_(new PhotoListModel(setup.import, this)),
       thumbnails_(new ThumbnailStore(sourceOf(setup.import, setup.queue),
-                                     PhotoDelegate::pictureSide, {.copies = &setup.copies}, this)),
+                                     PhotoDelegate::pictureSide, setup.copies, this)),
       title_(new QLabel),
       all_(new QCheckBox),
       stack_(new PageStack),

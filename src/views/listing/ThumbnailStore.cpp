@@ -81,14 +81,7 @@ ThumbnailSource sourceOf(FileBrowserViewModel& browser) {
 } // namespace
 
 ThumbnailStore::ThumbnailStore(FileBrowserViewModel& browser, int side, QObject* parent)
-    : ThumbnailStore(browser, side, Setup{}, parent) {}
-
-ThumbnailStore::ThumbnailStore(FileBrowserViewModel& browser, int side, Setup setup,
-                               QObject* parent)
-    : ThumbnailStore(sourceOf(browser), side,
-                     {std::move(setup.decoder), setup.disk,
-                      setup.copies != nullptr ? setup.copies : &browser.stagedFiles()},
-                     parent) {
+    : ThumbnailStore(sourceOf(browser), side, browser.stagedFiles(), parent) {
     connect(&browser, &FileBrowserViewModel::pathChanged, this, &ThumbnailStore::startOver);
     connect(&browser, &FileBrowserViewModel::connectionChanged, this, &ThumbnailStore::startOver);
     connect(&browser, &FileBrowserViewModel::stateChanged, this, [this, &browser] {
@@ -100,13 +93,12 @@ ThumbnailStore::ThumbnailStore(FileBrowserViewModel& browser, int side, Setup se
     connect(&browser.queue(), &CopyQueue::summaryChanged, this, &ThumbnailStore::pauseOrGoOn);
 }
 
-ThumbnailStore::ThumbnailStore(ThumbnailSource source, int side, Setup setup, QObject* parent)
+ThumbnailStore::ThumbnailStore(ThumbnailSource source, int side, StagedFiles& copies,
+                               QObject* parent)
     : QObject(parent),
       source_(std::move(source)),
       side_(side),
-      decoder_(std::move(setup.decoder)),
-      disk_(setup.disk != nullptr ? *setup.disk : ThumbnailCache::shared()),
-      copies_(*setup.copies),
+      copies_(copies),
       pixmaps_(memoryLimit) {}
 
 ThumbnailStore::~ThumbnailStore() {

@@ -35,18 +35,13 @@ class ThumbnailStore : public QObject {
     Q_OBJECT
 
 public:
-    /// The collaborators; each outlives the store.
-    struct Setup {
-        PictureDecoder decoder = PictureDecoder();
-        ThumbnailCache* disk = nullptr; ///< null: the shared one
-        StagedFiles* copies = nullptr;  ///< null: the browser's; never null for another source
-    };
-
-    /// `side` is the longest side of a thumbnail in device-independent pixels.
-    ThumbnailStore(FileBrowserViewModel& browser, int side, Setup setup, QObject* parent = nullptr);
+    /// `side` is the longest side of a thumbnail in device-independent pixels. `browser` outlives
+    /// the store.
     ThumbnailStore(FileBrowserViewModel& browser, int side, QObject* parent = nullptr);
-    /// Whoever makes it calls startOver() and pauseOrGoOn().
-    ThumbnailStore(ThumbnailSource source, int side, Setup setup, QObject* parent = nullptr);
+    /// Whoever makes it calls startOver() and pauseOrGoOn(). `copies`, where files are fetched to,
+    /// outlive it.
+    ThumbnailStore(ThumbnailSource source, int side, StagedFiles& copies,
+                   QObject* parent = nullptr);
     ~ThumbnailStore() override;
 
     /// The thumbnail of an entry of the folder shown, at `scale` device pixels a pixel. Null when
@@ -98,7 +93,7 @@ private:
     const ThumbnailSource source_;
     int side_;
     const PictureDecoder decoder_;
-    ThumbnailCache& disk_;
+    ThumbnailCache& disk_ = ThumbnailCache::shared();
     StagedFiles& copies_;
     std::function<bool(const QString& id)> isVisible_;
 
