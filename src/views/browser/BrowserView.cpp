@@ -45,16 +45,19 @@ QString selectionText(const std::vector<FileItem>& items) {
 } // namespace
 
 BrowserView::BrowserView(FileBrowserViewModel& browser, CopyDialogs dialogs,
-                         OpenLocalFile openLocalFile, QWidget* parent)
-    : QWidget(parent),
-      browser_(browser),
+                         OpenLocalFile openLocalFile, std::optional<Surroundings> surroundings)
+    : browser_(browser),
+      surroundings_(std::move(surroundings)),
       model_(browser),
       sortMenu_(browser, model_),
       copies_(browser, std::move(dialogs), *this),
       entries_(browser,
                {[this]() -> QAbstractItemView& { return currentListing(); },
-                [this] { return browser_.viewMode() == ViewMode::grid ? grid_->columns() : 1; }},
-               std::move(openLocalFile), *this),
+                [this] { return browser_.viewMode() == ViewMode::grid ? grid_->columns() : 1; },
+                std::move(openLocalFile),
+                surroundings_ ? surroundings_->favorites : FavoriteCommands{},
+                surroundings_ ? surroundings_->openTab : nullptr},
+               *this),
       drops_(browser, {[this](const QStringList& paths, const QString& folder,
                               EntryMimeData::Use use) { copies_.upload(paths, folder, use); },
                        [this](const EntryMimeData& entries, const QString& folder,
@@ -117,7 +120,6 @@ void BrowserView::connectActions() {
     on(actions_.reload, [this] { browser_.reload(); });
     on(actions_.open, [this] { entries_.open(); });
     on(actions_.openInTab, [this] { entries_.openInTab(browser_.selection().entries()); });
-    actions_.openInTab->setVisible(false);
     on(actions_.newFolder, [this] { browser_.createFolder(); });
     on(actions_.rename, [this] { entries_.rename(); });
     on(actions_.remove, [this] { entries_.remove(); });
@@ -145,16 +147,16 @@ void BrowserView::connectActions() {
     on(actions_.selectDay, [this] { grid_->selectDay(); });
     on(actions_.showHidden, [this] { browser_.setShowsHidden(!browser_.showsHidden()); });
     on(actions_.favorite, [this] { entries_.toggleFavorite(); });
-    on(actions_.apps, [this] {
-        if (showApps_)
-            showApps_();
-    });
-    on(actions_.sync, [this] {
-        if (showSync_)
-            showSync_(toolbar_->syncAnchor());
-    });
     on(actions_.preview, [this] { entries_.preview(); });
     on(actions_.properties, [this] { entries_.showProperties(); });
+    if (surroundings_) {
+        on(actions_.apps, surroundings_->showApps);
+        on(actions_.sync, [this] { surroundings_->showSync(toolbar_->syncAnchor()); });
+    } else {
+        for (QAction* action : {actions_.openInTab, actions_.download, actions_.uploadFiles,
+                                actions_.uploadFolder, actions_.sync, actions_.favorite})
+            action->setVisible(false);
+    }
     table_->addAction(actions_.preview);
     grid_->addAction(actions_.preview);
 }
@@ -243,16 +245,12 @@ void BrowserView::showStatus() {
     updateActions();
 }
 
-void BrowserView::setShowApps(std::function<void()> showApps) {
-    showApps_ = std::move(showApps);
-}
-
 /// Above the documents of an app are the apps, above all else is the phone itself.
 void BrowserView::goUp() {
     if (browser_.canNavigateUp())
         browser_.navigateUp();
-    else if (isInApp() && !browser_.isMedia() && showApps_)
-        showApps_();
+    else if (isInApp() && !browser_.isMedia())
+        surroundings_->showApps();
     else
         browser_.showPhone();
 }
@@ -260,7 +258,7 @@ void BrowserView::goUp() {
 void BrowserView::doubleClicked() {
     const auto selected = browser_.selection().entries();
     const bool isFile = selected.size() == 1 && !selected.front().isDirectory;
-    switch (isFile && fileClick_ ? fileClick_() : FileClick::opens) {
+    switch (isFile && surroundings_ ? surroundings_->fileClick() : FileClick::opens) {
     case FileClick::opens:
         entries_.open();
         break;
@@ -273,24 +271,9 @@ void BrowserView::doubleClicked() {
     }
 }
 
-void BrowserView::becomeLocal() {
-    for (QAction* action : {actions_.download, actions_.uploadFiles, actions_.uploadFolder,
-                            actions_.sync, actions_.favorite, actions_.apps})
-        action->setVisible(false);
-}
-
-void BrowserView::setShowSync(std::function<void(const QWidget& anchor)> showSync) {
-    showSync_ = std::move(showSync);
-}
-
 bool BrowserView::isInApp() const {
     const auto& device = browser_.activeDevice();
     return device && device->platform == DevicePlatform::iOS;
-}
-
-void BrowserView::setFavorites(FavoriteCommands favorites) {
-    entries_.setFavorites(std::move(favorites));
-    updateActions();
 }
 
 void BrowserView::setGrid(bool grid) {
@@ -371,11 +354,6 @@ bool BrowserView::eventFilter(QObject* watched, QEvent* event) {
     // A key that the editor of a name leaves over is not meant for the listing.
     return event->type() == QEvent::KeyPress && QApplication::focusWidget() == watched &&
            handleKey(*static_cast<QKeyEvent*>(event));
-}
-
-void BrowserView::setOpenTab(std::function<void(const QString& path)> openTab) {
-    entries_.setOpenTab(std::move(openTab));
-    actions_.openInTab->setVisible(true);
 }
 
 /// The buttons at a mouse's side walk through the history, the middle one opens a tab.

@@ -12,6 +12,7 @@
 #include <QWidget>
 
 #include <functional>
+#include <optional>
 
 class QAbstractItemView;
 class QLabel;
@@ -33,9 +34,20 @@ class BrowserView : public QWidget {
     Q_OBJECT
 
 public:
-    /// `browser` must outlive the view.
+    /// What the view asks of the window that a phone's files are shown in. The files of this
+    /// computer have none of it.
+    struct Surroundings {
+        FavoriteCommands favorites;
+        std::function<void()> showApps;                      ///< of an iPhone
+        std::function<void(const QWidget& anchor)> showSync; ///< opens the sync menu below it
+        std::function<void(const QString& path)> openTab;    ///< shows a folder in another tab
+        std::function<FileClick()> fileClick;                ///< what a double click does
+    };
+
+    /// `browser` must outlive the view. Without `surroundings` it shows this computer's files: what
+    /// only a phone has is not offered.
     BrowserView(FileBrowserViewModel& browser, CopyDialogs dialogs, OpenLocalFile openLocalFile,
-                QWidget* parent = nullptr);
+                std::optional<Surroundings> surroundings = std::nullopt);
 
     [[nodiscard]] const BrowserActions& actions() const {
         return actions_;
@@ -48,19 +60,6 @@ public:
     void takeClipboard(BrowserView& from) {
         entries_.takeClipboard(from.entries_);
     }
-    void setFavorites(FavoriteCommands favorites);
-    /// What leads back to the apps of an iPhone.
-    void setShowApps(std::function<void()> showApps);
-    /// The files are this computer's: what only a phone has is not offered.
-    void becomeLocal();
-    /// What a double click on a file does; it opens when nothing is set.
-    void setFileClick(std::function<FileClick()> fileClick) {
-        fileClick_ = std::move(fileClick);
-    }
-    /// What opens a folder in another tab; where there are none it is not offered.
-    void setOpenTab(std::function<void(const QString& path)> openTab);
-    /// What opens the sync menu below a widget.
-    void setShowSync(std::function<void(const QWidget& anchor)> showSync);
     /// Favorites have changed.
     void updateActions();
     /// The listing that is shown, table or grid.
@@ -99,9 +98,7 @@ private:
     [[nodiscard]] bool handleMouseButton(const QMouseEvent& press);
 
     FileBrowserViewModel& browser_;
-    std::function<void()> showApps_;
-    std::function<void(const QWidget&)> showSync_;
-    std::function<FileClick()> fileClick_;
+    const std::optional<Surroundings> surroundings_;
     TranslatedFileModel model_;
     SortMenu sortMenu_;
     const BrowserActions actions_{*this};

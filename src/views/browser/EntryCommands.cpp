@@ -28,26 +28,17 @@ OpenLocalFile systemOpenLocalFile() {
     return [](const QString& path) { return QDesktopServices::openUrl(QUrl::fromLocalFile(path)); };
 }
 
-EntryCommands::EntryCommands(FileBrowserViewModel& browser, Views views,
-                             OpenLocalFile openLocalFile, QWidget& parent)
-    : QObject(&parent),
-      browser_(browser),
-      views_(std::move(views)),
-      openLocalFile_(std::move(openLocalFile)),
-      parent_(parent) {}
-
-void EntryCommands::setFavorites(FavoriteCommands favorites) {
-    favorites_ = std::move(favorites);
-}
+EntryCommands::EntryCommands(FileBrowserViewModel& browser, Setup setup, QWidget& parent)
+    : QObject(&parent), browser_(browser), setup_(std::move(setup)), parent_(parent) {}
 
 bool EntryCommands::isFavorite(const QString& path) const {
-    return favorites_.contains && favorites_.contains(path);
+    return setup_.favorites.contains && setup_.favorites.contains(path);
 }
 
 void EntryCommands::toggleFavorite() {
     const auto [name, path] = favoriteCandidate();
-    if (!path.isEmpty() && favorites_.toggle)
-        favorites_.toggle(name, path);
+    if (!path.isEmpty())
+        setup_.favorites.toggle(name, path);
 }
 
 std::pair<QString, QString> EntryCommands::favoriteCandidate() const {
@@ -60,8 +51,7 @@ std::pair<QString, QString> EntryCommands::favoriteCandidate() const {
 }
 
 void EntryCommands::forgetFavorite() {
-    if (favorites_.toggle)
-        favorites_.toggle({}, browser_.currentPath());
+    setup_.favorites.toggle({}, browser_.currentPath());
 }
 
 void EntryCommands::open() {
@@ -73,7 +63,7 @@ void EntryCommands::open() {
     openInTab(selected);
     fetchSelected([this](const QStringList& localPaths) {
         for (const QString& path : localPaths)
-            if (!openLocalFile_(path))
+            if (!setup_.openLocalFile(path))
                 tellNotOpened(path);
     });
 }
@@ -102,7 +92,7 @@ void EntryCommands::endOne() {
 void EntryCommands::openInTab(const std::vector<FileItem>& items) const {
     constexpr qsizetype manyTabs = 20;
     const auto files = browser_.files();
-    if (!openTab_ || !files)
+    if (!setup_.openTab || !files)
         return;
     QStringList paths;
     for (const FileItem& item : items)
@@ -116,7 +106,7 @@ void EntryCommands::openInTab(const std::vector<FileItem>& items) const {
         return;
     if (self && browser_.files() == files)
         for (const QString& path : paths)
-            openTab_(path);
+            setup_.openTab(path);
 }
 
 void EntryCommands::tellNotOpened(const QString& path) {
@@ -199,7 +189,7 @@ void EntryCommands::copyPath() const {
 
 void EntryCommands::preview() {
     if (preview_ == nullptr)
-        preview_ = new PreviewWindow(browser_, views_.columns, &parent_);
+        preview_ = new PreviewWindow(browser_, setup_.columns, &parent_);
     preview_->toggle();
 }
 
@@ -213,7 +203,7 @@ void EntryCommands::rename() {
     const auto selected = browser_.selection().entries();
     if (selected.size() != 1)
         return;
-    QAbstractItemView& view = views_.listing();
+    QAbstractItemView& view = setup_.listing();
     const auto& model = *static_cast<const FileListModel*>(view.model());
     const QModelIndex index = model.indexOf(selected.front().id());
     view.setCurrentIndex(index);

@@ -39,20 +39,20 @@ class EntryCommands : public QObject {
     Q_OBJECT
 
 public:
-    /// `listing` gives the view that is shown, and `columns` its entries beside one another.
-    struct Views {
-        std::function<QAbstractItemView&()> listing;
-        std::function<int()> columns;
+    struct Setup {
+        std::function<QAbstractItemView&()> listing; ///< the view that is shown
+        std::function<int()> columns;                ///< its entries beside one another
+        OpenLocalFile openLocalFile;
+        FavoriteCommands favorites;                       ///< empty where there are none
+        std::function<void(const QString& path)> openTab; ///< the same
     };
 
     /// Browser and parent must outlive it; questions stand in front of `parent`.
-    EntryCommands(FileBrowserViewModel& browser, Views views, OpenLocalFile openLocalFile,
-                  QWidget& parent);
+    EntryCommands(FileBrowserViewModel& browser, Setup setup, QWidget& parent);
 
     /// Takes what it put on the clipboard off again: nobody could paste it any more.
     ~EntryCommands() override;
 
-    void setFavorites(FavoriteCommands favorites);
     [[nodiscard]] bool isFavorite(const QString& path) const;
     void toggleFavorite();
     /// Name and path of the folder that a favorite would be made of: the selected one, or the one
@@ -64,10 +64,6 @@ public:
     /// Enters a folder; several open in tabs. A file opens with the program that the desktop has
     /// for it, once it is here.
     void open();
-    /// What opens a folder in another tab.
-    void setOpenTab(std::function<void(const QString& path)> openTab) {
-        openTab_ = std::move(openTab);
-    }
     /// Each folder among them in its own; anything else stays as it is.
     void openInTab(const std::vector<FileItem>& items) const;
     void preview();
@@ -109,11 +105,8 @@ private:
     void fillOpenWith(QMenu& menu, const std::vector<DesktopProgram>& programs);
 
     FileBrowserViewModel& browser_;
-    const Views views_;
-    const OpenLocalFile openLocalFile_;
+    const Setup setup_;
     QWidget& parent_;
-    FavoriteCommands favorites_;
-    std::function<void(const QString&)> openTab_;
     QPointer<const QMimeData> onClipboard_; ///< what this has put there last
     PreviewWindow* preview_ = nullptr;      ///< made when it is first opened
 };

@@ -55,7 +55,11 @@ PhoneTab::PhoneTab(const Shared& shared)
       }),
       import_(app_.copyQueue(), app_.importLedgers()),
       choice_({app_, browser_, apps_, import_}, [this] { return device(); }),
-      view_(new BrowserView(browser_, shared.dialogs, shared.openLocalFile)),
+      view_(new BrowserView(browser_, shared.dialogs, shared.openLocalFile,
+                            BrowserView::Surroundings{
+                                favoriteCommands(), [this] { choice_.showApps(); }, shared.showSync,
+                                shared.openFolder,
+                                [&defaults = app_.defaults()] { return fileClickOf(defaults); }})),
       importView_(new ImportView({import_, app_.copyQueue(), app_.stagedFiles(), app_.defaults()},
                                  {chooseLocalFolder, app_.setup().showInFolder})),
       phonePage_(makePhonePage()),
@@ -68,11 +72,6 @@ PhoneTab::PhoneTab(const Shared& shared)
     auto* column = makeColumn(*this);
     column->addWidget(pages_, 1);
     column->addWidget(banner_);
-    view_->setFavorites(favoriteCommands());
-    view_->setShowApps([this] { choice_.showApps(); });
-    view_->setShowSync(shared_.showSync);
-    view_->setOpenTab(shared_.openFolder);
-    view_->setFileClick([&defaults = app_.defaults()] { return fileClickOf(defaults); });
     connectBrowser();
     connectChoice();
     keepTranslated(this, [this] { show(); });

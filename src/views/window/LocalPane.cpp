@@ -61,7 +61,6 @@ LocalPane::LocalPane(TessaryApp& app, BrowserSetup setup, CopyDialogs dialogs,
     column->addWidget(view_, 1);
     column->addWidget(banner_);
     setMinimumWidth(260);
-    view_->becomeLocal();
     connect(&browser_, &FileBrowserViewModel::problemChanged, this, &LocalPane::showProblem);
     connect(&browser_, &FileBrowserViewModel::stateChanged, this, &LocalPane::showProblem);
     connect(&browser_, &FileBrowserViewModel::pathChanged, this,
