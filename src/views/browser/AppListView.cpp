@@ -29,15 +29,13 @@ namespace {
 constexpr int iconSize = 40;
 constexpr int margin = 10;
 
-void paintLetter(QPainter& painter, QFont font, const QRect& tile, const QString& name,
+void paintLetter(QPainter& painter, const QFont& font, const QRect& tile, const QString& name,
                  const QString& identifier) {
     // The same app has the same colour every time.
     const auto hue = static_cast<int>(qChecksum(identifier.toUtf8()) % 360);
     painter.setBrush(QColor::fromHsv(hue, 120, 190));
     painter.drawRoundedRect(tile, 9, 9);
-    font.setPointSizeF(font.pointSizeF() * 1.5);
-    font.setWeight(QFont::DemiBold);
-    painter.setFont(font);
+    painter.setFont(demiBold(font, 1.5));
     painter.setPen(Qt::white);
     painter.drawText(tile, Qt::AlignCenter, name.left(1).toUpper());
 }

@@ -4,6 +4,7 @@
 #include "views/browser/BreadcrumbBar.h"
 #include "views/browser/BrowserActions.h"
 #include "views/common/Icons.h"
+#include "views/common/Layouts.h"
 
 #include <QAction>
 #include <QHBoxLayout>
@@ -95,12 +96,10 @@ BrowserToolbar::BrowserToolbar(FileBrowserViewModel& browser, const BrowserActio
         modes_->setAccessibleName(tr("View Mode"));
         showFieldTexts();
         uploadButton_->setText(tr("Copy to Phone"));
-        uploadButton_->setAccessibleName(tr("Copy to Phone"));
-        uploadButton_->setToolTip(tr("Copy to Phone"));
+        setName(*uploadButton_, tr("Copy to Phone"));
         if (auto* clear = filter_->findChild<QToolButton*>())
             clear->setAccessibleName(tr("Clear the Filter"));
-        moreButton_->setToolTip(tr("More Commands"));
-        moreButton_->setAccessibleName(tr("More Commands"));
+        setName(*moreButton_, tr("More Commands"));
         path_->setAccessibleName(tr("Path"));
         fit();
     });
@@ -133,10 +132,8 @@ void BrowserToolbar::addTools(const BrowserActions& actions) {
     row->addWidget(path_, 1);
     row->addSpacing(gap);
     for (QWidget* widget :
-         {static_cast<QWidget*>(downloadButton_), static_cast<QWidget*>(uploadButton_),
-          static_cast<QWidget*>(newFolder), static_cast<QWidget*>(syncButton_), modes_,
-          static_cast<QWidget*>(filterButton_), static_cast<QWidget*>(filter_),
-          static_cast<QWidget*>(moreButton_)})
+         std::initializer_list<QWidget*>{downloadButton_, uploadButton_, newFolder, syncButton_,
+                                         modes_, filterButton_, filter_, moreButton_})
         row->addWidget(widget);
 
     tools_ = {{modes_, {actions.asList, actions.asGrid}},

@@ -87,7 +87,7 @@ BrowserView::BrowserView(FileBrowserViewModel& browser, CopyDialogs dialogs,
         page->setContextMenuPolicy(Qt::CustomContextMenu);
         connect(page, &QWidget::customContextMenuRequested, this, &BrowserView::showContextMenu);
     }
-    for (QAbstractItemView* view : std::array<QAbstractItemView*, 2>{table_, grid_}) {
+    for (QAbstractItemView* view : std::initializer_list<QAbstractItemView*>{table_, grid_}) {
         connectSelection(*view, model_, browser_);
         view->viewport()->installEventFilter(this);
         connect(view, &QAbstractItemView::doubleClicked, this, &BrowserView::doubleClicked);

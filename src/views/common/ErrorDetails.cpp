@@ -46,8 +46,7 @@ ErrorDetails::ErrorDetails(Qt::Alignment alignment, QWidget* parent)
     column->addWidget(page_);
     keepTranslated(this, [this] {
         fold_->setText(tr("Details"));
-        copy_->setAccessibleName(tr("Copy Details"));
-        copy_->setToolTip(tr("Copy Details"));
+        setName(*copy_, tr("Copy Details"));
     });
     setText({});
 }

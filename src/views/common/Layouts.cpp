@@ -1,6 +1,8 @@
 #include "views/common/Layouts.h"
 
 #include <QMenu>
+#include <QProgressBar>
+#include <QToolButton>
 #include <QVBoxLayout>
 #include <QWidget>
 
@@ -28,9 +30,22 @@ void addCommands(QMenu& menu, std::initializer_list<QAction*> commands) {
     }
 }
 
-QFont demiBold(QFont font) {
+QFont demiBold(QFont font, double scale) {
+    if (scale != 1) // what is given in pixels has no points
+        font.setPointSizeF(font.pointSizeF() * scale);
     font.setWeight(QFont::DemiBold);
     return font;
+}
+
+void makeBusy(QProgressBar& bar) {
+    bar.setRange(0, 0);
+    bar.setTextVisible(false);
+    bar.setFixedHeight(6);
+}
+
+void setName(QToolButton& button, const QString& name) {
+    button.setToolTip(name);
+    button.setAccessibleName(name);
 }
 
 } // namespace tessary

@@ -2,6 +2,7 @@
 
 #include "views/common/ErrorDetails.h"
 #include "views/common/Icons.h"
+#include "views/common/Layouts.h"
 
 #include <QLabel>
 #include <QProgressBar>
@@ -22,19 +23,15 @@ PlaceholderView::PlaceholderView(QWidget* parent)
     setObjectName(QStringLiteral("placeholder"));
     setAutoFillBackground(true);
     setBackgroundRole(QPalette::Base); // the list's, whose place it takes
-    QFont font = title_->font();
-    font.setPointSizeF(font.pointSizeF() * 1.35);
-    font.setWeight(QFont::DemiBold);
-    title_->setFont(font);
+    title_->setFont(demiBold(title_->font(), 1.35));
     for (QLabel* label : {picture_, title_, detail_})
         label->setAlignment(Qt::AlignCenter);
     for (QLabel* label : {title_, detail_}) {
         label->setWordWrap(true);
         label->setTextFormat(Qt::PlainText);
     }
-    busy_->setRange(0, 0);
-    busy_->setTextVisible(false);
-    busy_->setFixedSize(160, 6);
+    makeBusy(*busy_);
+    busy_->setFixedWidth(160);
     connect(button_, &QPushButton::clicked, this, [this] {
         if (action_)
             action_();

@@ -58,10 +58,7 @@ StatusBanner::StatusBanner(QWidget* parent)
     }
     close_->setAutoRaise(true);
     close_->setIcon(icon("dialog-close"));
-    keepTranslated(close_, [this] {
-        close_->setAccessibleName(tr("Close this message"));
-        close_->setToolTip(tr("Close this message"));
-    });
+    keepTranslated(close_, [this] { setName(*close_, tr("Close this message")); });
     connect(close_, &QToolButton::clicked, this, &StatusBanner::close);
 
     auto* texts = new QVBoxLayout;

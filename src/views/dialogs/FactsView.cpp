@@ -5,6 +5,7 @@
 #include "base/text/ByteFormat.h"
 #include "base/text/Printable.h"
 #include "views/common/Icons.h"
+#include "views/common/Layouts.h"
 
 #include <QLabel>
 #include <QLocale>
@@ -53,10 +54,7 @@ FactsView::FactsView(QWidget* parent)
       progress_(new QProgressBar),
       cancel_(new QPushButton) {
     setObjectName(QStringLiteral("previewFacts"));
-    QFont font = name_->font();
-    font.setPointSizeF(font.pointSizeF() * 1.25);
-    font.setWeight(QFont::DemiBold);
-    name_->setFont(font);
+    name_->setFont(demiBold(name_->font(), 1.25));
     for (QLabel* label : {icon_, name_, facts_, note_})
         label->setAlignment(Qt::AlignCenter);
     for (QLabel* label : {name_, facts_, note_}) {
@@ -80,9 +78,8 @@ FactsView::FactsView(QWidget* parent)
     auto* column = new QVBoxLayout(this);
     column->setSpacing(10);
     column->addStretch(2);
-    for (QWidget* widget : {static_cast<QWidget*>(icon_), static_cast<QWidget*>(name_),
-                            static_cast<QWidget*>(facts_), static_cast<QWidget*>(note_),
-                            static_cast<QWidget*>(progress_), static_cast<QWidget*>(cancel_)})
+    for (QWidget* widget :
+         std::initializer_list<QWidget*>{icon_, name_, facts_, note_, progress_, cancel_})
         column->addWidget(widget, 0, Qt::AlignHCenter);
     column->addStretch(3);
     showNote({});

@@ -7,6 +7,7 @@
 #include "base/threads/Background.h"
 #include "base/threads/CancellationError.h"
 #include "views/common/Icons.h"
+#include "views/common/Layouts.h"
 #include "views/common/PlainText.h"
 
 #include <QComboBox>
@@ -48,12 +49,9 @@ FolderChooser::FolderChooser(FileBrowserViewModel& browser, const QString& title
     storages_->setAccessibleName(tr("Storage"));
     up_->setIcon(icon("go-up"));
     up_->setAutoRaise(true);
-    up_->setAccessibleName(tr("Parent Folder"));
-    up_->setToolTip(tr("Parent Folder"));
+    setName(*up_, tr("Parent Folder"));
     path_->setTextFormat(Qt::PlainText);
-    QFont strong = path_->font();
-    strong.setWeight(QFont::DemiBold);
-    path_->setFont(strong);
+    path_->setFont(demiBold(path_->font()));
     path_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     list_->setObjectName(QStringLiteral("folderChooserList"));
     list_->setAccessibleName(tr("Folders"));

@@ -48,11 +48,6 @@ Picture pictureOfFilm(PhoneFileSystem& files, const FileItem& item, const Pictur
     }
 }
 
-void name(QToolButton& button, const QString& text) {
-    button.setToolTip(text);
-    button.setAccessibleName(text);
-}
-
 } // namespace
 
 PreviewWindow::PreviewWindow(FileBrowserViewModel& browser, std::function<int()> columns,
@@ -80,12 +75,11 @@ PreviewWindow::PreviewWindow(FileBrowserViewModel& browser, std::function<int()>
     text_->document()->setDocumentMargin(16);
     stack_->setAutoFillBackground(true);
     stack_->setBackgroundRole(QPalette::Base);
-    for (QWidget* page : {static_cast<QWidget*>(facts_), static_cast<QWidget*>(picture_),
-                          static_cast<QWidget*>(text_)})
+    for (QWidget* page : std::initializer_list<QWidget*>{facts_, picture_, text_})
         stack_->addWidget(page);
     // The window has one thing to walk through, wherever the focus is.
-    for (QWidget* widget : {static_cast<QWidget*>(this), static_cast<QWidget*>(text_)})
-        widget->installEventFilter(this);
+    installEventFilter(this);
+    text_->installEventFilter(this);
     facts_->setOnCancel([this] {
         drop();
         showFacts(tr("Cancelled"));
@@ -123,10 +117,10 @@ QWidget* PreviewWindow::makeFooter() {
     connect(previousPage_, &QToolButton::clicked, this, [this] { turnTo(page_ - 1); });
     connect(nextPage_, &QToolButton::clicked, this, [this] { turnTo(page_ + 1); });
     keepTranslated(this, [this] {
-        name(*previous_, tr("Previous"));
-        name(*next_, tr("Next"));
-        name(*previousPage_, tr("Previous Page"));
-        name(*nextPage_, tr("Next Page"));
+        setName(*previous_, tr("Previous"));
+        setName(*next_, tr("Next"));
+        setName(*previousPage_, tr("Previous Page"));
+        setName(*nextPage_, tr("Next Page"));
         text_->setAccessibleName(tr("Preview"));
     });
     caption_->setObjectName(QStringLiteral("previewCaption"));

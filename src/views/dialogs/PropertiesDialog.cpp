@@ -9,6 +9,7 @@
 #include "base/threads/Background.h"
 #include "base/threads/TellLatest.h"
 #include "views/common/Icons.h"
+#include "views/common/Layouts.h"
 #include "views/dialogs/FactsView.h"
 
 #include <QDialogButtonBox>
@@ -83,9 +84,7 @@ PropertiesDialog::PropertiesDialog(std::shared_ptr<PhoneFileSystem> files,
     column->addLayout(form_);
 
     auto* counting = new QHBoxLayout;
-    busy_->setRange(0, 0);
-    busy_->setTextVisible(false);
-    busy_->setFixedHeight(6);
+    makeBusy(*busy_);
     stopButton_->setObjectName(QStringLiteral("propertiesStop"));
     stopButton_->setAutoDefault(false);
     connect(stopButton_, &QPushButton::clicked, this, &PropertiesDialog::stopCount);
@@ -131,10 +130,7 @@ void PropertiesDialog::makeHeading(QVBoxLayout& column) {
     title_->setObjectName(QStringLiteral("propertiesTitle"));
     title_->setTextFormat(Qt::PlainText);
     title_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    QFont font = title_->font();
-    font.setPointSizeF(font.pointSizeF() * 1.2);
-    font.setWeight(QFont::DemiBold);
-    title_->setFont(font);
+    title_->setFont(demiBold(title_->font(), 1.2));
     title_->setWordWrap(true);
     title_->setMinimumWidth(valueWidth);
     auto* row = new QHBoxLayout;

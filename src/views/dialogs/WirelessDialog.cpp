@@ -4,6 +4,7 @@
 #include "app/texts/ErrorText.h"
 #include "base/text/Printable.h"
 #include "views/common/Icons.h"
+#include "views/common/Layouts.h"
 
 #include <QDialogButtonBox>
 #include <QInputDialog>
@@ -71,10 +72,7 @@ WirelessDialog::WirelessDialog(std::shared_ptr<ServiceNetwork> network, ADBWays&
     intro_->setWordWrap(true);
     note_->setWordWrap(true);
     note_->setForegroundRole(QPalette::PlaceholderText);
-    busy_->setRange(0, 0);
-    busy_->setTextVisible(false);
-    busy_->setFixedHeight(5);
-
+    makeBusy(*busy_);
     again_->setAutoDefault(false);
     connect_->setDefault(true);
     auto* buttons = new QDialogButtonBox;

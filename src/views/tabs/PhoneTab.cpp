@@ -21,7 +21,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <array>
+#include <initializer_list>
 #include <utility>
 
 namespace tessary {
@@ -97,8 +97,8 @@ AppListView* PhoneTab::makeAppList() {
 
 PageStack* PhoneTab::makePages() {
     auto* pages = new Pages;
-    for (QWidget* page :
-         std::array<QWidget*, 6>{welcome_, phonePage_, notice_, appList_, view_, importView_})
+    for (QWidget* page : std::initializer_list<QWidget*>{welcome_, phonePage_, notice_, appList_,
+                                                         view_, importView_})
         pages->addWidget(page);
     return pages;
 }

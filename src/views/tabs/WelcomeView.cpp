@@ -2,6 +2,7 @@
 
 #include "app/LanguageManager.h"
 #include "views/common/Icons.h"
+#include "views/common/Layouts.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -12,18 +13,9 @@ namespace tessary {
 
 namespace {
 
-/// Gives a label a font that differs from the window's.
-QLabel* styled(QLabel* label, double scale, QFont::Weight weight) {
-    QFont font = label->font();
-    font.setPointSizeF(font.pointSizeF() * scale);
-    font.setWeight(weight);
-    label->setFont(font);
-    return label;
-}
-
 /// A label that follows the language.
-QLabel* translated(const char* text, double scale, QFont::Weight weight) {
-    auto* label = styled(new QLabel, scale, weight);
+QLabel* translated(const char* text) {
+    auto* label = new QLabel;
     label->setWordWrap(true);
     keepTranslated(label, [label, text] { label->setText(WelcomeView::tr(text)); });
     return label;
@@ -35,15 +27,18 @@ QWidget* step(int number, const char* title, const char* detail) {
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(14);
-    auto* badge = styled(new QLabel(QString::number(number)), 1.1, QFont::Bold);
+    auto* badge = new QLabel(QString::number(number));
+    badge->setFont(demiBold(badge->font(), 1.1));
     badge->setAlignment(Qt::AlignCenter);
     badge->setFixedSize(30, 30);
     badge->setStyleSheet(QStringLiteral(
         "background: palette(highlight); color: palette(highlighted-text); border-radius: 15px;"));
     auto* texts = new QVBoxLayout;
     texts->setSpacing(1);
-    texts->addWidget(translated(title, 1.05, QFont::DemiBold));
-    texts->addWidget(translated(detail, 1.0, QFont::Normal));
+    auto* heading = translated(title);
+    heading->setFont(demiBold(heading->font(), 1.05));
+    texts->addWidget(heading);
+    texts->addWidget(translated(detail));
     layout->addWidget(badge, 0, Qt::AlignTop);
     layout->addLayout(texts, 1);
     return row;
@@ -58,7 +53,8 @@ WelcomeView::WelcomeView(std::function<void()> startDemo, QWidget* parent) : QWi
     auto* picture = new QLabel;
     picture->setPixmap(programIcon().pixmap(96, 96));
     picture->setAlignment(Qt::AlignCenter);
-    auto* title = translated(QT_TR_NOOP("Connect a phone"), 1.8, QFont::DemiBold);
+    auto* title = translated(QT_TR_NOOP("Connect a phone"));
+    title->setFont(demiBold(title->font(), 1.8));
     title->setAlignment(Qt::AlignCenter);
 
     auto* demo = new QPushButton;
