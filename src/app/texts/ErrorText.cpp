@@ -1,9 +1,7 @@
 #include "app/texts/ErrorText.h"
 
 #include "adb/files/ADBPhoneErrors.h"
-#include "app/texts/ADBWords.h"
 #include "app/texts/ErrorWords.h"
-#include "app/texts/HttpWords.h"
 #include "base/text/Printable.h"
 #include "phone/DevicePath.h"
 
@@ -36,27 +34,18 @@ struct Worded {
 
 /// The error or the nearest of its causes whose code has words.
 Worded worded(const Error& error) {
+    const auto isADBs = [](const Error* one) {
+        return one != nullptr && one->code().layer() == ErrorLayer::adb;
+    };
     for (const Error* each = &error; each != nullptr; each = each->cause()) {
-        if (const auto code = each->code().as<ADBError>()) {
-            // Without words of its own it is told by what it means for the phone.
-            const auto meaning = phoneErrorOf(*each, {}).code().as<PhoneError>();
-            return {*each, wordsOf(*code).value_or(wordsOf(meaning.value_or(PhoneError::refused)))};
-        }
-        if (const auto code = each->code().as<PhoneError>()) {
-            const Error* cause = each->cause();
-            const auto adb = cause != nullptr ? cause->code().as<ADBError>() : std::nullopt;
-            if (const auto narrower = adb ? wordsOf(*adb) : std::nullopt)
-                return {*cause, *narrower};
-            return {*each, wordsOf(*code)};
-        }
-        if (const auto code = each->code().as<LocalError>())
-            return {*each, wordsOf(*code)};
-        if (const auto code = each->code().as<HttpError>())
-            return {*each, wordsOf(*code)};
-        if (const auto code = each->code().as<DeviceError>())
-            return {*each, wordsOf(*code)};
-        if (const auto code = each->code().as<SyncError>())
-            return {*each, wordsOf(*code)};
+        // What adb says is narrower than the PhoneError that it comes to.
+        if (each->code().layer() == ErrorLayer::phone && isADBs(each->cause()))
+            if (const ErrorWords narrower = wordsOf(each->cause()->code()); narrower.sentence)
+                return {*each->cause(), narrower};
+        if (const ErrorWords words = wordsOf(each->code()); words.sentence)
+            return {*each, words};
+        if (isADBs(each))
+            return {*each, wordsOf(phoneErrorOf(*each, {}).code())};
     }
     return {error, unknown};
 }

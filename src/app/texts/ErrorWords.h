@@ -1,17 +1,14 @@
 #pragma once
 
-#include "base/local/LocalError.h"
-#include "devices/list/DeviceTrouble.h"
-#include "phone/PhoneError.h"
-#include "sync/plan/SyncError.h"
+#include "base/values/Error.h"
 
 namespace tessary {
 
 /// The English words of one code, for translation in the context "ErrorText". Places are filled
 /// with the error's arguments, in their order.
 struct ErrorWords {
-    /// What happened. "%1" to "%3" are the arguments.
-    const char* sentence;
+    /// What happened. "%1" to "%3" are the arguments. Null where a code has no words.
+    const char* sentence = nullptr;
     /// The same about one item that is named beside it, without a full stop; nowhere a place. Null
     /// for what concerns the phone as a whole: the sentence does.
     const char* reason = nullptr;
@@ -19,9 +16,7 @@ struct ErrorWords {
     const char* advice = nullptr;
 };
 
-[[nodiscard]] ErrorWords wordsOf(PhoneError error);
-[[nodiscard]] ErrorWords wordsOf(LocalError error);
-[[nodiscard]] ErrorWords wordsOf(DeviceError error);
-[[nodiscard]] ErrorWords wordsOf(SyncError error);
+/// None for a protocol's own code that says no more than the one which is made of it.
+[[nodiscard]] ErrorWords wordsOf(const ErrorCode& code);
 
 } // namespace tessary
