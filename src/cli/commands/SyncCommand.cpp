@@ -1,7 +1,7 @@
 #include "cli/commands/SyncCommand.h"
 
 #include "app/texts/ErrorText.h"
-#include "app/texts/SyncGuardText.h"
+#include "app/texts/SyncTexts.h"
 #include "base/local/Trash.h"
 #include "base/text/ByteFormat.h"
 #include "base/text/Printable.h"

@@ -1,9 +1,9 @@
 #include "views/sync/SyncDialogs.h"
 
+#include "app/texts/SyncTexts.h"
 #include "base/text/Printable.h"
 #include "views/sync/SyncPairDialog.h"
 #include "views/sync/SyncReportDialog.h"
-#include "views/sync/SyncTexts.h"
 
 #include <QDir>
 #include <QStandardPaths>

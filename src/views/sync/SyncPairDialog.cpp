@@ -2,9 +2,9 @@
 
 #include "app/texts/DisplayNames.h"
 #include "app/texts/SharedWords.h"
+#include "app/texts/SyncTexts.h"
 #include "base/text/Printable.h"
 #include "views/common/PlainText.h"
-#include "views/sync/SyncTexts.h"
 
 #include <QCheckBox>
 #include <QComboBox>

@@ -1,11 +1,11 @@
 #include "views/sync/SyncPairRow.h"
 
 #include "app/texts/DisplayNames.h"
+#include "app/texts/SyncTexts.h"
 #include "base/text/Printable.h"
 #include "views/common/Icons.h"
 #include "views/common/Layouts.h"
 #include "views/common/PlainText.h"
-#include "views/sync/SyncTexts.h"
 
 #include <QDir>
 #include <QHBoxLayout>

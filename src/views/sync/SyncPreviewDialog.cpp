@@ -1,13 +1,12 @@
 #include "views/sync/SyncPreviewDialog.h"
 
 #include "app/texts/ErrorText.h"
-#include "app/texts/SyncGuardText.h"
+#include "app/texts/SyncTexts.h"
 #include "base/text/ByteFormat.h"
 #include "views/common/Icons.h"
 #include "views/common/Layouts.h"
 #include "views/common/PlainText.h"
 #include "views/sync/SyncFileList.h"
-#include "views/sync/SyncTexts.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>

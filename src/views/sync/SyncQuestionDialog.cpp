@@ -1,6 +1,6 @@
 #include "views/sync/SyncQuestionDialog.h"
 
-#include "app/texts/SyncGuardText.h"
+#include "app/texts/SyncTexts.h"
 #include "base/text/Printable.h"
 #include "views/common/Layouts.h"
 #include "views/common/PlainText.h"

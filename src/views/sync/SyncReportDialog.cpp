@@ -1,12 +1,12 @@
 #include "views/sync/SyncReportDialog.h"
 
 #include "app/texts/ErrorText.h"
+#include "app/texts/SyncTexts.h"
 #include "base/text/Printable.h"
 #include "views/common/Icons.h"
 #include "views/common/Layouts.h"
 #include "views/common/PlainText.h"
 #include "views/sync/SyncFileList.h"
-#include "views/sync/SyncTexts.h"
 
 #include <QDialogButtonBox>
 #include <QLabel>

@@ -1,11 +1,11 @@
 #include "views/tabs/GeneralNotices.h"
 
+#include "app/texts/SyncTexts.h"
 #include "base/text/Printable.h"
 #include "base/threads/Background.h"
 #include "base/threads/MainThread.h"
 #include "views/common/PlainText.h"
 #include "views/import/ImportView.h"
-#include "views/sync/SyncTexts.h"
 #include "views/transfers/TransferListModel.h"
 
 #include <QCoreApplication>

@@ -21,6 +21,8 @@ enum class SyncTense { planned, done };
 [[nodiscard]] const char* deedIcon(SyncDeed deed);
 /// How often each thing is done: "Copy to the phone: 3  ·  Delete on the phone: 1".
 [[nodiscard]] QString countsText(const std::map<SyncDeed, qint64>& counts, SyncTense tense);
+/// Why a run looks like a mistake; empty when it does not.
+[[nodiscard]] QString guardText(const SyncGuard& guard);
 /// How a run went, in one line.
 [[nodiscard]] QString reportText(const SyncReport& report);
 /// That a run failed.

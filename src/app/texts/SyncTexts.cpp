@@ -1,4 +1,4 @@
-#include "views/sync/SyncTexts.h"
+#include "app/texts/SyncTexts.h"
 
 #include "app/texts/ErrorText.h"
 #include "base/text/Printable.h"
@@ -7,15 +7,11 @@
 #include <QLocale>
 #include <QStringList>
 
-#include <array>
+#include <iterator>
 
 namespace tessary {
 
 namespace {
-
-class Texts {
-    Q_DECLARE_TR_FUNCTIONS(SyncTexts)
-};
 
 struct DeedLook {
     const char* planned;
@@ -23,53 +19,52 @@ struct DeedLook {
     const char* icon;
 };
 
-/// In the order of SyncDeed.
-constexpr std::array looks{
-    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Copy to the phone"),
-             QT_TRANSLATE_NOOP("SyncTexts", "Copied to the phone"), "copyToPhone"},
-    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Replace on the phone"),
-             QT_TRANSLATE_NOOP("SyncTexts", "Replaced on the phone"), "copyToPhone"},
-    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Copy to this computer"),
-             QT_TRANSLATE_NOOP("SyncTexts", "Copied to this computer"), "copyFromPhone"},
-    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Replace on this computer"),
-             QT_TRANSLATE_NOOP("SyncTexts", "Replaced on this computer"), "copyFromPhone"},
-    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Move to the phone"),
-             QT_TRANSLATE_NOOP("SyncTexts", "Moved to the phone"), "copyToPhone"},
-    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Move to this computer"),
-             QT_TRANSLATE_NOOP("SyncTexts", "Moved to this computer"), "copyFromPhone"},
-    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Keep both versions"),
-             QT_TRANSLATE_NOOP("SyncTexts", "Kept both versions"), "edit-copy"},
-    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Delete on the phone"),
-             QT_TRANSLATE_NOOP("SyncTexts", "Deleted on the phone"), "edit-delete"},
-    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Delete on this computer"),
-             QT_TRANSLATE_NOOP("SyncTexts", "Deleted on this computer"), "edit-delete"},
-    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Rename on the phone"),
-             QT_TRANSLATE_NOOP("SyncTexts", "Renamed on the phone"), "edit-rename"},
-    DeedLook{QT_TRANSLATE_NOOP("SyncTexts", "Rename on this computer"),
-             QT_TRANSLATE_NOOP("SyncTexts", "Renamed on this computer"), "edit-rename"},
-};
-static_assert(looks.size() == static_cast<std::size_t>(SyncDeed::renameHere) + 1);
+class Texts {
+    Q_DECLARE_TR_FUNCTIONS(SyncTexts)
 
-/// In the order of SyncStage.
-constexpr std::array stages{
-    "",
-    QT_TRANSLATE_NOOP("SyncTexts", "Connecting to device…"),
-    QT_TRANSLATE_NOOP("SyncTexts", "Waiting for another sync…"),
-    QT_TRANSLATE_NOOP("SyncTexts", "Scanning folders…"),
-    QT_TRANSLATE_NOOP("SyncTexts", "Awaiting deletion confirmation…"),
-    QT_TRANSLATE_NOOP("SyncTexts", "Analyzing files…"),
-    QT_TRANSLATE_NOOP("SyncTexts", "Starting transfer…"),
-    QT_TRANSLATE_NOOP("SyncTexts", "Uploading"),
-    QT_TRANSLATE_NOOP("SyncTexts", "Downloading"),
-    QT_TRANSLATE_NOOP("SyncTexts", "Moving"),
-    QT_TRANSLATE_NOOP("SyncTexts", "Moving (already on destination)"),
-    QT_TRANSLATE_NOOP("SyncTexts", "Deleting"),
-    QT_TRANSLATE_NOOP("SyncTexts", "Up to date"),
+public:
+    /// In the order of SyncDeed.
+    static constexpr DeedLook looks[] = {
+        {QT_TR_NOOP("Copy to the phone"), QT_TR_NOOP("Copied to the phone"), "copyToPhone"},
+        {QT_TR_NOOP("Replace on the phone"), QT_TR_NOOP("Replaced on the phone"), "copyToPhone"},
+        {QT_TR_NOOP("Copy to this computer"), QT_TR_NOOP("Copied to this computer"),
+         "copyFromPhone"},
+        {QT_TR_NOOP("Replace on this computer"), QT_TR_NOOP("Replaced on this computer"),
+         "copyFromPhone"},
+        {QT_TR_NOOP("Move to the phone"), QT_TR_NOOP("Moved to the phone"), "copyToPhone"},
+        {QT_TR_NOOP("Move to this computer"), QT_TR_NOOP("Moved to this computer"),
+         "copyFromPhone"},
+        {QT_TR_NOOP("Keep both versions"), QT_TR_NOOP("Kept both versions"), "edit-copy"},
+        {QT_TR_NOOP("Delete on the phone"), QT_TR_NOOP("Deleted on the phone"), "edit-delete"},
+        {QT_TR_NOOP("Delete on this computer"), QT_TR_NOOP("Deleted on this computer"),
+         "edit-delete"},
+        {QT_TR_NOOP("Rename on the phone"), QT_TR_NOOP("Renamed on the phone"), "edit-rename"},
+        {QT_TR_NOOP("Rename on this computer"), QT_TR_NOOP("Renamed on this computer"),
+         "edit-rename"},
+    };
+    static_assert(std::size(looks) == static_cast<std::size_t>(SyncDeed::renameHere) + 1);
+
+    /// In the order of SyncStage.
+    static constexpr const char* stages[] = {
+        "",
+        QT_TR_NOOP("Connecting to device…"),
+        QT_TR_NOOP("Waiting for another sync…"),
+        QT_TR_NOOP("Scanning folders…"),
+        QT_TR_NOOP("Awaiting deletion confirmation…"),
+        QT_TR_NOOP("Analyzing files…"),
+        QT_TR_NOOP("Starting transfer…"),
+        QT_TR_NOOP("Uploading"),
+        QT_TR_NOOP("Downloading"),
+        QT_TR_NOOP("Moving"),
+        QT_TR_NOOP("Moving (already on destination)"),
+        QT_TR_NOOP("Deleting"),
+        QT_TR_NOOP("Up to date"),
+    };
+    static_assert(std::size(stages) == static_cast<std::size_t>(SyncStage::upToDate) + 1);
 };
-static_assert(stages.size() == static_cast<std::size_t>(SyncStage::upToDate) + 1);
 
 const DeedLook& lookOf(SyncDeed deed) {
-    return looks[static_cast<std::size_t>(deed)];
+    return Texts::looks[static_cast<std::size_t>(deed)];
 }
 
 } // namespace
@@ -99,9 +94,8 @@ QString sentenceOf(const SyncPair& pair) {
 }
 
 QString stageText(SyncStage stage) {
-    const auto index = static_cast<std::size_t>(stage);
-    return stage == SyncStage::none || index >= stages.size() ? QString()
-                                                              : Texts::tr(stages[index]);
+    return stage == SyncStage::none ? QString()
+                                    : Texts::tr(Texts::stages[static_cast<std::size_t>(stage)]);
 }
 
 QString deedText(SyncDeed deed, SyncTense tense) {
@@ -135,6 +129,27 @@ QString reportText(const SyncReport& report) {
         parts.append(Texts::tr("%Ln files were left as they are", nullptr,
                                static_cast<int>(report.skipped.size())));
     return parts.join(QStringLiteral("  ·  "));
+}
+
+QString guardText(const SyncGuard& guard) {
+    using Kind = SyncGuard::Kind;
+    const auto count = static_cast<int>(guard.recorded);
+    switch (guard.kind) {
+    case Kind::nothing:
+        break;
+    case Kind::localEmpty:
+        return Texts::tr("The folder on this computer is empty, although %Ln files were in it "
+                         "after the last sync. Is its disk missing?",
+                         nullptr, count);
+    case Kind::deviceEmpty:
+        return Texts::tr("The folder on the phone is empty, although %Ln files were in it after "
+                         "the last sync. Is its memory card missing?",
+                         nullptr, count);
+    case Kind::manyDeletions:
+        return Texts::tr("More than half of the %Ln files of the last sync would be deleted.",
+                         nullptr, count);
+    }
+    return {};
 }
 
 QString notFinishedText(const SyncPair& pair) {
