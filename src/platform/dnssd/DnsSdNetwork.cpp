@@ -1,13 +1,25 @@
+#include "base/local/FileHandle.h"
+#include "base/log/DiagnosticsLogger.h"
 #include "base/threads/CancellationError.h"
-#include "platform/dnssd/DnsSdBrowser.h"
-#include "platform/dnssd/DnsServiceRef.h"
+#include "base/threads/SerialQueue.h"
+#include "base/values/FreeWith.h"
+#include "platform/dnssd/ServiceBrowser.h"
 
 #include <arpa/inet.h>
+#include <dns_sd.h>
 #include <net/if.h>
 #include <poll.h>
+#include <sys/eventfd.h>
 
+#include <algorithm>
 #include <array>
+#include <atomic>
+#include <cerrno>
 #include <chrono>
+#include <mutex>
+#include <system_error>
+#include <type_traits>
+#include <utility>
 
 namespace tessary {
 
@@ -18,6 +30,131 @@ using Clock = std::chrono::steady_clock;
 
 constexpr std::chrono::milliseconds patience = 5s; // with the network, for each question
 constexpr int tick = 100;                          // ms, after which a stop request is noticed
+constexpr std::chrono::milliseconds retryPause = 3s;
+/// A network that announces more is not to be believed.
+constexpr std::size_t maxServices = 256;
+
+/// One question to the DNS-SD service, ended with it.
+using DnsServiceRef =
+    std::unique_ptr<std::remove_pointer_t<DNSServiceRef>, FreeWith<DNSServiceRefDeallocate>>;
+
+/// The DNS-SD library's way of writing a domain or type ends in a dot.
+QString withoutDot(const char* text) {
+    QString result = QString::fromUtf8(text);
+    if (result.endsWith(QLatin1Char('.')))
+        result.chop(1);
+    return result;
+}
+
+/// Browses on a thread of its own.
+class DnsSdBrowser final : public ServiceBrowser {
+public:
+    explicit DnsSdBrowser(QString type)
+        : state_(std::make_shared<State>(std::move(type))), queue_("tessary-dnssd") {}
+    ~DnsSdBrowser() override {
+        DnsSdBrowser::cancel();
+    }
+
+    void start(Changed changed) override {
+        {
+            const std::scoped_lock lock(state_->mutex);
+            state_->changed = std::move(changed);
+        }
+        queue_.post([state = state_] { state->browse(); });
+    }
+    void cancel() override {
+        state_->isCancelled = true;
+        (void)::eventfd_write(state_->wake.get(), 1);
+        const std::scoped_lock lock(state_->mutex);
+        state_->changed = nullptr;
+    }
+
+private:
+    struct State {
+        explicit State(QString serviceType)
+            : type(std::move(serviceType)), wake(::eventfd(0, EFD_CLOEXEC)) {
+            if (!wake.isOpen())
+                throw std::system_error(errno, std::generic_category(), "eventfd");
+        }
+
+        void report() {
+            if (reported == results)
+                return;
+            reported = results;
+            const std::scoped_lock lock(mutex);
+            if (changed)
+                changed(results);
+        }
+        /// Waits for an answer on a socket, or, without one (-1), for the pause to end. False at
+        /// the end of the browsing.
+        bool await(int socket) const {
+            std::array<pollfd, 2> waited{pollfd{wake.get(), POLLIN, 0}, pollfd{socket, POLLIN, 0}};
+            const int limit = socket < 0 ? static_cast<int>(retryPause.count()) : -1;
+            while (::poll(waited.data(), waited.size(), limit) < 0 && errno == EINTR) {
+            }
+            return !isCancelled;
+        }
+        void apply(DNSServiceFlags flags, const ServiceEndpoint& service) {
+            auto& services = results.services;
+            const auto known = std::find(services.begin(), services.end(), service);
+            if ((flags & kDNSServiceFlagsAdd) == 0) {
+                if (known != services.end())
+                    services.erase(known);
+            } else if (known == services.end() && services.size() < maxServices) {
+                services.push_back(service);
+            }
+        }
+
+        void browse() {
+            const auto found = [](DNSServiceRef, DNSServiceFlags flags,
+                                  std::uint32_t interfaceIndex, DNSServiceErrorType error,
+                                  const char* name, const char* kind, const char* domain,
+                                  void* context) {
+                auto& self = *static_cast<State*>(context);
+                if (error != kDNSServiceErr_NoError || !name || !kind || !domain)
+                    self.isFailed = true;
+                else
+                    self.apply(flags, {QString::fromUtf8(name), withoutDot(kind),
+                                       withoutDot(domain), interfaceIndex});
+            };
+            do {
+                DNSServiceRef raw = nullptr;
+                DNSServiceErrorType error =
+                    DNSServiceBrowse(&raw, 0, kDNSServiceInterfaceIndexAny,
+                                     type.toUtf8().constData(), nullptr, found, this);
+                const DnsServiceRef question(error == kDNSServiceErr_NoError ? raw : nullptr);
+                results = {question != nullptr, {}};
+                isFailed = false;
+                report();
+                while (question && !isFailed && await(DNSServiceRefSockFD(question.get()))) {
+                    error = DNSServiceProcessResult(question.get());
+                    isFailed = isFailed || error != kDNSServiceErr_NoError;
+                    if (!isFailed)
+                        report();
+                }
+                if (isFailed) {
+                    DiagnosticsLogger::shared().adb.info("DNS-SD browsing broke off.");
+                    results = {};
+                    report();
+                }
+            } while (await(-1));
+        }
+
+        const QString type;
+        FileHandle wake; ///< ends every wait
+        std::atomic<bool> isCancelled = false;
+        std::mutex mutex; ///< guards `changed`, also while it is called
+        Changed changed;
+
+        // On the browser's thread:
+        ServiceResults results;
+        std::optional<ServiceResults> reported;
+        bool isFailed = false;
+    };
+
+    std::shared_ptr<State> state_; ///< shared with the thread, which may hang in the library
+    SerialQueue queue_;
+};
 
 struct Target {
     QByteArray host; ///< empty while unknown
