@@ -28,35 +28,31 @@ constexpr std::array languages{
     Row{AppLanguage::zhHant, QLatin1StringView("zh-Hant"), "繁體中文"},
 };
 
-const Row& rowOf(AppLanguage language) {
-    return *std::ranges::find(languages, language, &Row::language);
-}
-
-struct PrefixRow {
-    QLatin1StringView prefix;
+/// What tells a language by its code, in the order in which it is tried.
+struct Mark {
     AppLanguage language;
+    QLatin1StringView text;
+    bool isAnywhere = false; ///< else it begins the code
 };
 
-/// In the order in which they are tried, before and after the test for Traditional Chinese.
-constexpr std::array firstPrefixes{
-    PrefixRow{QLatin1StringView("ko"), AppLanguage::ko},
-    PrefixRow{QLatin1StringView("ja"), AppLanguage::ja},
-};
-constexpr std::array traditionalMarks{QLatin1StringView("hant"), QLatin1StringView("tw"),
-                                      QLatin1StringView("hk")};
-constexpr std::array laterPrefixes{
-    PrefixRow{QLatin1StringView("zh"), AppLanguage::zhHans},
-    PrefixRow{QLatin1StringView("de"), AppLanguage::de},
-    PrefixRow{QLatin1StringView("fr"), AppLanguage::fr},
-    PrefixRow{QLatin1StringView("es"), AppLanguage::es},
-    PrefixRow{QLatin1StringView("pt"), AppLanguage::ptBR},
-    PrefixRow{QLatin1StringView("it"), AppLanguage::it},
+constexpr std::array marks{
+    Mark{AppLanguage::ko, QLatin1StringView("ko")},
+    Mark{AppLanguage::ja, QLatin1StringView("ja")},
+    Mark{AppLanguage::zhHant, QLatin1StringView("hant"), true},
+    Mark{AppLanguage::zhHant, QLatin1StringView("tw"), true},
+    Mark{AppLanguage::zhHant, QLatin1StringView("hk"), true},
+    Mark{AppLanguage::zhHans, QLatin1StringView("zh")},
+    Mark{AppLanguage::de, QLatin1StringView("de")},
+    Mark{AppLanguage::fr, QLatin1StringView("fr")},
+    Mark{AppLanguage::es, QLatin1StringView("es")},
+    Mark{AppLanguage::ptBR, QLatin1StringView("pt")},
+    Mark{AppLanguage::it, QLatin1StringView("it")},
 };
 
 } // namespace
 
 QString rawValue(AppLanguage language) {
-    return rowOf(language).code;
+    return std::ranges::find(languages, language, &Row::language)->code;
 }
 
 std::optional<AppLanguage> appLanguageFromRawValue(const QString& code) {
@@ -65,21 +61,15 @@ std::optional<AppLanguage> appLanguageFromRawValue(const QString& code) {
 }
 
 QString displayName(AppLanguage language) {
-    return QString::fromUtf8(rowOf(language).name);
+    return QString::fromUtf8(std::ranges::find(languages, language, &Row::language)->name);
 }
 
 AppLanguage systemLanguage(const QStringList& preferredLanguages) {
-    const QString code = preferredLanguages.value(0, QStringLiteral("en")).toLower();
-    for (const PrefixRow& row : firstPrefixes)
-        if (code.startsWith(row.prefix))
-            return row.language;
-    for (const QLatin1StringView mark : traditionalMarks)
-        if (code.contains(mark))
-            return AppLanguage::zhHant;
-    for (const PrefixRow& row : laterPrefixes)
-        if (code.startsWith(row.prefix))
-            return row.language;
-    return AppLanguage::en;
+    const QString code = preferredLanguages.value(0).toLower();
+    const auto* mark = std::ranges::find_if(marks, [&code](const Mark& each) {
+        return each.isAnywhere ? code.contains(each.text) : code.startsWith(each.text);
+    });
+    return mark == marks.end() ? AppLanguage::en : mark->language;
 }
 
 } // namespace tessary

@@ -24,20 +24,6 @@ namespace {
     QT_TRANSLATE_NOOP("QPlatformTheme", "&No"),
 };
 
-/// The name that Qt's files give a language.
-QString qtCode(AppLanguage language) {
-    switch (language) {
-    case AppLanguage::ptBR:
-        return QStringLiteral("pt_BR");
-    case AppLanguage::zhHans:
-        return QStringLiteral("zh_CN");
-    case AppLanguage::zhHant:
-        return QStringLiteral("zh_TW");
-    default:
-        return rawValue(language);
-    }
-}
-
 void put(QTranslator& translator, const QString& name, const QString& folder) {
     QCoreApplication::removeTranslator(&translator);
     if (translator.load(name, folder))
@@ -56,7 +42,8 @@ InterfaceTexts::InterfaceTexts() {
 void InterfaceTexts::follow() {
     const AppLanguage language = LanguageManager::shared().effectiveLanguage();
     // The one that is put in last is asked first: our words for standard buttons win.
-    put(qt_, QStringLiteral("qtbase_") + qtCode(language),
+    // Qt's files have the names of locales.
+    put(qt_, QStringLiteral("qtbase_") + QLocale(rawValue(language)).name(),
         QLibraryInfo::path(QLibraryInfo::TranslationsPath));
     put(own_, QStringLiteral("tessary_") + rawValue(language), QStringLiteral(":/i18n"));
 }
