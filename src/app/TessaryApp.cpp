@@ -1,5 +1,6 @@
 #include "app/TessaryApp.h"
 
+#include "app/LanguageManager.h"
 #include "base/local/PrivateFolder.h"
 #include "base/threads/Background.h"
 #include "sync/manager/SyncConnection.h"
@@ -40,9 +41,8 @@ TessaryApp::TessaryApp(DeviceSources sources, DeviceServices& services, TessaryA
       phoneMounts_(deviceManager_, services.files(), setup_.showFolder),
       syncManager_(*setup_.defaults, {deviceConnector(services.files())}),
       updateChecker_(setup_.http, setup_.defaults, setup_.openAddress, setup_.updates),
-      favoritesManager_(setup_.defaults),
-      languageManager_(LanguageManager::shared()) {
-    languageManager_.useStore(setup_.defaults);
+      favoritesManager_(setup_.defaults) {
+    LanguageManager::shared().useStore(setup_.defaults);
     deviceManager_.rememberModesIn(setup_.defaults);
 }
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "app/LanguageManager.h"
 #include "app/copies/RememberedCopies.h"
 #include "app/favorites/FavoritesManager.h"
 #include "app/mounts/PhoneMounts.h"
@@ -80,15 +79,9 @@ public:
     [[nodiscard]] FavoritesManager& favoritesManager() {
         return favoritesManager_;
     }
-    [[nodiscard]] LanguageManager& languageManager() {
-        return languageManager_;
-    }
     /// Where windows keep their sizes and the like.
     [[nodiscard]] SettingsStore& defaults() {
         return *setup_.defaults;
-    }
-    [[nodiscard]] const std::shared_ptr<ServiceNetwork>& network() const {
-        return setup_.network;
     }
     [[nodiscard]] DeviceServices& services() {
         return services_;
@@ -103,10 +96,6 @@ public:
     [[nodiscard]] RememberedCopies& rememberedCopies() {
         return rememberedCopies_;
     }
-    /// The folder that keeps what was imported from phones.
-    [[nodiscard]] QString importLedgers() const {
-        return setup_.importLedgers;
-    }
     /// What was dragged out of the windows.
     [[nodiscard]] DragMount& dragMount() {
         return dragMount_;
@@ -117,12 +106,6 @@ public:
     }
     [[nodiscard]] const TessaryAppSetup& setup() const {
         return setup_;
-    }
-    [[nodiscard]] bool isDemo() const {
-        return setup_.isDemo;
-    }
-    void startDemo() const {
-        setup_.startDemo();
     }
 
 private:
@@ -138,7 +121,6 @@ private:
     SyncManager syncManager_;
     UpdateCheckerService updateChecker_;
     FavoritesManager favoritesManager_;
-    LanguageManager& languageManager_;
 };
 
 } // namespace tessary

@@ -1,4 +1,5 @@
 #include "WindowFixture.h"
+#include "app/LanguageManager.h"
 #include "support/TranslationFile.h"
 #include "views/settings/FileSettings.h"
 
@@ -101,7 +102,7 @@ TEST_F(SettingsTest, everyLanguageReachesEveryTextOfTheOpenWindows) {
     auto& box = *settings()->findChild<QComboBox*>(u"language"_s);
     for (int choice = 0; choice < box.count(); ++choice) {
         box.setCurrentIndex(choice);
-        const AppLanguage language = app_->languageManager().selectedLanguage();
+        const AppLanguage language = LanguageManager::shared().selectedLanguage();
         if (language == AppLanguage::system)
             continue;
         SCOPED_TRACE(rawValue(language).toStdString());

@@ -1,5 +1,6 @@
 #include "views/settings/SettingsWindow.h"
 
+#include "app/LanguageManager.h"
 #include "views/common/Icons.h"
 #include "views/common/WindowStateStore.h"
 #include "views/settings/FileSettings.h"
@@ -71,7 +72,7 @@ SettingsWindow::SettingsWindow(TessaryApp& app, SyncViewModel& sync, WindowState
 
     connect(&app.updateChecker(), &UpdateCheckerService::stateChanged, this,
             &SettingsWindow::showState);
-    connect(&app.languageManager(), &LanguageManager::selectedLanguageChanged, this,
+    connect(&LanguageManager::shared(), &LanguageManager::selectedLanguageChanged, this,
             &SettingsWindow::showState);
     tabs_->setTabVisible(updatesTab, app.updateChecker().canCheck());
     homepage_->setVisible(app.updateChecker().hasHomepage());
@@ -88,7 +89,7 @@ QWidget* SettingsWindow::makeGeneral() {
     language_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     languageLabel_->setBuddy(language_);
     connect(language_, &QComboBox::currentIndexChanged, this, [this] {
-        app_.languageManager().setSelectedLanguage(
+        LanguageManager::shared().setSelectedLanguage(
             static_cast<AppLanguage>(language_->currentData().toInt()));
     });
     remember_->setObjectName(QStringLiteral("rememberWindow"));
@@ -188,7 +189,7 @@ void SettingsWindow::showTexts() {
 
 void SettingsWindow::showState() {
     language_->setCurrentIndex(
-        language_->findData(static_cast<int>(app_.languageManager().selectedLanguage())));
+        language_->findData(static_cast<int>(LanguageManager::shared().selectedLanguage())));
     remember_->setChecked(memory_.isOn());
     compare_->setChecked(app_.defaults().value(BrowserCopies::comparesKey).toBool());
     autoCheck_->setChecked(app_.updateChecker().checksAutomatically());

@@ -53,7 +53,7 @@ PhoneTab::PhoneTab(const Shared& shared)
       apps_([&services = app_.services()](const DeviceInfo& device, const std::stop_token& stop) {
           return services.apps(device, stop);
       }),
-      import_(app_.copyQueue(), app_.importLedgers()),
+      import_(app_.copyQueue(), app_.setup().importLedgers),
       choice_({app_, browser_, apps_, import_}, [this] { return device(); }),
       view_(new BrowserView(browser_, shared.dialogs, shared.openLocalFile,
                             BrowserView::Surroundings{
@@ -64,7 +64,7 @@ PhoneTab::PhoneTab(const Shared& shared)
                                  {chooseLocalFolder, app_.setup().showInFolder})),
       phonePage_(makePhonePage()),
       appList_(makeAppList()),
-      welcome_(new WelcomeView([&app = app_] { app.startDemo(); })),
+      welcome_(new WelcomeView(app_.setup().startDemo)),
       notice_(new PlaceholderView),
       banner_(new WindowBanner({app_, browser_, shared_.notices, choice_})),
       pages_(makePages()) {

@@ -245,7 +245,7 @@ MainWindow::~MainWindow() {
 
 void MainWindow::showTexts() {
     importAction_->setText(tr("Import Photos…"));
-    setWindowTitle(app_.isDemo() ? tr("Tessary: Virtual Phones") : QStringLiteral("Tessary"));
+    setWindowTitle(app_.setup().isDemo ? tr("Tessary: Virtual Phones") : QStringLiteral("Tessary"));
     setLocale(QLocale()); // dates and numbers of every view in it
 }
 
@@ -257,7 +257,7 @@ void MainWindow::showSettings() {
 
 void MainWindow::showWireless() {
     if (wireless_ == nullptr)
-        wireless_ = new WirelessDialog(app_.network(), app_.services().adbWays(), this);
+        wireless_ = new WirelessDialog(app_.setup().network, app_.services().adbWays(), this);
     bringToFront(*wireless_);
 }
 
