@@ -1,8 +1,8 @@
 #include "app/copies/RememberedCopies.h"
 
-#include "app/copies/CopyReopening.h"
 #include "base/log/DiagnosticsLogger.h"
 #include "base/threads/Background.h"
+#include "transfer/local/LocalFileSystem.h"
 
 #include <algorithm>
 #include <utility>
@@ -10,6 +10,33 @@
 namespace tessary {
 
 namespace {
+
+using namespace Qt::StringLiterals;
+
+const QLatin1StringView local{"local:"};
+
+std::shared_ptr<PhoneFileSystem> openPhone(const QString& identity, const QString& appName,
+                                           const std::vector<DeviceInfo>& attached,
+                                           PhoneFileSystems& phones) {
+    for (const DeviceInfo& device : attached) {
+        if (!device.isDataAccessible())
+            continue;
+        std::shared_ptr<PhoneFileSystem> files;
+        if (device.platform == DevicePlatform::iOS) {
+            const QString phone = u"ios:%1:"_s.arg(device.udid);
+            if (identity.startsWith(phone)) {
+                const QString bundle = identity.mid(phone.size());
+                const QString name = appName.isEmpty() ? bundle : appName; // of an older record
+                files = phones.openApp(device, {bundle, name, true, false});
+            }
+        } else {
+            files = phones.open(device);
+        }
+        if (files && files->identity() == identity)
+            return files;
+    }
+    return nullptr;
+}
 
 /// A history that cannot be written costs nothing but itself.
 void attempt(const std::function<void()>& work) {
@@ -61,17 +88,14 @@ void RememberedCopies::tellHistory() {
         },
         [this](BackgroundResult<std::vector<CopyRecord>> result) {
             isWriting_ = false;
-            if (news_)
+            if (news_) {
                 tellHistory();
-            else
-                takeUnfinished(result.take());
+            } else {
+                unfinished_ = result.take();
+                Q_EMIT offeredChanged();
+            }
             Q_EMIT recordsChanged();
         });
-}
-
-void RememberedCopies::takeUnfinished(std::vector<CopyRecord> records) {
-    unfinished_ = std::move(records);
-    Q_EMIT offeredChanged();
 }
 
 void RememberedCopies::find(const QString& search, QObject* context,
@@ -90,12 +114,25 @@ void RememberedCopies::forgetAll() {
     Q_EMIT offeredChanged();
 }
 
+/// The file systems of a copy of an earlier time, this computer's folders included; no value while
+/// one of its phones is not attached by the same way, or does not show its files. Asks no phone.
+std::optional<CopyEnds> RememberedCopies::reopened(const CopyJob& job) const {
+    const auto open = [this](const QString& identity, const QString& appName,
+                             LocalLinks links) -> std::shared_ptr<PhoneFileSystem> {
+        if (identity.startsWith(local))
+            return std::make_shared<LocalFileSystem>(identity.mid(local.size()), links);
+        return openPhone(identity, appName, devices_.devices(), phones_);
+    };
+    CopyEnds ends{open(job.source, job.sourceApp, LocalLinks::filesFollowed),
+                  open(job.target, job.targetApp, LocalLinks::reported)};
+    return ends.from && ends.to ? std::optional(std::move(ends)) : std::nullopt;
+}
+
 bool RememberedCopies::canGoOn(const CopyRecord& record) const {
     const int index = queue_.indexOf(record.job.id);
     if (index >= 0 && !queue_.jobs()[static_cast<std::size_t>(index)].canGoOn())
         return false;
-    return record.job.canGoOn() && !record.rest.empty() &&
-           reopen(record.job, devices_.devices(), phones_).has_value();
+    return record.job.canGoOn() && !record.rest.empty() && reopened(record.job).has_value();
 }
 
 void RememberedCopies::goOn(const CopyRecord& record) {
@@ -105,7 +142,7 @@ void RememberedCopies::goOn(const CopyRecord& record) {
         goOn(record.job.id);
         return;
     }
-    const auto ends = reopen(record.job, devices_.devices(), phones_);
+    const auto ends = reopened(record.job);
     queue_.enqueue(record.requestForRest(ends->from, ends->to), {}, record.job.id);
 }
 
@@ -115,7 +152,7 @@ void RememberedCopies::goOn(const QUuid& id) {
         return;
     const CopyJob& job = queue_.jobs()[static_cast<std::size_t>(index)];
     // One whose phone is not there says so itself.
-    queue_.goOn(id, reopen(job, devices_.devices(), phones_).value_or(CopyEnds{}));
+    queue_.goOn(id, reopened(job).value_or(CopyEnds{}));
 }
 
 std::vector<CopyRecord> RememberedCopies::offered() const {

@@ -60,7 +60,7 @@ private:
     void keep(const QUuid& id);
     [[nodiscard]] News& news();
     void tellHistory();
-    void takeUnfinished(std::vector<CopyRecord> records);
+    [[nodiscard]] std::optional<CopyEnds> reopened(const CopyJob& job) const;
     void noteOffered(const std::vector<CopyRecord>& records);
 
     CopyQueue& queue_;

@@ -23,19 +23,11 @@ void noteFailure(const FileItem& item, const Error& error) {
                                                {item.path, error.logText()});
 }
 
-bool isSamePlugging(const DeviceInfo& one, const DeviceInfo& other) {
-    return one.id() == other.id() && one.protocolMode == other.protocolMode;
-}
-
 } // namespace
 
 PhoneMounts::PhoneMounts(DeviceManager& devices, PhoneFileSystems& phones, ShowFolder showFolder)
     : devices_(devices), phones_(phones), showFolder_(std::move(showFolder)) {
     connect(&devices, &DeviceManager::devicesChanged, this, &PhoneMounts::follow);
-}
-
-PhoneMounts::~PhoneMounts() {
-    closeAll();
 }
 
 void PhoneMounts::open(const DeviceInfo& device, const std::optional<AppInfo>& app,
@@ -107,7 +99,7 @@ void PhoneMounts::close(const QString& udid) {
 void PhoneMounts::follow() {
     closeIf([this](const Mounted& one) {
         return std::ranges::none_of(devices_.devices(), [&one](const DeviceInfo& device) {
-            return isSamePlugging(device, one.device);
+            return device.id() == one.device.id() && device.protocolMode == one.device.protocolMode;
         });
     });
 }

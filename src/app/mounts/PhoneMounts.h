@@ -25,8 +25,6 @@ public:
 
     /// All outlive it.
     PhoneMounts(DeviceManager& devices, PhoneFileSystems& phones, ShowFolder showFolder);
-    /// closeAll()
-    ~PhoneMounts() override;
 
     /// Shows a folder of a phone; the whole of it for an empty path. `app` is for iPhones: whose
     /// documents; its photos and videos without one. failed() when this system mounts nothing.
