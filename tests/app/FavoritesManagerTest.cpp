@@ -29,7 +29,7 @@ protected:
         return all.join(u' ');
     }
     [[nodiscard]] std::vector<DeviceFavorite> stored() const {
-        return FavoritesManager(store_).favorites();
+        return FavoritesManager(store_).favorites(phone);
     }
 
     std::shared_ptr<SettingsStore> store_ = std::make_shared<MemorySettingsStore>();
@@ -57,7 +57,7 @@ TEST_F(FavoritesManagerTest, storedSettingsOfAnyShapeStartWithAnEmptyList) {
     for (const auto& [name, value] : rows) {
         store_->setValue(key, value);
         FavoritesManager manager(store_);
-        EXPECT_TRUE(manager.favorites().empty()) << name;
+        EXPECT_TRUE(manager.favorites(phone).empty()) << name;
         manager.addFavorite(phone, QString(), u"/new"_s);
         EXPECT_EQ(paths(stored()), u"/new"_s) << name;
         EXPECT_EQ(store_->value(aside), value) << name << ": nothing of it is lost";
@@ -81,7 +81,7 @@ TEST_F(FavoritesManagerTest, aDeletedFolderTakesTheFavoritesBelowItAlong) {
     EXPECT_EQ(changed.size(), 1);
     favorites_.removeFavorites(u"/"_s, phone, std::nullopt);
     EXPECT_EQ(paths(favorites_.favorites(phone)), u"/A/B"_s);
-    EXPECT_EQ(stored(), favorites_.favorites());
+    EXPECT_EQ(stored(), favorites_.favorites(phone));
 }
 
 } // namespace

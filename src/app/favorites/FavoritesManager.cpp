@@ -35,10 +35,6 @@ std::optional<std::vector<DeviceFavorite>> decodeFavorites(const QJsonValue& jso
 
 FavoritesManager::FavoritesManager(std::shared_ptr<SettingsStore> store)
     : store_(std::move(store)), stored_(*store_, settingsKey) {
-    loadFavorites();
-}
-
-void FavoritesManager::loadFavorites() {
     auto loaded = decodeFavorites(stored_.value());
     stored_.setKnown(loaded ? std::optional(encodeFavorites(*loaded)) : std::nullopt);
     favorites_ = std::move(loaded).value_or(std::vector<DeviceFavorite>());
@@ -65,16 +61,14 @@ bool FavoritesManager::isFavorite(const QString& deviceUDID, const QString& path
     });
 }
 
-FavoritesManager::AddFavoriteResult
-FavoritesManager::addFavorite(const QString& deviceUDID, const QString& name, const QString& path,
-                              const std::optional<QString>& appBundleId,
-                              const std::optional<QString>& appName) {
+void FavoritesManager::addFavorite(const QString& deviceUDID, const QString& name,
+                                   const QString& path, const std::optional<QString>& appBundleId,
+                                   const std::optional<QString>& appName) {
     if (isFavorite(deviceUDID, path, appBundleId))
-        return AddFavoriteResult::duplicate;
+        return;
     favorites_.push_back({QUuid::createUuid(), deviceUDID, name, path, appBundleId, appName,
                           QDateTime::currentDateTimeUtc()});
     saveFavorites();
-    return AddFavoriteResult::added;
 }
 
 template <typename Condition>
@@ -87,47 +81,35 @@ void FavoritesManager::removeFavorite(const QUuid& id) {
     removeWhere([&](const DeviceFavorite& favorite) { return favorite.id == id; });
 }
 
-void FavoritesManager::removeFavorite(const QString& deviceUDID, const QString& path,
-                                      const std::optional<QString>& appBundleId) {
-    removeWhere([&](const DeviceFavorite& favorite) {
-        return favorite.deviceUDID == deviceUDID && favorite.path == path &&
-               favorite.appBundleId == appBundleId;
-    });
-}
-
-std::optional<FavoritesManager::AddFavoriteResult>
-FavoritesManager::toggleFavorite(const QString& deviceUDID, const QString& name,
-                                 const QString& path, const std::optional<QString>& appBundleId,
-                                 const std::optional<QString>& appName) {
+void FavoritesManager::toggleFavorite(const QString& deviceUDID, const QString& name,
+                                      const QString& path,
+                                      const std::optional<QString>& appBundleId,
+                                      const std::optional<QString>& appName) {
     if (!isFavorite(deviceUDID, path, appBundleId))
-        return addFavorite(deviceUDID, name, path, appBundleId, appName);
-    removeFavorite(deviceUDID, path, appBundleId);
-    return std::nullopt;
+        addFavorite(deviceUDID, name, path, appBundleId, appName);
+    else
+        removeWhere([&](const DeviceFavorite& favorite) {
+            return favorite.deviceUDID == deviceUDID && favorite.path == path &&
+                   favorite.appBundleId == appBundleId;
+        });
 }
 
-void FavoritesManager::moveFavorites(const QString& deviceUDID, const std::set<int>& fromOffsets,
-                                     int toOffset) {
-    // The device's favorites keep the places in the whole list that they have together.
-    std::vector<std::size_t> places;
-    for (std::size_t i = 0; i < favorites_.size(); ++i)
-        if (favorites_[i].deviceUDID == deviceUDID)
-            places.push_back(i);
-    const int count = static_cast<int>(places.size());
-    std::vector<std::size_t> order;
-    const auto take = [&](int from, int to, bool moved) {
-        for (int offset = from; offset < to; ++offset)
-            if (fromOffsets.contains(offset) == moved)
-                order.push_back(places[static_cast<std::size_t>(offset)]);
-    };
-    const int target = std::clamp(toOffset, 0, count);
-    take(0, target, false);
-    take(0, count, true);
-    take(target, count, false);
-    if (order == places)
+void FavoritesManager::moveFavorite(const QString& deviceUDID, int from, int to) {
+    std::vector<DeviceFavorite> order = favorites(deviceUDID);
+    const int count = static_cast<int>(order.size());
+    to = std::clamp(to, 0, count);
+    if (from < 0 || from >= count || to == from || to == from + 1)
         return;
-    const std::vector<DeviceFavorite> before = favorites_;
-    for (std::size_t i = 0; i < places.size(); ++i)
-        favorites_[places[i]] = before[order[i]];
+    const auto moved = order.begin() + from;
+    if (from < to)
+        std::rotate(moved, moved + 1, order.begin() + to);
+    else
+        std::rotate(order.begin() + to, moved, moved + 1);
+    // They keep the places in the whole list that they have together.
+    auto next = order.begin();
+    for (DeviceFavorite& favorite : favorites_)
+        if (favorite.deviceUDID == deviceUDID)
+            favorite = *next++;
     saveFavorites();
 }
 

@@ -6,7 +6,6 @@
 #include <QObject>
 
 #include <memory>
-#include <set>
 #include <vector>
 
 namespace tessary {
@@ -19,14 +18,9 @@ class FavoritesManager : public QObject {
 public:
     static constexpr QLatin1StringView settingsKey{"Tessary_DeviceFavorites"};
 
-    enum class AddFavoriteResult { added, duplicate };
-
     /// Reads the stored list; it is empty when what is stored is no list of favorites.
     explicit FavoritesManager(std::shared_ptr<SettingsStore> store);
 
-    [[nodiscard]] const std::vector<DeviceFavorite>& favorites() const {
-        return favorites_;
-    }
     /// Those of one device, in the order of the list.
     [[nodiscard]] std::vector<DeviceFavorite> favorites(const QString& deviceUDID) const;
 
@@ -34,23 +28,19 @@ public:
     [[nodiscard]] bool isFavorite(const QString& deviceUDID, const QString& path,
                                   const std::optional<QString>& appBundleId) const;
 
-    AddFavoriteResult addFavorite(const QString& deviceUDID, const QString& name,
-                                  const QString& path,
-                                  const std::optional<QString>& appBundleId = std::nullopt,
-                                  const std::optional<QString>& appName = std::nullopt);
+    /// Adds the folder unless it is one.
+    void addFavorite(const QString& deviceUDID, const QString& name, const QString& path,
+                     const std::optional<QString>& appBundleId = std::nullopt,
+                     const std::optional<QString>& appName = std::nullopt);
     void removeFavorite(const QUuid& id);
-    void removeFavorite(const QString& deviceUDID, const QString& path,
-                        const std::optional<QString>& appBundleId);
-    /// Adds the folder, or removes it and returns nothing.
-    std::optional<AddFavoriteResult>
-    toggleFavorite(const QString& deviceUDID, const QString& name, const QString& path,
-                   const std::optional<QString>& appBundleId = std::nullopt,
-                   const std::optional<QString>& appName = std::nullopt);
+    /// Adds the folder, or removes it.
+    void toggleFavorite(const QString& deviceUDID, const QString& name, const QString& path,
+                        const std::optional<QString>& appBundleId = std::nullopt,
+                        const std::optional<QString>& appName = std::nullopt);
 
-    /// Moves favorites of one device in front of the one at `toOffset`, or to the end. Offsets
-    /// count within that device's favorites, before anything has moved; those that are out of range
-    /// are left out.
-    void moveFavorites(const QString& deviceUDID, const std::set<int>& fromOffsets, int toOffset);
+    /// Moves a favorite of one device in front of the one at `to`, or to the end. Both count within
+    /// that device's favorites, before anything has moved; one that is not there stays away.
+    void moveFavorite(const QString& deviceUDID, int from, int to);
 
     /// Removes what stands at `path` or below it, after that folder has gone.
     void removeFavorites(const QString& path, const QString& deviceUDID,
@@ -60,7 +50,6 @@ Q_SIGNALS:
     void favoritesChanged();
 
 private:
-    void loadFavorites();
     void saveFavorites();
     template <typename Condition>
     void removeWhere(Condition condition);

@@ -175,7 +175,7 @@ bool FavoriteListModel::dropMimeData(const QMimeData* data, Qt::DropAction actio
         return true;
     }
     const int from = data->data(QString(rowFormat)).toInt();
-    manager_.moveFavorites(udid_, {from}, row < 0 ? rowCount() : row);
+    manager_.moveFavorite(udid_, from, row < 0 ? rowCount() : row);
     // The row has moved already: the view must not remove it as the source of a move.
     return false;
 }
