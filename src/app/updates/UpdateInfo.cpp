@@ -14,11 +14,8 @@ std::optional<UpdateInfo> decode(const QByteArray& body) {
     const QJsonObject json = QJsonDocument::fromJson(body).object();
     const auto text = [&](const char* key) { return json.value(Key(key)).toString(); };
     UpdateInfo info{.version = text("version"),
-                    .build = json.value(Key("build")).toVariant().toString(),
                     .releaseNotes = text("release_notes"),
                     .downloadUrl = text("download_url"),
-                    .homepageUrl = text("homepage_url"),
-                    .pubDate = text("pub_date"),
                     .mandatory = json.value(Key("mandatory")).toBool()};
     return info.version.isEmpty() ? std::nullopt : std::optional(std::move(info));
 }
@@ -39,11 +36,8 @@ QString field(const QString& text, const char* key) {
 
 std::optional<UpdateInfo> pick(const QString& text) {
     UpdateInfo info{.version = field(text, "version"),
-                    .build = {},
                     .releaseNotes = field(text, "release_notes"),
-                    .downloadUrl = field(text, "download_url"),
-                    .homepageUrl = field(text, "homepage_url"),
-                    .pubDate = {}};
+                    .downloadUrl = field(text, "download_url")};
     if (info.version.isEmpty())
         return std::nullopt;
     if (info.releaseNotes.isEmpty())

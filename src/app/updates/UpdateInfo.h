@@ -10,11 +10,8 @@ namespace tessary {
 /// The content of the update manifest. A value; its texts come from a server.
 struct UpdateInfo {
     QString version; ///< dotted numbers, never empty
-    QString build;
     QString releaseNotes;
     QString downloadUrl;
-    QString homepageUrl;
-    QString pubDate;
     bool mandatory = false; ///< should not be skipped
 
     bool operator==(const UpdateInfo&) const = default;
