@@ -35,7 +35,7 @@ void paintLetter(QPainter& painter, const QFont& font, const QRect& tile, const 
     const auto hue = static_cast<int>(qChecksum(identifier.toUtf8()) % 360);
     painter.setBrush(QColor::fromHsv(hue, 120, 190));
     painter.drawRoundedRect(tile, 9, 9);
-    painter.setFont(demiBold(font, 1.5));
+    painter.setFont(demiBold(scaled(font, 1.5)));
     painter.setPen(Qt::white);
     painter.drawText(tile, Qt::AlignCenter, name.left(1).toUpper());
 }

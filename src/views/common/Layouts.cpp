@@ -30,9 +30,7 @@ void addCommands(QMenu& menu, std::initializer_list<QAction*> commands) {
     }
 }
 
-QFont demiBold(QFont font, double scale) {
-    if (scale != 1) // what is given in pixels has no points
-        font.setPointSizeF(font.pointSizeF() * scale);
+QFont demiBold(QFont font) {
     font.setWeight(QFont::DemiBold);
     return font;
 }
@@ -46,6 +44,14 @@ void makeBusy(QProgressBar& bar) {
 void setName(QToolButton& button, const QString& name) {
     button.setToolTip(name);
     button.setAccessibleName(name);
+}
+
+QFont scaled(QFont font, double factor) {
+    if (font.pixelSize() > 0) // it is given in pixels, and has no points
+        font.setPixelSize(qRound(font.pixelSize() * factor));
+    else
+        font.setPointSizeF(font.pointSizeF() * factor);
+    return font;
 }
 
 } // namespace tessary

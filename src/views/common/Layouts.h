@@ -24,13 +24,15 @@ void resizeWithin(QWidget& window, const QSize& wished);
 /// Adds commands to a menu; a null one stands for a line between groups.
 void addCommands(QMenu& menu, std::initializer_list<QAction*> commands);
 
-/// The font for what stands above other text, by so much larger.
-[[nodiscard]] QFont demiBold(QFont font, double scale = 1);
+/// The font for what stands above other text.
+[[nodiscard]] QFont demiBold(QFont font);
 
 /// Makes a bar of something whose end is not known.
 void makeBusy(QProgressBar& bar);
 
 /// Calls a button without words `name`, for the pointer and for those who do not see it.
 void setName(QToolButton& button, const QString& name);
+/// The font in another size.
+[[nodiscard]] QFont scaled(QFont font, double factor);
 
 } // namespace tessary

@@ -23,7 +23,7 @@ PlaceholderView::PlaceholderView(QWidget* parent)
     setObjectName(QStringLiteral("placeholder"));
     setAutoFillBackground(true);
     setBackgroundRole(QPalette::Base); // the list's, whose place it takes
-    title_->setFont(demiBold(title_->font(), 1.35));
+    title_->setFont(demiBold(scaled(title_->font(), 1.35)));
     for (QLabel* label : {picture_, title_, detail_})
         label->setAlignment(Qt::AlignCenter);
     for (QLabel* label : {title_, detail_}) {

@@ -3,6 +3,8 @@
 #include <QPainter>
 #include <QStyleOptionViewItem>
 
+#include <algorithm>
+
 namespace tessary {
 
 void paintRowGround(QPainter& painter, const QStyleOptionViewItem& option, const QRect& place,
@@ -24,6 +26,22 @@ void paintRowGround(QPainter& painter, const QStyleOptionViewItem& option, const
     painter.setPen(Qt::NoPen);
     painter.setBrush(ground);
     painter.drawRoundedRect(place, radius, radius);
+}
+
+void paintBar(QPainter& painter, const QRectF& bar, double share, const QColor& text,
+              const QColor& colour) {
+    const double radius = bar.height() / 2;
+    QColor trough = text;
+    trough.setAlphaF(0.14F);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(trough);
+    painter.drawRoundedRect(bar, radius, radius);
+    if (share <= 0)
+        return;
+    QRectF filled = bar;
+    filled.setWidth(std::max(bar.height(), bar.width() * share));
+    painter.setBrush(colour);
+    painter.drawRoundedRect(filled, radius, radius);
 }
 
 } // namespace tessary

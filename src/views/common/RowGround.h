@@ -1,7 +1,9 @@
 #pragma once
 
+class QColor;
 class QPainter;
 class QRect;
+class QRectF;
 class QStyleOptionViewItem;
 
 namespace tessary {
@@ -13,5 +15,10 @@ enum class RowSelection { solid, tinted };
 /// other row stays as it is. Leaves the painter's pen and brush changed.
 void paintRowGround(QPainter& painter, const QStyleOptionViewItem& option, const QRect& place,
                     int radius = 8, RowSelection selection = RowSelection::solid);
+
+/// Paints how much of something is done or used, `share` of a bar with round ends; `text` is the
+/// colour of the words beside it. Leaves the painter's pen and brush changed.
+void paintBar(QPainter& painter, const QRectF& bar, double share, const QColor& text,
+              const QColor& colour);
 
 } // namespace tessary

@@ -54,7 +54,7 @@ FactsView::FactsView(QWidget* parent)
       progress_(new QProgressBar),
       cancel_(new QPushButton) {
     setObjectName(QStringLiteral("previewFacts"));
-    name_->setFont(demiBold(name_->font(), 1.25));
+    name_->setFont(demiBold(scaled(name_->font(), 1.25)));
     for (QLabel* label : {icon_, name_, facts_, note_})
         label->setAlignment(Qt::AlignCenter);
     for (QLabel* label : {name_, facts_, note_}) {

@@ -130,7 +130,7 @@ void PropertiesDialog::makeHeading(QVBoxLayout& column) {
     title_->setObjectName(QStringLiteral("propertiesTitle"));
     title_->setTextFormat(Qt::PlainText);
     title_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    title_->setFont(demiBold(title_->font(), 1.2));
+    title_->setFont(demiBold(scaled(title_->font(), 1.2)));
     title_->setWordWrap(true);
     title_->setMinimumWidth(valueWidth);
     auto* row = new QHBoxLayout;

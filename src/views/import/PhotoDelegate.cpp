@@ -124,9 +124,7 @@ void PhotoDelegate::paintPhoto(QPainter& painter, const QStyleOptionViewItem& op
         veil.setAlphaF(0.55F);
         painter.fillRect(place, veil);
     }
-    QFont small = option.font;
-    small.setPointSizeF(small.pointSizeF() * 0.8);
-    painter.setFont(small);
+    painter.setFont(scaled(option.font, 0.8));
     const int files = index.data(PhotoListModel::filesRole).toInt();
     if (isVideo || picture.isNull())
         paintBadge(painter, cell,

@@ -35,10 +35,7 @@ constexpr int margin = 28;
 
 QLabel* heading() {
     auto* label = new QLabel;
-    QFont font = label->font();
-    font.setPointSizeF(font.pointSizeF() * 1.1);
-    font.setWeight(QFont::DemiBold);
-    label->setFont(font);
+    label->setFont(demiBold(scaled(label->font(), 1.1)));
     return label;
 }
 
@@ -131,10 +128,7 @@ PhonePage::PhonePage(Parts parts, Callbacks callbacks, QWidget* parent)
 
 QWidget* PhonePage::makeHeader() {
     auto* header = new QWidget;
-    QFont large = name_->font();
-    large.setPointSizeF(large.pointSizeF() * 1.7);
-    large.setWeight(QFont::DemiBold);
-    name_->setFont(large);
+    name_->setFont(demiBold(scaled(name_->font(), 1.7)));
     name_->setObjectName(QStringLiteral("phoneName"));
     name_->setWordWrap(true);
     detail_->setWordWrap(true);

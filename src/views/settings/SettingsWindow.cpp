@@ -2,6 +2,7 @@
 
 #include "app/LanguageManager.h"
 #include "views/common/Icons.h"
+#include "views/common/Layouts.h"
 #include "views/common/WindowStateStore.h"
 #include "views/settings/FileSettings.h"
 #include "views/sync/SyncPairList.h"
@@ -139,10 +140,7 @@ QWidget* SettingsWindow::makeAbout() {
     auto* picture = new QLabel;
     picture->setPixmap(programIcon().pixmap(pictureSide, pictureSide));
     auto* name = new QLabel(QStringLiteral("Tessary"));
-    QFont font = name->font();
-    font.setPointSizeF(font.pointSizeF() * 1.8);
-    font.setWeight(QFont::DemiBold);
-    name->setFont(font);
+    name->setFont(demiBold(scaled(name->font(), 1.8)));
     connect(homepage_, &QPushButton::clicked, this,
             [this] { app_.updateChecker().openHomepage(); });
     auto [page, column] = makePage();

@@ -6,7 +6,6 @@
 #include "views/sidebar/DeviceListModel.h"
 
 #include <QPainter>
-#include <QPainterPath>
 
 #include <algorithm>
 
@@ -83,8 +82,7 @@ void DeviceDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
 
     const int line = option.fontMetrics.height();
     QRect texts = inner.adjusted(iconSize + 10, 0, 0, 0);
-    QFont small = option.font;
-    small.setPointSizeF(small.pointSizeF() * 0.88);
+    const QFont small = scaled(option.font, 0.88);
     const QFontMetrics smallMetrics(small);
     painter->setFont(small);
     if (device->batteryLevel) {
@@ -108,16 +106,8 @@ void DeviceDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
     texts.setRight(inner.right());
     int stateTop = texts.top() + line + 4;
     if (const auto share = usedShare(*device)) {
-        const QRectF bar(texts.left(), stateTop, texts.width(), barHeight);
-        QColor trough = text;
-        trough.setAlphaF(0.16F);
-        painter->setPen(Qt::NoPen);
-        painter->setBrush(trough);
-        painter->drawRoundedRect(bar, barHeight / 2.0, barHeight / 2.0);
-        QRectF used = bar;
-        used.setWidth(std::max<double>(barHeight, bar.width() * *share));
-        painter->setBrush(fillColour(*share, palette));
-        painter->drawRoundedRect(used, barHeight / 2.0, barHeight / 2.0);
+        paintBar(*painter, QRectF(texts.left(), stateTop, texts.width(), barHeight), *share, text,
+                 fillColour(*share, palette));
         stateTop += barHeight + 2;
     }
     if (index.data(DeviceListModel::mountedRole).toBool()) {

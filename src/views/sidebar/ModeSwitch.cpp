@@ -2,6 +2,7 @@
 
 #include "app/LanguageManager.h"
 #include "app/texts/DisplayNames.h"
+#include "views/common/Layouts.h"
 
 #include <QButtonGroup>
 #include <QHBoxLayout>
@@ -33,9 +34,7 @@ QPushButton* modeButton(ProtocolMode mode, const char* toolTip) {
     button->setFlat(false);
     // They share what room the sidebar has.
     button->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-    QFont small = button->font();
-    small.setPointSizeF(small.pointSizeF() * 0.88);
-    button->setFont(small);
+    button->setFont(scaled(button->font(), 0.88));
     keepTranslated(button, [button, mode, toolTip] {
         button->setText(mode == ProtocolMode::mtp ? QStringLiteral("MTP")
                                                   : QStringLiteral("Turbo (ADB)"));

@@ -58,10 +58,7 @@ public:
 QWidget* makeSectionHeading(Words text) {
     auto* heading = new QLabel;
     keepTranslated(heading, [heading, text] { heading->setText(text()); });
-    QFont font = heading->font();
-    font.setPointSizeF(font.pointSizeF() * 0.88);
-    font.setWeight(QFont::DemiBold);
-    heading->setFont(font);
+    heading->setFont(demiBold(scaled(heading->font(), 0.88)));
     heading->setForegroundRole(QPalette::PlaceholderText);
     heading->setContentsMargins(16, 12, 10, 4);
     return heading;
@@ -87,9 +84,7 @@ PlaceList::PlaceList(Words heading, PlaceListModel& model, QWidget* parent)
     hint_->setWordWrap(true);
     hint_->setForegroundRole(QPalette::PlaceholderText);
     hint_->setContentsMargins(16, 2, 12, 4);
-    QFont small = hint_->font();
-    small.setPointSizeF(small.pointSizeF() * 0.88);
-    hint_->setFont(small);
+    hint_->setFont(scaled(hint_->font(), 0.88));
     auto* column = makeColumn(*this);
     column->addWidget(makeSectionHeading(heading));
     column->addWidget(hint_);

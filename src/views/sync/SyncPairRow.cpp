@@ -59,10 +59,8 @@ SyncPairRow::SyncPairRow(SyncViewModel& sync, const QUuid& id, QWidget* parent)
       more_(button("overflow-menu")),
       menu_(new QMenu(this)) {
     title_->setFont(demiBold(title_->font()));
-    QFont small = detail_->font();
-    small.setPointSizeF(small.pointSizeF() * 0.88);
     for (QLabel* label : {detail_, state_}) {
-        label->setFont(small);
+        label->setFont(scaled(label->font(), 0.88));
         label->setWordWrap(true);
     }
     detail_->setForegroundRole(QPalette::PlaceholderText);

@@ -28,7 +28,7 @@ QWidget* step(int number, const char* title, const char* detail) {
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(14);
     auto* badge = new QLabel(QString::number(number));
-    badge->setFont(demiBold(badge->font(), 1.1));
+    badge->setFont(demiBold(scaled(badge->font(), 1.1)));
     badge->setAlignment(Qt::AlignCenter);
     badge->setFixedSize(30, 30);
     badge->setStyleSheet(QStringLiteral(
@@ -36,7 +36,7 @@ QWidget* step(int number, const char* title, const char* detail) {
     auto* texts = new QVBoxLayout;
     texts->setSpacing(1);
     auto* heading = translated(title);
-    heading->setFont(demiBold(heading->font(), 1.05));
+    heading->setFont(demiBold(scaled(heading->font(), 1.05)));
     texts->addWidget(heading);
     texts->addWidget(translated(detail));
     layout->addWidget(badge, 0, Qt::AlignTop);
@@ -54,7 +54,7 @@ WelcomeView::WelcomeView(std::function<void()> startDemo, QWidget* parent) : QWi
     picture->setPixmap(programIcon().pixmap(96, 96));
     picture->setAlignment(Qt::AlignCenter);
     auto* title = translated(QT_TR_NOOP("Connect a phone"));
-    title->setFont(demiBold(title->font(), 1.8));
+    title->setFont(demiBold(scaled(title->font(), 1.8)));
     title->setAlignment(Qt::AlignCenter);
 
     auto* demo = new QPushButton;

@@ -1,6 +1,8 @@
 #include "views/transfers/TransferDelegate.h"
 
 #include "views/common/Icons.h"
+#include "views/common/Layouts.h"
+#include "views/common/RowGround.h"
 #include "views/transfers/TransferListModel.h"
 
 #include <QMouseEvent>
@@ -85,21 +87,6 @@ void paintMark(QPainter& painter, const QRectF& place, const CopyJob& job,
     painter.restore();
 }
 
-void paintBar(QPainter& painter, const QRectF& bar, const CopyJob& job, const QPalette& palette) {
-    QColor trough = palette.color(QPalette::WindowText);
-    trough.setAlphaF(0.14F);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(trough);
-    painter.drawRoundedRect(bar, barHeight / 2.0, barHeight / 2.0);
-    const double share = job.fractionDone();
-    if (share <= 0)
-        return;
-    QRectF done = bar;
-    done.setWidth(std::max<double>(barHeight, bar.width() * share));
-    painter.setBrush(colourOf(job, palette));
-    painter.drawRoundedRect(done, barHeight / 2.0, barHeight / 2.0);
-}
-
 } // namespace
 
 TransferDelegate::TransferDelegate(Actions actions, QObject* parent)
@@ -134,8 +121,7 @@ void TransferDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
     const QColor text = palette.color(QPalette::WindowText);
     QColor faint = text;
     faint.setAlphaF(0.72F);
-    QFont small = option.font;
-    small.setPointSizeF(small.pointSizeF() * 0.9);
+    const QFont small = scaled(option.font, 0.9);
     const QFontMetrics smallMetrics(small);
     // Where it goes stands to the right, and gives way to the name.
     const QString route =
@@ -152,7 +138,8 @@ void TransferDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
     painter->drawText(QRect(right - routeWidth - 1, top, routeWidth + 1, line),
                       Qt::AlignVCenter | Qt::AlignRight, route);
     if (showsBar)
-        paintBar(*painter, QRectF(left, top + line + 3, right - left, barHeight), *job, palette);
+        paintBar(*painter, QRectF(left, top + line + 3, right - left, barHeight),
+                 job->fractionDone(), text, colourOf(*job, palette));
     const bool wentWrong =
         job->status == CopyJob::Status::failed || job->status == CopyJob::Status::incomplete;
     painter->setPen(wentWrong ? colourOf(*job, palette) : faint);
