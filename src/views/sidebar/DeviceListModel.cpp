@@ -12,6 +12,32 @@
 
 namespace tessary {
 
+namespace {
+
+/// Whether a device of this name has a tablet's picture rather than a phone's: nothing else tells.
+bool looksLikeTablet(const QString& name) {
+    static const QRegularExpression words(QStringLiteral("\\b(iPad|\\w*Pad|Tab|Tablet)\\b"),
+                                          QRegularExpression::CaseInsensitiveOption |
+                                              QRegularExpression::UseUnicodePropertiesOption);
+    return words.match(name).hasMatch();
+}
+
+/// The line below a device's storage bar: what is free, or what is waited for.
+QString deviceStorageText(const DeviceInfo& device) {
+    if (device.isLocked)
+        return DeviceListModel::tr("Locked: unlock it");
+    const QString space = freeSpaceText(device);
+    if (space.isEmpty() && device.volumes.empty()) {
+        // An iPhone that is to be trusted first takes many seconds to say so.
+        const bool isConnecting = device.platform == DevicePlatform::iOS && !device.deviceName;
+        return isConnecting ? DeviceListModel::tr("Connecting…")
+                            : DeviceListModel::tr("Reading storage…");
+    }
+    return space;
+}
+
+} // namespace
+
 QString deviceTitle(const DeviceInfo& device) {
     if (device.deviceName)
         return printable(*device.deviceName);
@@ -38,13 +64,6 @@ DeviceListModel::DeviceListModel(const DeviceManager& manager, const PhoneMounts
 
 int DeviceListModel::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : static_cast<int>(devices_.size());
-}
-
-bool looksLikeTablet(const QString& name) {
-    static const QRegularExpression words(QStringLiteral("\\b(iPad|\\w*Pad|Tab|Tablet)\\b"),
-                                          QRegularExpression::CaseInsensitiveOption |
-                                              QRegularExpression::UseUnicodePropertiesOption);
-    return words.match(name).hasMatch();
 }
 
 QVariant DeviceListModel::data(const QModelIndex& index, int role) const {
@@ -127,19 +146,6 @@ QString deviceDetail(const DeviceInfo& device) {
         return mode;
     return QStringLiteral("%1  ·  %2")
         .arg(mode, DeviceListModel::tr("Battery %1 %").arg(*device.batteryLevel));
-}
-
-QString deviceStorageText(const DeviceInfo& device) {
-    if (device.isLocked)
-        return DeviceListModel::tr("Locked: unlock it");
-    const QString space = freeSpaceText(device);
-    if (space.isEmpty() && device.volumes.empty()) {
-        // An iPhone that is to be trusted first takes many seconds to say so.
-        const bool isConnecting = device.platform == DevicePlatform::iOS && !device.deviceName;
-        return isConnecting ? DeviceListModel::tr("Connecting…")
-                            : DeviceListModel::tr("Reading storage…");
-    }
-    return space;
 }
 
 } // namespace tessary

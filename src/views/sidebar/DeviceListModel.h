@@ -44,13 +44,7 @@ private:
 [[nodiscard]] QString deviceTitle(const DeviceInfo& device);
 /// The line below a device's name: its mode and battery.
 [[nodiscard]] QString deviceDetail(const DeviceInfo& device);
-/// The line below its storage bar: what is free, or what is waited for.
-[[nodiscard]] QString deviceStorageText(const DeviceInfo& device);
-
 /// A phone's or a tablet's.
 [[nodiscard]] QIcon devicePicture(const DeviceInfo& device);
-/// Whether a device of this name has a tablet's picture rather than a phone's: nothing else tells.
-/// Pure.
-[[nodiscard]] bool looksLikeTablet(const QString& name);
 
 } // namespace tessary

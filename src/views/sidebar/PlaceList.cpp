@@ -64,11 +64,11 @@ QWidget* makeSectionHeading(Words text) {
     return heading;
 }
 
-PlaceList::PlaceList(Words heading, PlaceListModel& model, QWidget* parent)
-    : QWidget(parent),
-      model_(model),
+PlaceList::PlaceList(Words heading, PlaceListModel& model, Words hint)
+    : model_(model),
       view_(new QListView),
       hint_(new QLabel),
+      hasHint_(hint != nullptr),
       dropMark_(new QRubberBand(QRubberBand::Rectangle, view_->viewport())) {
     keepTranslated(view_, [this, heading] { view_->setAccessibleName(heading()); });
     view_->setModel(&model);
@@ -89,13 +89,15 @@ PlaceList::PlaceList(Words heading, PlaceListModel& model, QWidget* parent)
     column->addWidget(makeSectionHeading(heading));
     column->addWidget(hint_);
     column->addWidget(view_);
+    if (hasHint_)
+        keepTranslated(hint_, [this, hint] { hint_->setText(hint()); });
+    for (auto signal : {&QListView::clicked, &QListView::activated})
+        connect(view_, signal, this, &PlaceList::chosen);
+    view_->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(view_, &QWidget::customContextMenuRequested, this, [this](const QPoint& where) {
+        Q_EMIT menuRequested(view_->indexAt(where), view_->viewport()->mapToGlobal(where));
+    });
     connect(&model, &QAbstractItemModel::modelReset, this, [this] { fit(); });
-    fit();
-}
-
-void PlaceList::setHint(Words text) {
-    hasHint_ = true;
-    keepTranslated(hint_, [this, text] { hint_->setText(text()); });
     fit();
 }
 

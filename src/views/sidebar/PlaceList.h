@@ -14,24 +14,28 @@ class PlaceListModel;
 using Words = QString (*)();
 
 /// One section of the sidebar: a heading, and rows that take no more room than they need. Without
-/// rows it is gone, unless it has words for that.
+/// rows it is gone, unless it has a hint to show in their place.
 class PlaceList : public QWidget {
     Q_OBJECT
 
 public:
     /// `model` must outlive it.
-    PlaceList(Words heading, PlaceListModel& model, QWidget* parent = nullptr);
+    PlaceList(Words heading, PlaceListModel& model, Words hint = nullptr);
 
     [[nodiscard]] QListView& view() const {
         return *view_;
     }
-    /// Shown in place of rows.
-    void setHint(Words text);
     /// What makes the rows targets of drops; beside them its model takes what it can. It must
     /// outlive this.
     void setDrops(const EntryDrop& drops);
     /// Marks a row, or none.
     void mark(const QModelIndex& index);
+
+Q_SIGNALS:
+    /// By a click or a key.
+    void chosen(const QModelIndex& index);
+    /// `where` is on the screen; the row may be invalid.
+    void menuRequested(const QModelIndex& index, const QPoint& where);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -47,7 +51,7 @@ private:
     PlaceListModel& model_;
     QListView* view_;
     QLabel* hint_;
-    bool hasHint_ = false;
+    const bool hasHint_;
     const EntryDrop* drops_ = nullptr;
     QRubberBand* dropMark_;
 };

@@ -38,20 +38,6 @@ QWidget* inRow(QToolButton* button, const char* objectName) {
     return row;
 }
 
-QWidget* makeWirelessButton(const std::function<void()>& showWireless) {
-    auto* button = new QToolButton;
-    button->setIcon(lineIcon(QStringLiteral("network-wireless")));
-    keepTranslated(button, [button] { button->setText(Sidebar::tr("Wireless Devices…")); });
-    QObject::connect(button, &QToolButton::clicked, button, showWireless);
-    return inRow(button, "wirelessButton");
-}
-
-QWidget* makeImportButton(QAction& import) {
-    auto* button = new QToolButton;
-    button->setDefaultAction(&import);
-    return inRow(button, "importButton");
-}
-
 } // namespace
 
 Sidebar::Sidebar(DeviceListModel& devices, FavoritesManager& favorites, PhoneMounts& mounts,
@@ -65,7 +51,8 @@ Sidebar::Sidebar(DeviceListModel& devices, FavoritesManager& favorites, PhoneMou
       noDevices_(new QLabel),
       mode_(new ModeSwitch(callbacks_.useMode)),
       favoriteModel_(favorites),
-      favoriteList_(new PlaceList([] { return tr("Favorites"); }, favoriteModel_)),
+      favoriteList_(new PlaceList([] { return tr("Favorites"); }, favoriteModel_,
+                                  [] { return tr("Drop a folder here to keep it at hand."); })),
       shortcutList_(new PlaceList([] { return tr("Quick Shortcuts"); }, shortcutModel_)),
       volumeList_(new PlaceList([] { return tr("Storage Volumes"); }, volumeModel_)) {
     deviceList_->setObjectName(QStringLiteral("deviceList"));
@@ -90,27 +77,36 @@ Sidebar::Sidebar(DeviceListModel& devices, FavoritesManager& favorites, PhoneMou
     });
 
     favoriteList_->view().setObjectName(QStringLiteral("favoriteList"));
-    favoriteList_->setHint([] { return tr("Drop a folder here to keep it at hand."); });
     QListView& favoriteView = favoriteList_->view();
     favoriteView.setDragDropMode(QAbstractItemView::DragDrop);
     favoriteView.setDefaultDropAction(Qt::MoveAction);
-    connect(&favoriteView, &QListView::clicked, this, [this](const QModelIndex& index) {
+    connect(favoriteList_, &PlaceList::chosen, this, [this](const QModelIndex& index) {
         if (const auto favorite = favoriteModel_.favoriteAt(index))
             callbacks_.openFavorite(*favorite);
     });
-    connect(&favoriteView, &QListView::activated, this, [this](const QModelIndex& index) {
-        if (const auto favorite = favoriteModel_.favoriteAt(index))
-            callbacks_.openFavorite(*favorite);
-    });
+    connect(favoriteList_, &PlaceList::menuRequested, this, &Sidebar::showFavoriteMenu);
     shortcutList_->view().setObjectName(QStringLiteral("shortcutList"));
     volumeList_->view().setObjectName(QStringLiteral("volumeList"));
     for (auto [list, model] :
-         {std::pair{shortcutList_, &shortcutModel_}, std::pair{volumeList_, &volumeModel_}})
-        for (auto signal : {&QListView::clicked, &QListView::activated})
-            connect(&list->view(), signal, this, [this, model = model](const QModelIndex& index) {
-                if (const Place* place = model->placeAt(index))
-                    open(*place);
-            });
+         {std::pair{shortcutList_, &shortcutModel_}, std::pair{volumeList_, &volumeModel_}}) {
+        connect(list, &PlaceList::chosen, this, [this, model = model](const QModelIndex& index) {
+            if (const Place* place = model->placeAt(index))
+                open(*place);
+        });
+        connect(list, &PlaceList::menuRequested, this,
+                [this, model = model](const QModelIndex& index, const QPoint& where) {
+                    if (const Place* place = model->placeAt(index))
+                        showPlaceMenu(*place, where);
+                });
+    }
+    deviceList_->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(deviceList_, &QWidget::customContextMenuRequested, this, &Sidebar::showDeviceMenu);
+    auto* wireless = new QToolButton;
+    wireless->setIcon(lineIcon(QStringLiteral("network-wireless")));
+    keepTranslated(wireless, [wireless] { wireless->setText(tr("Wireless Devices…")); });
+    connect(wireless, &QToolButton::clicked, this, callbacks_.showWireless);
+    auto* import = new QToolButton;
+    import->setDefaultAction(callbacks_.importPhotos);
 
     auto* content = new QWidget;
     auto* column = new QVBoxLayout(content);
@@ -123,8 +119,8 @@ Sidebar::Sidebar(DeviceListModel& devices, FavoritesManager& favorites, PhoneMou
     for (PlaceList* list : {favoriteList_, shortcutList_, volumeList_})
         column->addWidget(list);
     column->addStretch(1);
-    column->addWidget(makeImportButton(*callbacks_.importPhotos));
-    column->addWidget(makeWirelessButton(callbacks_.showWireless));
+    column->addWidget(inRow(import, "importButton"));
+    column->addWidget(inRow(wireless, "wirelessButton"));
     auto* scroll = new QScrollArea;
     scroll->setFrameShape(QFrame::NoFrame);
     scroll->setWidgetResizable(true);
@@ -141,24 +137,8 @@ Sidebar::Sidebar(DeviceListModel& devices, FavoritesManager& favorites, PhoneMou
     setMinimumWidth(200);
     connect(&LanguageManager::shared(), &LanguageManager::languageChanged, this,
             &Sidebar::showPlaces);
-    connectMenus();
     fitDeviceList();
     showDevice(std::nullopt, {});
-}
-
-void Sidebar::connectMenus() {
-    for (QListView* view :
-         {deviceList_, &favoriteList_->view(), &shortcutList_->view(), &volumeList_->view()})
-        view->setContextMenuPolicy(Qt::CustomContextMenu);
-    connect(deviceList_, &QWidget::customContextMenuRequested, this, &Sidebar::showDeviceMenu);
-    connect(&favoriteList_->view(), &QWidget::customContextMenuRequested, this,
-            &Sidebar::showFavoriteMenu);
-    for (auto [list, model] :
-         {std::pair{shortcutList_, &shortcutModel_}, std::pair{volumeList_, &volumeModel_}})
-        connect(&list->view(), &QWidget::customContextMenuRequested, this,
-                [this, list = list, model = model](const QPoint& where) {
-                    showPlaceMenu(*list, *model, where);
-                });
 }
 
 void Sidebar::showDeviceMenu(const QPoint& where) {
@@ -176,9 +156,8 @@ void Sidebar::showDeviceMenu(const QPoint& where) {
     menu.exec(deviceList_->viewport()->mapToGlobal(where));
 }
 
-void Sidebar::showFavoriteMenu(const QPoint& where) {
-    QListView& view = favoriteList_->view();
-    const auto favorite = favoriteModel_.favoriteAt(view.indexAt(where));
+void Sidebar::showFavoriteMenu(const QModelIndex& index, const QPoint& where) {
+    const auto favorite = favoriteModel_.favoriteAt(index);
     if (!favorite || !device_)
         return;
     QMenu menu(this);
@@ -192,18 +171,17 @@ void Sidebar::showFavoriteMenu(const QPoint& where) {
                    });
     menu.addAction(icon("edit-delete-remove"), tr("Remove from Favorites"),
                    [this, id = favorite->id] { favorites_.removeFavorite(id); });
-    menu.exec(view.viewport()->mapToGlobal(where));
+    menu.exec(where);
 }
 
-void Sidebar::showPlaceMenu(PlaceList& list, const PlaceListModel& model, const QPoint& where) {
-    const Place* const place = model.placeAt(list.view().indexAt(where));
-    if (place == nullptr || !device_ || place->target == Place::Target::apps)
+void Sidebar::showPlaceMenu(const Place& place, const QPoint& where) {
+    if (!device_ || place.target == Place::Target::apps)
         return;
     QMenu menu(this);
     menu.addAction(
         icon("document-open-folder"), words::openInFileManager(),
-        [this, device = *device_, path = place->path] { mounts_.open(device, {}, path); });
-    menu.exec(list.view().viewport()->mapToGlobal(where));
+        [this, device = *device_, path = place.path] { mounts_.open(device, {}, path); });
+    menu.exec(where);
 }
 
 void Sidebar::open(const Place& place) {

@@ -63,10 +63,9 @@ private:
     void fitDeviceList();
     void open(const Place& place);
     void showPlaces();
-    void connectMenus();
     void showDeviceMenu(const QPoint& where);
-    void showFavoriteMenu(const QPoint& where);
-    void showPlaceMenu(PlaceList& list, const PlaceListModel& model, const QPoint& where);
+    void showFavoriteMenu(const QModelIndex& index, const QPoint& where);
+    void showPlaceMenu(const Place& place, const QPoint& where);
 
     DeviceListModel& devices_;
     FavoritesManager& favorites_;
