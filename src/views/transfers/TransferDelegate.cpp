@@ -87,10 +87,16 @@ void paintMark(QPainter& painter, const QRectF& place, const CopyJob& job,
     painter.restore();
 }
 
+/// Null for what is no row of a TransferListModel.
+const CopyJob* jobOf(const QModelIndex& index) {
+    const auto* model = qobject_cast<const TransferListModel*>(index.model());
+    return model != nullptr ? model->jobAt(index) : nullptr;
+}
+
 } // namespace
 
-TransferDelegate::TransferDelegate(Actions actions, QObject* parent)
-    : QStyledItemDelegate(parent), actions_(std::move(actions)) {}
+TransferDelegate::TransferDelegate(std::function<void(const CopyJob&)> act, QObject* parent)
+    : QStyledItemDelegate(parent), act_(std::move(act)) {}
 
 QSize TransferDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const {
     return {200, 2 * option.fontMetrics.height() + barHeight + 2 * margin + 6};
@@ -98,8 +104,7 @@ QSize TransferDelegate::sizeHint(const QStyleOptionViewItem& option, const QMode
 
 void TransferDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                              const QModelIndex& index) const {
-    const auto* model = qobject_cast<const TransferListModel*>(index.model());
-    const CopyJob* job = model != nullptr ? model->jobAt(index) : nullptr;
+    const CopyJob* job = jobOf(index);
     if (job == nullptr)
         return;
     painter->save();
@@ -159,22 +164,12 @@ bool TransferDelegate::editorEvent(QEvent* event, QAbstractItemModel* model,
         const auto* mouse = static_cast<QMouseEvent*>(event);
         if (mouse->button() == Qt::LeftButton &&
             buttonRect(option.rect).contains(mouse->position().toPoint())) {
-            actOn(index);
+            if (const CopyJob* job = jobOf(index))
+                act_(*job);
             return true;
         }
     }
     return QStyledItemDelegate::editorEvent(event, model, option, index);
-}
-
-void TransferDelegate::actOn(const QModelIndex& index) const {
-    const auto* model = qobject_cast<const TransferListModel*>(index.model());
-    const CopyJob* job = model != nullptr ? model->jobAt(index) : nullptr;
-    if (job == nullptr)
-        return;
-    if (!job->isFinished())
-        actions_.cancel(index);
-    else if (job->canGoOn())
-        actions_.goOn(index);
 }
 
 } // namespace tessary

@@ -6,17 +6,14 @@
 
 namespace tessary {
 
+struct CopyJob;
+
 /// Draws a transfer of TransferListModel: how it stands, name, from where to where, a bar while it
 /// is under way, what there is to say, and a button that cancels it or goes on with it.
 class TransferDelegate : public QStyledItemDelegate {
 public:
-    /// Called with the index whose button was clicked.
-    struct Actions {
-        std::function<void(const QModelIndex&)> cancel;
-        std::function<void(const QModelIndex&)> goOn;
-    };
-
-    explicit TransferDelegate(Actions actions, QObject* parent = nullptr);
+    /// `act` is called with the job whose button was clicked.
+    TransferDelegate(std::function<void(const CopyJob&)> act, QObject* parent);
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
@@ -26,9 +23,7 @@ public:
                      const QModelIndex& index) override;
 
 private:
-    void actOn(const QModelIndex& index) const;
-
-    const Actions actions_;
+    const std::function<void(const CopyJob&)> act_;
 };
 
 } // namespace tessary

@@ -68,34 +68,29 @@ TransferPanel::TransferPanel(CopyQueue& queue, Callbacks callbacks, QWidget* par
 
     list_->setObjectName(QStringLiteral("transferList"));
     list_->setModel(&model_);
-    list_->setItemDelegate(new TransferDelegate({[this](const QModelIndex& index) {
-                                                     if (const CopyJob* job = model_.jobAt(index))
-                                                         queue_.cancel(job->id);
-                                                 },
-                                                 [this](const QModelIndex& index) {
-                                                     if (const CopyJob* job = model_.jobAt(index))
-                                                         callbacks_.goOn(job->id);
-                                                 }},
-                                                list_));
+    const auto cancelOrGoOn = [this](const CopyJob& job) {
+        if (!job.isFinished())
+            queue_.cancel(QUuid(job.id)); // the list may change under it
+        else if (job.canGoOn())
+            callbacks_.goOn(QUuid(job.id));
+    };
+    list_->setItemDelegate(new TransferDelegate(cancelOrGoOn, list_));
     list_->setFrameShape(QFrame::NoFrame);
     list_->setUniformItemSizes(true);
     list_->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     list_->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    auto* cancel = new QShortcut(QKeySequence::Delete, list_);
-    cancel->setContext(Qt::WidgetShortcut);
-    connect(cancel, &QShortcut::activated, this, &TransferPanel::cancelSelected);
     list_->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(list_, &QWidget::customContextMenuRequested, this, &TransferPanel::showMenu);
     connect(list_, &QAbstractItemView::doubleClicked, this, &TransferPanel::showCopy);
-    auto* show = new QShortcut(QKeySequence(Qt::Key_Return), list_);
-    show->setContext(Qt::WidgetShortcut);
-    connect(show, &QShortcut::activated, this, [this] { showCopy(list_->currentIndex()); });
-    for (const auto& [key, rows] : {std::pair(Qt::Key_Up, -1), std::pair(Qt::Key_Down, 1)}) {
-        auto* move = new QShortcut(QKeySequence(Qt::ALT | key), list_);
-        move->setContext(Qt::WidgetShortcut);
-        connect(move, &QShortcut::activated, this,
-                [this, by = rows] { this->move(list_->currentIndex(), by); });
-    }
+    const auto on = [this](const QKeySequence& keys, auto act) {
+        auto* shortcut = new QShortcut(keys, list_);
+        shortcut->setContext(Qt::WidgetShortcut);
+        connect(shortcut, &QShortcut::activated, this, act);
+    };
+    on(QKeySequence::Delete, [this] { cancelSelected(); });
+    on(Qt::Key_Return, [this] { showCopy(list_->currentIndex()); });
+    on(Qt::ALT | Qt::Key_Up, [this] { move(list_->currentIndex(), -1); });
+    on(Qt::ALT | Qt::Key_Down, [this] { move(list_->currentIndex(), 1); });
     connect(history_, &QPushButton::clicked, this, [this] { callbacks_.showHistory(); });
     connect(cancelAll_, &QPushButton::clicked, this, [this] { queue_.cancelAll(); });
     connect(clear_, &QPushButton::clicked, this, [this] { queue_.clearFinished(); });
@@ -168,39 +163,29 @@ void TransferPanel::showMenu(const QPoint& position) {
     const CopyJob* job = model_.jobAt(index);
     if (job == nullptr)
         return;
-    QMenu menu(this);
-    QAction* show = menu.addAction(icon("document-open-folder"), tr("Show in Folder"));
-    show->setEnabled(hasCopy(index));
-    QAction* goOn = menu.addAction(icon("view-refresh"), tr("Retry"));
-    goOn->setEnabled(job->canGoOn());
-    const bool isPaused = job->status == CopyJob::Status::paused;
-    QAction* pause =
-        menu.addAction(icon("media-playback-pause"), isPaused ? tr("Resume") : tr("Pause"));
-    pause->setEnabled(!job->isFinished());
-    QAction* cancel = menu.addAction(icon("process-stop"), tr("Cancel"));
-    cancel->setEnabled(!job->isFinished());
-    const bool canMove = job->status == CopyJob::Status::queued || isPaused;
-    QAction* sooner = menu.addAction(icon("go-up"), tr("Move Up"));
-    sooner->setShortcut(Qt::ALT | Qt::Key_Up);
-    sooner->setEnabled(canMove && index.row() > 0);
-    QAction* later = menu.addAction(icon("go-down"), tr("Move Down"));
-    later->setShortcut(Qt::ALT | Qt::Key_Down);
-    later->setEnabled(canMove && index.row() + 1 < model_.rowCount());
-    const QUuid id = job->id;
     // The list may change while the menu is open.
-    const QAction* chosen = menu.exec(list_->viewport()->mapToGlobal(position));
-    if (chosen == show)
-        showCopy(index);
-    else if (chosen == goOn)
-        callbacks_.goOn(id);
-    else if (chosen == sooner || chosen == later)
-        move(index, chosen == sooner ? -1 : 1);
-    else if (chosen == pause && isPaused)
-        queue_.resume(id);
-    else if (chosen == pause)
-        queue_.pause(id);
-    else if (chosen == cancel)
-        cancelSelected();
+    const QUuid id = job->id;
+    const bool isPaused = job->status == CopyJob::Status::paused;
+    const bool isUnderWay = !job->isFinished();
+    const bool canMove = job->status == CopyJob::Status::queued || isPaused;
+    QMenu menu(this);
+    const auto add = [&](const char* iconName, const QString& text, bool isEnabled, auto act) {
+        QAction* action = menu.addAction(icon(iconName), text, this, act);
+        action->setEnabled(isEnabled);
+        return action;
+    };
+    add("document-open-folder", tr("Show in Folder"), hasCopy(index), [&] { showCopy(index); });
+    add("view-refresh", tr("Retry"), job->canGoOn(), [&] { callbacks_.goOn(id); });
+    add("media-playback-pause", isPaused ? tr("Resume") : tr("Pause"), isUnderWay,
+        [&] { isPaused ? queue_.resume(id) : queue_.pause(id); });
+    add("process-stop", tr("Cancel"), isUnderWay, [&] { cancelSelected(); });
+    add("go-up", tr("Move Up"), canMove && index.row() > 0, [&] {
+        move(index, -1);
+    })->setShortcut(Qt::ALT | Qt::Key_Up);
+    add("go-down", tr("Move Down"), canMove && index.row() + 1 < model_.rowCount(), [&] {
+        move(index, 1);
+    })->setShortcut(Qt::ALT | Qt::Key_Down);
+    menu.exec(list_->viewport()->mapToGlobal(position));
 }
 
 /// A job that waits changes places with its neighbour.
