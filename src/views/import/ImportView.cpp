@@ -15,6 +15,7 @@
 
 #include <QCheckBox>
 #include <QDir>
+#include <QFileDialog>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListView>
@@ -60,12 +61,11 @@ QListView* makeList() {
 
 } // namespace
 
-ImportView::ImportView(const Setup& setup, Callbacks callbacks, QWidget* parent)
-    : QWidget(parent),
-      import_(setup.import),
+ImportView::ImportView(const Setup& setup)
+    : import_(setup.import),
       queue_(setup.queue),
       defaults_(setup.defaults),
-      callbacks_(std::move(callbacks)),
+      showInFolder_(setup.showInFolder),
       photos_(new PhotoListModel(setup.import, this)),
       thumbnails_(new ThumbnailStore(sourceOf(setup.import, setup.queue),
                                      PhotoDelegate::pictureSide, setup.copies, this)),
@@ -274,7 +274,7 @@ void ImportView::showEnd() {
                        tr("%Ln photos and videos imported", nullptr, arrived),
                        lines.join(QLatin1Char('\n')),
                        arrived > 0 ? tr("Show in Folder") : QString(),
-                       [this] { callbacks_.showInFolder(import_.folder()); });
+                       [this] { showInFolder_(import_.folder()); });
     if (arrived > 0)
         placeholder_->addChoice(tr("Delete from the Phone…"), [this] { askAndRemove(); });
     stack_->setCurrentWidget(placeholder_);
@@ -311,7 +311,8 @@ void ImportView::showRemoval() {
 }
 
 void ImportView::chooseFolder() {
-    const QString chosen = callbacks_.chooseFolder(this, folder_);
+    const QString chosen =
+        QFileDialog::getExistingDirectory(this, words::folderOnThisComputer(), folder_);
     if (chosen.isEmpty())
         return;
     folder_ = chosen;

@@ -28,28 +28,19 @@ class ImportView : public QWidget {
     Q_OBJECT
 
 public:
-    struct Callbacks {
-        /// A folder that the user chooses; empty when he does not.
-        std::function<QString(QWidget* parent, const QString& startAt)> chooseFolder;
-        std::function<void(const QString& path)> showInFolder;
-    };
     /// All must outlive it.
     struct Setup {
         ImportViewModel& import;
         CopyQueue& queue;
         StagedFiles& copies;
         SettingsStore& defaults; ///< where the folder chosen last is kept
+        std::function<void(const QString& path)> showInFolder;
     };
 
-    ImportView(const Setup& setup, Callbacks callbacks, QWidget* parent = nullptr);
+    explicit ImportView(const Setup& setup);
 
     /// How a removal ended.
     [[nodiscard]] static ErrorText removalText(const ImportRemoval& removal);
-
-    /// Where the photos will go.
-    [[nodiscard]] const QString& folder() const {
-        return folder_;
-    }
 
 private:
     void showTexts();
@@ -67,8 +58,8 @@ private:
     ImportViewModel& import_;
     CopyQueue& queue_;
     SettingsStore& defaults_;
-    const Callbacks callbacks_;
-    QString folder_;
+    const std::function<void(const QString& path)> showInFolder_;
+    QString folder_; ///< where the photos will go
     PhotoListModel* photos_;
     ThumbnailStore* thumbnails_;
     QLabel* title_;

@@ -10,8 +10,8 @@
 
 namespace tessary {
 
-SyncDialogs::SyncDialogs(SyncViewModel& sync, QWidget& window, ChooseFolder chooseFolder)
-    : QObject(&window), sync_(sync), window_(window), chooseFolder_(std::move(chooseFolder)) {
+SyncDialogs::SyncDialogs(SyncViewModel& sync, QWidget& window, std::shared_ptr<Notifier> notifier)
+    : QObject(&window), sync_(sync), window_(window), notifier_(std::move(notifier)) {
     connect(&sync, &SyncViewModel::previewChanged, this, &SyncDialogs::showPreview);
     connect(&sync, &SyncViewModel::questionChanged, this, &SyncDialogs::showQuestion);
     connect(&sync, &SyncViewModel::editRequested, this, &SyncDialogs::editPair);
@@ -27,7 +27,7 @@ void SyncDialogs::makePair(QWidget& asker) {
 }
 
 void SyncDialogs::showForm(const SyncPair& draft, QWidget& asker) {
-    auto* form = new SyncPairDialog(draft, SyncPairDialog::Purpose::makes, chooseFolder_, &asker);
+    auto* form = new SyncPairDialog(draft, SyncPairDialog::Purpose::makes, &asker);
     form->setAttribute(Qt::WA_DeleteOnClose);
     connect(form, &QDialog::accepted, this, [this, form] { sync_.requestPreview(form->pair()); });
     form->open();
@@ -37,7 +37,7 @@ void SyncDialogs::editPair(const QUuid& id) {
     const SyncPair* pair = sync_.manager().pair(id);
     if (pair == nullptr)
         return;
-    auto* form = new SyncPairDialog(*pair, SyncPairDialog::Purpose::edits, chooseFolder_, &window_);
+    auto* form = new SyncPairDialog(*pair, SyncPairDialog::Purpose::edits, &window_);
     form->setAttribute(Qt::WA_DeleteOnClose);
     connect(form, &QDialog::accepted, this, [this, form, folder = pair->localFolderPath] {
         SyncPair edited = form->pair();

@@ -8,7 +8,6 @@
 #include <QObject>
 #include <QPointer>
 
-#include <functional>
 #include <memory>
 
 class QWidget;
@@ -22,18 +21,11 @@ class SyncDialogs : public QObject {
     Q_OBJECT
 
 public:
-    /// Asks for a local folder, starting at one; empty when the user declined.
-    using ChooseFolder = std::function<QString(QWidget* parent, const QString& startAt)>;
-
-    /// Both must outlive it.
-    SyncDialogs(SyncViewModel& sync, QWidget& window, ChooseFolder chooseFolder);
+    /// Both must outlive it; the notifier may be null.
+    SyncDialogs(SyncViewModel& sync, QWidget& window, std::shared_ptr<Notifier> notifier);
 
     /// Lets the user make a pair of the folder being browsed, in front of the window that asks.
     void makePair(QWidget& asker);
-    /// May be null.
-    void setNotifier(std::shared_ptr<Notifier> notifier) {
-        notifier_ = std::move(notifier);
-    }
 
 private:
     void showForm(const SyncPair& draft, QWidget& asker);
@@ -45,8 +37,7 @@ private:
 
     SyncViewModel& sync_;
     QWidget& window_;
-    ChooseFolder chooseFolder_;
-    std::shared_ptr<Notifier> notifier_;
+    const std::shared_ptr<Notifier> notifier_;
     QPointer<SyncPreviewDialog> preview_;
     QPointer<SyncQuestionDialog> question_;
 };

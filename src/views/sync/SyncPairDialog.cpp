@@ -10,6 +10,7 @@
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDir>
+#include <QFileDialog>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -19,11 +20,9 @@
 
 namespace tessary {
 
-SyncPairDialog::SyncPairDialog(SyncPair pair, Purpose purpose, ChooseFolder chooseFolder,
-                               QWidget* parent)
+SyncPairDialog::SyncPairDialog(SyncPair pair, Purpose purpose, QWidget* parent)
     : QDialog(parent),
       pair_(std::move(pair)),
-      chooseFolder_(std::move(chooseFolder)),
       folder_(new QLineEdit(QDir::toNativeSeparators(pair_.localFolderPath))),
       mode_(new QComboBox),
       deletes_(
@@ -60,7 +59,8 @@ SyncPairDialog::SyncPairDialog(SyncPair pair, Purpose purpose, ChooseFolder choo
     auto* choose = new QPushButton(tr("Choose…"));
     choose->setAutoDefault(false); // Return goes on
     connect(choose, &QPushButton::clicked, this, [this] {
-        const QString chosen = chooseFolder_(this, folder_->text());
+        const QString chosen =
+            QFileDialog::getExistingDirectory(this, words::folderOnThisComputer(), folder_->text());
         if (!chosen.isEmpty())
             folder_->setText(QDir::toNativeSeparators(chosen));
     });
@@ -91,8 +91,7 @@ SyncPairDialog::SyncPairDialog(SyncPair pair, Purpose purpose, ChooseFolder choo
 
     connect(folder_, &QLineEdit::textChanged, this, &SyncPairDialog::change);
     connect(mode_, &QComboBox::currentIndexChanged, this, &SyncPairDialog::change);
-    connect(deletes_, &QCheckBox::toggled, this, &SyncPairDialog::change);
-    for (QCheckBox* box : {moves_, runsByItself_})
+    for (QCheckBox* box : {deletes_, moves_, runsByItself_})
         connect(box, &QCheckBox::toggled, this, &SyncPairDialog::change);
     connect(patterns_, &QPlainTextEdit::textChanged, this, &SyncPairDialog::change);
     buttons->button(QDialogButtonBox::Cancel)->setAutoDefault(false);

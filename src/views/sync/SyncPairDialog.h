@@ -4,8 +4,6 @@
 
 #include <QDialog>
 
-#include <functional>
-
 class QCheckBox;
 class QComboBox;
 class QLabel;
@@ -22,12 +20,9 @@ class SyncPairDialog : public QDialog {
     Q_OBJECT
 
 public:
-    using ChooseFolder = std::function<QString(QWidget* parent, const QString& startAt)>;
-
     enum class Purpose { makes, edits };
 
-    SyncPairDialog(SyncPair pair, Purpose purpose, ChooseFolder chooseFolder,
-                   QWidget* parent = nullptr);
+    SyncPairDialog(SyncPair pair, Purpose purpose, QWidget* parent);
 
     /// As the user has set it up.
     [[nodiscard]] const SyncPair& pair() const {
@@ -38,7 +33,6 @@ private:
     void change();
 
     SyncPair pair_;
-    ChooseFolder chooseFolder_;
     QLineEdit* folder_;
     QComboBox* mode_;
     QCheckBox* deletes_;

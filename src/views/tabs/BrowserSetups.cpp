@@ -1,10 +1,8 @@
 #include "views/tabs/BrowserSetups.h"
 
-#include "app/texts/SharedWords.h"
 #include "views/settings/FileSettings.h"
 
 #include <QDir>
-#include <QFileDialog>
 
 #include <utility>
 
@@ -32,10 +30,6 @@ CopyDialogs withDownloadFolder(CopyDialogs dialogs, SettingsStore& defaults) {
         return !folder.isEmpty() && QDir(folder).exists() ? folder : ask(asker);
     };
     return dialogs;
-}
-
-QString chooseLocalFolder(QWidget* asker, const QString& startAt) {
-    return QFileDialog::getExistingDirectory(asker, words::folderOnThisComputer(), startAt);
 }
 
 } // namespace tessary

@@ -12,7 +12,4 @@ namespace tessary {
 /// The same dialogs, but where the user has set a folder for copies that one is not asked for.
 [[nodiscard]] CopyDialogs withDownloadFolder(CopyDialogs dialogs, SettingsStore& defaults);
 
-/// Asks for a folder of this computer; empty when the user declined.
-[[nodiscard]] QString chooseLocalFolder(QWidget* asker, const QString& startAt);
-
 } // namespace tessary

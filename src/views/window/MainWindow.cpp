@@ -54,10 +54,8 @@ MainWindow::MainWindow(TessaryApp& app, CopyDialogs dialogs, OpenLocalFile openL
     setWindowIcon(programIcon());
     resize(1180, 740);
     setMinimumSize(760, 460);
-    if (first == nullptr) {
-        common_.dialogs = new SyncDialogs(common_.sync, *this, chooseLocalFolder);
-        common_.dialogs->setNotifier(app.setup().notifier);
-    }
+    if (first == nullptr)
+        common_.dialogs = new SyncDialogs(common_.sync, *this, app.setup().notifier);
     setCentralWidget(makeContent());
     makeMenus();
     importAction_->setObjectName(QStringLiteral("importAction"));
