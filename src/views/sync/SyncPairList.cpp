@@ -1,6 +1,7 @@
 #include "views/sync/SyncPairList.h"
 
 #include "app/LanguageManager.h"
+#include "views/common/Layouts.h"
 #include "views/sync/SyncPairRow.h"
 
 #include <QLabel>
@@ -11,30 +12,25 @@
 
 namespace tessary {
 
-SyncPairList::SyncPairList(SyncViewModel& sync, QWidget* parent)
-    : QWidget(parent), sync_(sync), none_(new QLabel), rows_(new QVBoxLayout) {
+SyncPairList::SyncPairList(SyncViewModel& sync)
+    : sync_(sync), none_(new QLabel), scroll_(new QScrollArea), rows_(new QVBoxLayout) {
     none_->setWordWrap(true);
     none_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     none_->setForegroundRole(QPalette::PlaceholderText);
     auto* content = new QWidget;
-    rows_->setContentsMargins(0, 0, 0, 0);
     rows_->setSpacing(0);
-    auto* top = new QVBoxLayout(content);
-    top->setContentsMargins(0, 0, 0, 0);
+    auto* top = makeColumn(*content);
     top->addLayout(rows_);
     top->addStretch(1);
-    auto* scroll = new QScrollArea;
-    scroll->setFrameShape(QFrame::NoFrame);
-    scroll->setWidgetResizable(true);
-    scroll->setFocusPolicy(Qt::NoFocus);
-    scroll->setWidget(content);
-    scroll->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);
+    scroll_->setFrameShape(QFrame::NoFrame);
+    scroll_->setWidgetResizable(true);
+    scroll_->setFocusPolicy(Qt::NoFocus);
+    scroll_->setWidget(content);
+    scroll_->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);
     // The ground is that of the window, as the words have it.
     content->setAutoFillBackground(false);
-    scroll->viewport()->setAutoFillBackground(false);
-    scroll_ = scroll;
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
+    scroll_->viewport()->setAutoFillBackground(false);
+    auto* column = makeColumn(*this);
     column->addWidget(none_);
     column->addWidget(scroll_, 1);
 

@@ -9,6 +9,7 @@
 #include <optional>
 
 class QLabel;
+class QScrollArea;
 class QVBoxLayout;
 
 namespace tessary {
@@ -21,7 +22,7 @@ class SyncPairList : public QWidget {
 
 public:
     /// `sync` must outlive it.
-    explicit SyncPairList(SyncViewModel& sync, QWidget* parent = nullptr);
+    explicit SyncPairList(SyncViewModel& sync);
 
     /// Shows the pairs of one device only.
     void showDevice(const QString& udid);
@@ -34,7 +35,7 @@ private:
     SyncViewModel& sync_;
     std::optional<QString> udid_; ///< no value: all pairs
     QLabel* none_;
-    QWidget* scroll_;
+    QScrollArea* scroll_;
     QVBoxLayout* rows_;
     QHash<QUuid, SyncPairRow*> rowOf_;
 };

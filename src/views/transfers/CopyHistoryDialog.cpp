@@ -80,8 +80,7 @@ CopyHistoryDialog::CopyHistoryDialog(RememberedCopies& copies, ShowInFolder show
     leftOut_->header()->setSectionResizeMode(QHeaderView::Stretch);
 
     auto* left = new QWidget;
-    auto* leftColumn = new QVBoxLayout(left);
-    leftColumn->setContentsMargins(0, 0, 0, 0);
+    auto* leftColumn = makeColumn(*left, 6);
     leftColumn->addWidget(field_);
     leftColumn->addWidget(list_, 1);
     auto* actions = new QHBoxLayout;
@@ -89,8 +88,7 @@ CopyHistoryDialog::CopyHistoryDialog(RememberedCopies& copies, ShowInFolder show
     actions->addWidget(show_);
     actions->addStretch(1);
     auto* right = new QWidget;
-    auto* column = new QVBoxLayout(right);
-    column->setContentsMargins(0, 0, 0, 0);
+    auto* column = makeColumn(*right, 6);
     column->addWidget(outcome_);
     column->addWidget(leftOut_, 1);
     column->addLayout(actions);
