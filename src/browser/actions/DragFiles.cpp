@@ -6,6 +6,7 @@
 #include "base/threads/Background.h"
 #include "base/threads/CancellationError.h"
 #include "base/threads/CombinedStopToken.h"
+#include "base/threads/Deadline.h"
 #include "transfer/local/LocalFileSystem.h"
 #include "transfer/mount/DragMount.h"
 #include "transfer/staging/StagedFiles.h"
@@ -13,9 +14,6 @@
 #include <QPointer>
 
 #include <chrono>
-#include <condition_variable>
-#include <mutex>
-#include <thread>
 
 namespace tessary {
 
@@ -27,28 +25,6 @@ using namespace std::chrono_literals;
 constexpr auto patience = 2s;
 
 using Obstacle = DragFiles::Obstacle;
-
-/// Stops on its own after a while.
-class Deadline {
-public:
-    explicit Deadline(std::chrono::milliseconds limit)
-        : thread_([this, limit](const std::stop_token& stop) {
-              std::unique_lock lock(mutex_);
-              if (!changed_.wait_for(lock, stop, limit, [] { return false; }) &&
-                  !stop.stop_requested())
-                  reached_.request_stop();
-          }) {}
-
-    [[nodiscard]] std::stop_token token() const {
-        return reached_.get_token();
-    }
-
-private:
-    std::stop_source reached_;
-    std::mutex mutex_;
-    std::condition_variable_any changed_;
-    std::jthread thread_; // last: it uses all above
-};
 
 /// Copies each file. Where `until` is reached first the rest is not ready; `stop` throws.
 DragFiles copyEach(PhoneFileSystem& files, const std::vector<FileItem>& items, StagedFiles& copies,
