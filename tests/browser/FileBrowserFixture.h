@@ -83,10 +83,8 @@ protected:
     std::shared_ptr<MemoryFileSystem> files_ = std::make_shared<MemoryFileSystem>();
     StagedFiles staged_{QStringLiteral("files"), 100};
     CopyQueue queue_;
-    FileBrowserViewModel browser_{queue_,
-                                  {.openAndroid = [this](const DeviceInfo&) { return files_; },
-                                   .staged = staged_,
-                                   .clock = {}}};
+    FileBrowserViewModel browser_{
+        queue_, {.openAndroid = [this](const DeviceInfo&) { return files_; }, .staged = staged_}};
 };
 
 } // namespace tessary

@@ -1,6 +1,5 @@
 #include "browser/listing/DayGroups.h"
 #include "browser/listing/FileRows.h"
-#include "browser/selection/BrowserSelection.h"
 #include "browser/selection/Typeahead.h"
 #include "support/MainLoop.h"
 
@@ -239,41 +238,6 @@ TEST_F(FileBrowserRowsTest, anyTwoListingsAreBridgedStepByStep) {
     }
     EXPECT_GT(follower.checks, 520) << "more than one a round";
     EXPECT_EQ(follower.resets, 0);
-}
-
-class SelectionTest : public FileBrowserRowsTest {
-protected:
-    SelectionTest() {
-        show({file(u"a"_s), file(u"b"_s), file(u"c"_s), file(u"d"_s), file(u"e"_s)});
-    }
-    /// The selected rows as letters.
-    [[nodiscard]] std::string selected() const {
-        std::string letters;
-        for (int row = 0; row < rows_.count(); ++row)
-            if (selection_.ids().contains(rows_.id(row)))
-                letters += rows_.item(row).name.toStdString();
-        return letters;
-    }
-    BrowserSelection selection_;
-};
-
-TEST_F(SelectionTest, clicksReplaceToggleOrExtendFromTheAnchor) {
-    using enum SelectionChange;
-    const std::tuple<int, SelectionChange, const char*, int> clicks[] =
-        {
-            // row, change, letters, anchor
-            {2, extend, "c", 2}, // without an anchor a plain click
-            {1, replace, "b", 1},   {3, extend, "bcd", 1}, {2, extend, "bc", 1},
-            {0, extend, "ab", 1},   {0, replace, "a", 0},  {2, toggle, "ac", 2},
-            {4, extend, "acde", 2}, // what was toggled before stays
-            {3, toggle, "ace", 3},
-        };
-    for (const auto& [row, change, letters, anchor] : clicks) {
-        selection_.select(rows_, row, change);
-        EXPECT_EQ(selected(), letters);
-        EXPECT_EQ(selection_.anchor(), rows_.id(anchor)) << letters;
-        EXPECT_EQ(selection_.current(), rows_.id(row)) << letters;
-    }
 }
 
 class TypeaheadTest : public FileBrowserRowsTest {

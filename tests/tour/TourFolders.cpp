@@ -19,9 +19,7 @@ void tourListings(TourStage& stage) {
     stage.shoot(u"storage"_s);
     stage.open(u"/sdcard/DCIM/Camera"_s);
     const auto rows = shownItems(browser);
-    for (std::size_t i = 1; i < std::min<std::size_t>(rows.size(), 4); ++i)
-        browser.selection().select(rows[i].id(),
-                                   i == 1 ? SelectionChange::replace : SelectionChange::extend);
+    browser.selection().set({rows.at(1).id(), rows.at(2).id(), rows.at(3).id()}, rows.at(3).id());
     stage.shoot(u"list"_s);
     browser.setViewMode(ViewMode::grid);
     QAbstractItemView& grid = stage.listing();

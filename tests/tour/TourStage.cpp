@@ -142,13 +142,12 @@ void TourStage::press(Qt::Key key, Qt::KeyboardModifiers keys) {
 }
 
 void TourStage::selectNamed(const QStringList& names) {
-    SelectionChange how = SelectionChange::replace;
-    for (const FileItem& item : shownItems(browser())) {
-        if (!names.contains(item.name))
-            continue;
-        browser().selection().select(item.id(), how);
-        how = SelectionChange::toggle;
-    }
+    QSet<QString> ids;
+    QString last;
+    for (const FileItem& item : shownItems(browser()))
+        if (names.contains(item.name))
+            ids.insert(last = item.id());
+    browser().selection().set(ids, last);
 }
 
 void TourStage::write(const QString& path, const QByteArray& content) {

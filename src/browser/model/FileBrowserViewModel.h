@@ -51,8 +51,7 @@ struct BrowserSetup {
         std::function<std::shared_ptr<PhoneFileSystem>(const DeviceInfo&, const AppInfo&)>;
 
     OpenAndroid openAndroid;
-    StagedFiles& staged;    ///< where previews and drags find their copies
-    Typeahead::Clock clock; ///< empty: the steady clock
+    StagedFiles& staged; ///< where previews and drags find their copies
     OpenApp openApp{};
     DragMount* dragMount = nullptr;           ///< null: what is dragged out is copied beforehand
     BrowserCopies::Compares comparesCopies{}; ///< empty: they are not compared
@@ -393,7 +392,7 @@ private:
     QString searchedName_;
     ListingCache folders_;
     FileRows rows_;
-    EntrySelection selection_;
+    EntrySelection selection_{rows_};
     ViewMode viewMode_ = ViewMode::list;
     int pictureSide_ = normalPicture;
     std::optional<Awaited> awaited_;

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "browser/listing/FileRows.h"
-#include "browser/selection/BrowserSelection.h"
 #include "browser/selection/Typeahead.h"
 
 #include <QObject>
+#include <QSet>
 
 #include <optional>
 #include <vector>
@@ -17,29 +17,32 @@ class EntrySelection : public QObject {
     Q_OBJECT
 
 public:
-    /// `rows` outlive it. Without a clock the steady one times what is typed.
-    EntrySelection(const FileRows& rows, Typeahead::Clock clock);
+    /// `rows` outlive it.
+    explicit EntrySelection(const FileRows& rows) : rows_(rows) {}
 
     [[nodiscard]] const QSet<QString>& ids() const {
-        return selection_.ids();
+        return ids_;
     }
     /// The entry that the keyboard is on.
     [[nodiscard]] const std::optional<QString>& currentId() const {
-        return selection_.current();
+        return currentId_;
     }
     /// The selected entries in the order of the rows.
     [[nodiscard]] std::vector<FileItem> entries() const;
 
-    void select(const QString& id, SelectionChange how = SelectionChange::replace);
-    /// Up and down in a grid: `step` is the number of columns, negative to go up.
-    void move(int step, bool extend = false);
+    /// This entry alone.
+    void select(const QString& id);
+    /// Selects the entry that is `step` rows away, or the last one on the way: in a grid as many as
+    /// there are columns go down, negative ones up. Without a current entry the first row is
+    /// selected, or the last when going back.
+    void move(int step);
     /// Whether move() would bring the keyboard to another entry.
     [[nodiscard]] bool canMove(int step) const;
     void selectAll();
     void invert();
     void clear();
-    /// Takes over a selection that a view has made by itself.
-    void set(const QSet<QString>& ids, const QString& currentId);
+    /// Takes a selection over; ids that are not shown are left out.
+    void set(QSet<QString> ids, const QString& currentId);
     /// One typed letter of type-to-select.
     void type(const QString& letter);
     /// What cannot be seen must not be deleted with the rest.
@@ -51,10 +54,12 @@ Q_SIGNALS:
     void changed(); ///< ids, currentId
 
 private:
-    void take(const BrowserSelection& selection);
+    [[nodiscard]] int currentRow() const;
+    [[nodiscard]] int rowAfter(int step) const;
 
     const FileRows& rows_;
-    BrowserSelection selection_;
+    QSet<QString> ids_;
+    std::optional<QString> currentId_;
     Typeahead typeahead_;
 };
 

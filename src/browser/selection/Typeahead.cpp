@@ -23,11 +23,6 @@ int find(const FileRows& rows, const QString& prefix, int start) {
 
 } // namespace
 
-Typeahead::Typeahead(Clock clock) : clock_(std::move(clock)) {
-    if (!clock_)
-        clock_ = [] { return std::chrono::steady_clock::now(); };
-}
-
 void Typeahead::reset() {
     buffer_.clear();
 }

@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <functional>
+#include <utility>
 
 namespace tessary {
 
@@ -17,20 +18,17 @@ public:
     /// A pause longer than this starts a new search.
     static constexpr std::chrono::milliseconds patience{800};
 
-    explicit Typeahead(Clock clock);
+    explicit Typeahead(Clock clock = std::chrono::steady_clock::now) : clock_(std::move(clock)) {}
 
     /// Takes a typed letter; returns the row to select, or -1 for none. The same letter again
     /// goes on to the next row with that initial, after `currentRow` (-1: none) and round.
     [[nodiscard]] int type(const QString& character, const FileRows& rows, int currentRow);
 
-    [[nodiscard]] const QString& buffer() const {
-        return buffer_;
-    }
     /// The next letter starts a new search.
     void reset();
 
 private:
-    Clock clock_;
+    const Clock clock_;
     QString buffer_;
     std::chrono::steady_clock::time_point last_;
 };

@@ -13,7 +13,6 @@ BrowserSetup browserSetup(TessaryApp& app) {
         .openAndroid =
             [&app](const DeviceInfo& device) { return app.services().files().open(device); },
         .staged = app.stagedFiles(),
-        .clock = {},
         .openApp =
             [&app](const DeviceInfo& device, const AppInfo& chosen) {
                 return app.services().files().openApp(device, chosen);
