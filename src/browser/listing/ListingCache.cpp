@@ -3,7 +3,6 @@
 #include "base/text/PathNames.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace tessary {
 
@@ -11,7 +10,7 @@ namespace {
 
 /// Everything that is shown from memory is read anew behind it: this only bounds how old a glimpse
 /// may be.
-constexpr double ttlSeconds = 600;
+constexpr std::chrono::minutes longestKept{10};
 
 /// A folder of more entries would hold up the main thread when it is shown from memory.
 constexpr std::size_t maxEntries = 10'000;
@@ -27,22 +26,29 @@ QString prefixBelow(const QString& identity, const QString& folder) {
 
 } // namespace
 
-ListingCache::ListingCache(DirectoryCache::Clock clock) : cache_(ttlSeconds, std::move(clock)) {}
-
 void ListingCache::open(const QString& identity, const QString& deviceId) {
     deviceOf_.insert(identity, deviceId);
 }
 
 std::optional<std::vector<FileItem>> ListingCache::recall(const QString& identity,
                                                           const QString& folder) {
-    return cache_.get(keyOf(identity, folder));
+    const Glimpse* known = cache_.object(keyOf(identity, folder));
+    if (known == nullptr || std::chrono::steady_clock::now() - known->since > longestKept)
+        return std::nullopt;
+    return known->items;
+}
+
+void ListingCache::removeBelow(const QString& prefix) {
+    for (const QString& key : cache_.keys())
+        if (key.startsWith(prefix))
+            cache_.remove(key);
 }
 
 void ListingCache::remember(const QString& identity, const QString& folder,
                             const std::vector<FileItem>& items, Moment begun) {
     if (begun != changes_)
         return;
-    const auto before = cache_.get(keyOf(identity, folder)).value_or(std::vector<FileItem>());
+    const auto before = recall(identity, folder).value_or(std::vector<FileItem>());
     QHash<QString, const FileItem*> current;
     if (!before.empty())
         for (const FileItem& item : items)
@@ -51,33 +57,34 @@ void ListingCache::remember(const QString& identity, const QString& folder,
         const FileItem* item = current.value(old.path);
         if (!old.isDirectory || (item && *item == old))
             continue;
-        cache_.invalidate(keyOf(identity, old.path));
+        cache_.remove(keyOf(identity, old.path));
         if (!item || !item->isDirectory)
-            cache_.invalidateBelow(prefixBelow(identity, old.path));
+            removeBelow(prefixBelow(identity, old.path));
     }
     if (items.size() <= maxEntries)
-        cache_.set(keyOf(identity, folder), items);
+        cache_.insert(keyOf(identity, folder),
+                      new Glimpse{items, std::chrono::steady_clock::now()});
     else
-        cache_.invalidate(keyOf(identity, folder));
+        cache_.remove(keyOf(identity, folder));
 }
 
 void ListingCache::entryChanged(const QString& identity, const QString& path) {
     ++changes_;
     const QString folder = parentPath(path);
     for (const QString& changed : {path, folder, parentPath(folder)})
-        cache_.invalidate(keyOf(identity, changed));
-    cache_.invalidateBelow(prefixBelow(identity, path));
+        cache_.remove(keyOf(identity, changed));
+    removeBelow(prefixBelow(identity, path));
 }
 
 void ListingCache::forgetFolder(const QString& identity, const QString& folder) {
     ++changes_;
-    cache_.invalidate(keyOf(identity, folder));
-    cache_.invalidateBelow(prefixBelow(identity, folder));
+    cache_.remove(keyOf(identity, folder));
+    removeBelow(prefixBelow(identity, folder));
 }
 
 void ListingCache::forget(const QString& identity) {
     ++changes_;
-    cache_.invalidateBelow(keyOf(identity, {}));
+    removeBelow(keyOf(identity, {}));
 }
 
 void ListingCache::keepOnly(const std::vector<DeviceInfo>& attached) {
@@ -90,14 +97,14 @@ void ListingCache::keepOnly(const std::vector<DeviceInfo>& attached) {
             continue;
         }
         ++changes_;
-        cache_.invalidateBelow(keyOf(known.key(), {}));
+        removeBelow(keyOf(known.key(), {}));
         known = deviceOf_.erase(known);
     }
 }
 
 void ListingCache::forgetAll() {
     ++changes_;
-    cache_.clearAll();
+    cache_.clear();
 }
 
 } // namespace tessary

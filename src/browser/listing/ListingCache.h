@@ -1,11 +1,13 @@
 #pragma once
 
-#include "browser/listing/DirectoryCache.h"
 #include "phone/records/DeviceInfo.h"
+#include "phone/records/FileItem.h"
 
+#include <QCache>
 #include <QHash>
 #include <QString>
 
+#include <chrono>
 #include <cstdint>
 #include <optional>
 #include <vector>
@@ -18,8 +20,6 @@ class ListingCache {
 public:
     /// A moment: see remember().
     using Moment = std::uint64_t;
-
-    explicit ListingCache(DirectoryCache::Clock clock = {});
 
     /// The connection now browsed (PhoneFileSystem::identity()), and the attachment of the device
     /// (DeviceInfo::id()) behind it.
@@ -46,7 +46,15 @@ public:
     void forgetAll();
 
 private:
-    DirectoryCache cache_;
+    struct Glimpse {
+        std::vector<FileItem> items;
+        std::chrono::steady_clock::time_point since;
+    };
+    void removeBelow(const QString& prefix);
+
+    static constexpr int mostFolders = 200; ///< the one that was not used for longest goes
+
+    QCache<QString, Glimpse> cache_{mostFolders};
     QHash<QString, QString> deviceOf_; ///< DeviceInfo::id() by PhoneFileSystem::identity()
     Moment changes_ = 0;
 };
