@@ -11,7 +11,6 @@ struct TransferProgress {
     qint64 totalBytes = 0;
     qint64 completedBytes = 0; ///< bytes of the finished files
     qint64 currentFileBytes = 0;
-    qint64 currentFileTotal = 0;
 
     /// "3/10 files"; a counter that runs ahead is shown as the total.
     [[nodiscard]] QString fileCountDescription() const;

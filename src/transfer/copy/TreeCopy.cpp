@@ -51,7 +51,6 @@ CopyOutcome TreeCopy::run(const CopyProgress& progress, const std::stop_token& s
         outcome_.failure = error;
     }
     progress_.currentFileBytes = 0;
-    progress_.currentFileTotal = 0;
     pacer.showNow(progress_);
     for (auto n = moved_.rbegin(); n != moved_.rend(); ++n)
         outcome_.items.erase(outcome_.items.begin() + static_cast<std::ptrdiff_t>(*n));
@@ -150,7 +149,6 @@ void TreeCopy::attempt(const ScannedItem& scanned, const Folder& target,
         if (endsCopy(error))
             throw;
         progress_.currentFileBytes = 0;
-        progress_.currentFileTotal = 0;
         leaveOut(scanned, target.below, error);
     }
 }
@@ -180,12 +178,10 @@ void TreeCopy::copyTogether(Together& together, const Folder& target) {
             },
             [this](qint64 done) {
                 progress_.currentFileBytes = done;
-                progress_.currentFileTotal = done;
                 pacer_->show(progress_);
             },
             call_);
         progress_.currentFileBytes = 0;
-        progress_.currentFileTotal = 0;
     }
     for (std::size_t n = 0; n < files.size(); ++n) {
         if (isMade[n])
@@ -296,7 +292,6 @@ FileItem TreeCopy::transfer(const CopyItem& item, const QString& folder, const Q
                   .verifies = request_.verifies || request_.removesSource,
                   .verified = [&sha256](const QByteArray& hash) { sha256 = hash; }};
     const qint64 announced = std::max<qint64>(item.item.size, 0);
-    progress_.currentFileTotal = announced;
     const auto show = [&](qint64 done) {
         progress_.currentFileBytes = std::min(done, announced);
         pacer_->show(progress_);
@@ -322,7 +317,6 @@ FileItem TreeCopy::transfer(const CopyItem& item, const QString& folder, const Q
 void TreeCopy::noteCopied(const CopyItem& item, const FileItem& made, const QByteArray& sha256) {
     const qint64 announced = std::max<qint64>(item.item.size, 0);
     progress_.currentFileBytes = 0;
-    progress_.currentFileTotal = 0;
     ++progress_.completedFiles;
     progress_.completedBytes = addByteCounts(progress_.completedBytes, announced);
     pacer_->show(progress_);
