@@ -5,7 +5,6 @@
 #include "phone/PhoneError.h"
 
 #include <algorithm>
-#include <vector>
 
 namespace tessary {
 
@@ -14,16 +13,6 @@ PhoneQueue::PhoneQueue(std::chrono::milliseconds idleTime) : idleTime_(idleTime)
 PhoneQueue::~PhoneQueue() {
     idleThread_.request_stop();
     changed_.notify_all();
-}
-
-PhoneQueue::Turn::~Turn() {
-    if (queue_)
-        queue_->give();
-}
-
-PhoneQueue::Job::~Job() {
-    if (queue_)
-        queue_->endJob();
 }
 
 void PhoneQueue::give() {
@@ -42,12 +31,12 @@ void PhoneQueue::endJob() {
 
 PhoneQueue::Turn PhoneQueue::take(const Call& call) {
     std::unique_lock lock(mutex_);
-    const auto self = waiting_.insert(waiting_.end(), {call.urgency});
+    const auto self = waiting_.insert(waiting_.end(), call.urgency);
     const auto isNext = [&] {
         if (isTaken_ || (call.urgency == Urgency::spare && !isSpare()))
             return false;
         // The first of the most urgent.
-        return self == std::ranges::min_element(waiting_, {}, &Waiting::urgency);
+        return self == std::ranges::min_element(waiting_);
     };
     const bool hasTurn = call.urgency == Urgency::user
                              ? changed_.wait_for(lock, call.stop, userPatience, isNext)
@@ -78,9 +67,8 @@ PhoneQueue::Job PhoneQueue::beginJob() {
 
 /// Nobody wants the phone but those who have time.
 bool PhoneQueue::isSpare() const {
-    return jobs_ == 0 && std::ranges::all_of(waiting_, [](const Waiting& one) {
-               return one.urgency == Urgency::spare;
-           });
+    return jobs_ == 0 &&
+           std::ranges::all_of(waiting_, [](Urgency one) { return one == Urgency::spare; });
 }
 
 bool PhoneQueue::isWanted() const {
@@ -90,8 +78,7 @@ bool PhoneQueue::isWanted() const {
 
 bool PhoneQueue::isAwaited(Urgency urgency) const {
     const std::scoped_lock lock(mutex_);
-    return std::ranges::any_of(waiting_,
-                               [urgency](const Waiting& one) { return one.urgency <= urgency; });
+    return std::ranges::any_of(waiting_, [urgency](Urgency one) { return one <= urgency; });
 }
 
 std::size_t PhoneQueue::waitingCount() const {

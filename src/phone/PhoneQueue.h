@@ -34,31 +34,32 @@ public:
     PhoneQueue(const PhoneQueue&) = delete;
     PhoneQueue& operator=(const PhoneQueue&) = delete;
 
-    /// The right to use the phone; given back when it goes.
-    class Turn {
+private:
+    /// What a queue has lent; it goes back when this goes.
+    template <void (PhoneQueue::*giveBack)()>
+    class Lent {
     public:
-        ~Turn();
-        Turn(Turn&& other) noexcept : queue_(std::move(other.queue_)) {}
-        Turn& operator=(Turn&&) = delete;
+        ~Lent() {
+            if (queue_)
+                (queue_.get()->*giveBack)();
+        }
+        Lent(Lent&& other) noexcept : queue_(std::move(other.queue_)) {}
+        Lent& operator=(Lent&&) = delete;
 
     private:
         friend class PhoneQueue;
-        explicit Turn(std::shared_ptr<PhoneQueue> queue) : queue_(std::move(queue)) {}
+        explicit Lent(std::shared_ptr<PhoneQueue> queue) : queue_(std::move(queue)) {}
+
         std::shared_ptr<PhoneQueue> queue_; ///< null after a move
     };
+    void give();
+    void endJob();
 
+public:
+    /// The right to use the phone.
+    using Turn = Lent<&PhoneQueue::give>;
     /// For as long as a job of many turns runs, nobody who only wants to know figures comes in.
-    class Job {
-    public:
-        ~Job();
-        Job(Job&& other) noexcept : queue_(std::move(other.queue_)) {}
-        Job& operator=(Job&&) = delete;
-
-    private:
-        friend class PhoneQueue;
-        explicit Job(std::shared_ptr<PhoneQueue> queue) : queue_(std::move(queue)) {}
-        std::shared_ptr<PhoneQueue> queue_;
-    };
+    using Job = Lent<&PhoneQueue::endJob>;
 
     /// Waits for a turn. Not to be called by who has one. CancellationError when `call.stop` asks
     /// for it, PhoneError::busy when `user` has waited for userPatience.
@@ -91,13 +92,7 @@ public:
     void setPhoneName(const QString& name);
 
 private:
-    struct Waiting {
-        Urgency urgency;
-    };
-
     [[nodiscard]] bool isSpare() const;
-    void give();
-    void endJob();
     void watchIdleness(const std::stop_token& stop);
 
     const std::chrono::milliseconds idleTime_;
@@ -106,7 +101,7 @@ private:
     bool isTaken_ = false;
     bool isClosing_ = false; ///< by the idle thread, which has the turn meanwhile
     int jobs_ = 0;
-    std::list<Waiting> waiting_; ///< in the order of asking
+    std::list<Urgency> waiting_; ///< in the order of asking
     std::uint64_t edits_ = 0;
     QString phoneName_;
     std::chrono::steady_clock::time_point lastUse_;
