@@ -60,7 +60,7 @@ void FileBrowserViewModel::takeDragFailures() {
 
 FileBrowserViewModel::~FileBrowserViewModel() {
     stopAll();
-    endInBackground(this, std::move(files_));
+    endInBackground(std::move(files_));
 }
 
 void FileBrowserViewModel::stopAll() {
@@ -94,7 +94,7 @@ void FileBrowserViewModel::open(std::shared_ptr<PhoneFileSystem> files,
     if (files_)
         left_.insert(files_->identity(), history_);
     std::swap(files_, files);
-    endInBackground(this, std::move(files)); // saying goodbye to a phone takes its time
+    endInBackground(std::move(files)); // saying goodbye to a phone takes its time
     activeDevice_ = device;
     appName_ = QStringLiteral("Documents");
     isMedia_ = false;

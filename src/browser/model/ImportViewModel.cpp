@@ -50,7 +50,7 @@ ImportViewModel::~ImportViewModel() {
     stop_.request_stop();
     for (auto& [number, stop] : removals_)
         stop.request_stop();
-    endInBackground(this, std::move(files_));
+    endInBackground(std::move(files_));
 }
 
 void ImportViewModel::setState(State state) {
@@ -66,7 +66,7 @@ void ImportViewModel::fail(const Error& error) {
 
 void ImportViewModel::open(std::shared_ptr<PhoneFileSystem> files, const DeviceInfo& device) {
     std::swap(files_, files);
-    endInBackground(this, std::move(files)); // saying goodbye to a phone takes its time
+    endInBackground(std::move(files)); // saying goodbye to a phone takes its time
     device_ = device;
     lookAgain();
 }
@@ -109,7 +109,7 @@ void ImportViewModel::close() {
     ++number_;
     job_ = {};
     show({});
-    endInBackground(this, std::exchange(files_, nullptr));
+    endInBackground(std::exchange(files_, nullptr));
     setState(State::closed);
 }
 

@@ -79,7 +79,7 @@ void DeviceManager::startListening() {
 void DeviceManager::stopListening() {
     timer_.stop();
     storageTimer_.stop();
-    endInBackground(this, std::move(watch_));
+    endInBackground(std::move(watch_));
     iphones_.stop();
     if (asksADB_)
         inquiry_->onADBChange({});
@@ -125,7 +125,7 @@ void DeviceManager::startAndroidListening() {
             if (period == period_)
                 std::swap(watch, watch_);
             // It waits for its thread, which may be looking at a device.
-            endInBackground(this, std::move(watch));
+            endInBackground(std::move(watch));
         });
 }
 

@@ -22,7 +22,7 @@ void MultiplexerMonitor::start() {
 }
 
 void MultiplexerMonitor::stop() {
-    endInBackground(this, std::move(watch_));
+    endInBackground(std::move(watch_));
     ++period_;
 }
 
@@ -43,7 +43,7 @@ void MultiplexerMonitor::subscribe() {
             std::unique_ptr<MultiplexerWatch> watch = result.take();
             if (period == period_)
                 std::swap(watch, watch_);
-            endInBackground(this, std::move(watch)); // it waits for the library's thread
+            endInBackground(std::move(watch)); // it waits for the library's thread
         });
 }
 
