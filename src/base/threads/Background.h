@@ -13,6 +13,7 @@
 #include <stop_token>
 #include <type_traits>
 #include <utility>
+#include <variant>
 
 namespace tessary {
 
@@ -20,46 +21,27 @@ namespace tessary {
 template <typename T>
 class BackgroundResult {
 public:
-    explicit BackgroundResult(T value) : value_(std::move(value)) {}
+    using Value = std::conditional_t<std::is_void_v<T>, std::monostate, T>;
+
+    explicit BackgroundResult(Value value) : value_(std::move(value)) {}
     explicit BackgroundResult(std::exception_ptr error) : error_(std::move(error)) {}
 
     [[nodiscard]] bool succeeded() const {
         return error_ == nullptr;
     }
     /// The value; throws what the work threw.
-    [[nodiscard]] T take() {
+    T take() {
         if (error_)
             std::rethrow_exception(error_);
-        return std::move(*value_);
+        if constexpr (!std::is_void_v<T>)
+            return std::move(*value_);
     }
     [[nodiscard]] const std::exception_ptr& error() const {
         return error_;
     }
 
 private:
-    std::optional<T> value_;
-    std::exception_ptr error_;
-};
-
-template <>
-class BackgroundResult<void> {
-public:
-    BackgroundResult() = default;
-    explicit BackgroundResult(std::exception_ptr error) : error_(std::move(error)) {}
-
-    [[nodiscard]] bool succeeded() const {
-        return error_ == nullptr;
-    }
-    /// Throws what the work threw.
-    void take() {
-        if (error_)
-            std::rethrow_exception(error_);
-    }
-    [[nodiscard]] const std::exception_ptr& error() const {
-        return error_;
-    }
-
-private:
+    std::optional<Value> value_;
     std::exception_ptr error_;
 };
 
@@ -98,7 +80,7 @@ BackgroundResult<T> resultOf(Work& work, const std::stop_token& stop) {
     try {
         if constexpr (std::is_void_v<T>) {
             callWithStop(work, stop);
-            return BackgroundResult<void>();
+            return BackgroundResult<T>(std::monostate());
         } else {
             return BackgroundResult<T>(callWithStop(work, stop));
         }
