@@ -1,6 +1,5 @@
 #include "preview/ThumbnailCache.h"
 
-#include "base/local/FileHandle.h"
 #include "base/local/FolderEntries.h"
 #include "base/local/LocalError.h"
 #include "base/local/PartFile.h"
@@ -114,9 +113,7 @@ void ThumbnailCache::makeRoom() {
     };
     std::vector<Stored> stored;
     const int folder = folder_->descriptor();
-    const FileHandle again(
-        ::openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC)); // from its start
-    const FolderEntries entries = entriesOf(again.get());
+    const FolderEntries entries = entriesOf(folder);
     while (const dirent* entry = entries ? ::readdir(entries.get()) : nullptr) {
         const QByteArray name(entry->d_name);
         struct stat facts {};

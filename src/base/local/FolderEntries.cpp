@@ -1,15 +1,14 @@
 #include "base/local/FolderEntries.h"
 
-#include "base/local/FileHandle.h"
-
 #include <fcntl.h>
+#include <unistd.h>
 
 #include <cerrno>
 
 namespace tessary {
 
 FolderEntries entriesOf(int folder) {
-    const int own = ::fcntl(folder, F_DUPFD_CLOEXEC, 0);
+    const int own = ::openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (own < 0)
         return nullptr;
     FolderEntries entries(::fdopendir(own));

@@ -10,8 +10,8 @@ namespace tessary {
 
 using FolderEntries = std::unique_ptr<DIR, FreeWith<::closedir>>;
 
-/// The entries of an open folder, from the first one on if nobody has read from it; for readdir().
-/// Null, with errno, when it fails. No child process inherits it.
+/// The entries of an open folder, from the first one on; for readdir(). The folder may be open for
+/// its path only. Null, with errno, when it fails. No child process inherits it.
 [[nodiscard]] FolderEntries entriesOf(int folder);
 
 } // namespace tessary

@@ -150,8 +150,7 @@ PrivateFolder::PrivateFolder(const QString& parent, const QString& name)
 }
 
 void PrivateFolder::removeAbandoned() const {
-    const FolderEntries entries(
-        fdopendir(openat(folder_.get(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC)));
+    const FolderEntries entries = entriesOf(folder_.get());
     std::vector<QByteArray> names;
     while (const dirent* entry = entries ? readdir(entries.get()) : nullptr)
         if (QByteArray name(entry->d_name); name.startsWith(ScratchFolder::namePrefix))

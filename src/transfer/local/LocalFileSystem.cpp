@@ -43,8 +43,7 @@ std::array<timespec, 2> timesFor(const QDateTime& modified) {
 /// Whether an entry has the very name: where case does not count, no look-up tells, and a disk that
 /// a program serves may give one file another number under each name.
 bool isListed(int folder, const QByteArray& name) {
-    const FileHandle readable(::openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    const FolderEntries entries = readable.isOpen() ? entriesOf(readable.get()) : FolderEntries();
+    const FolderEntries entries = entriesOf(folder);
     while (const dirent* entry = entries ? ::readdir(entries.get()) : nullptr)
         if (name == entry->d_name)
             return true;
@@ -132,9 +131,7 @@ DiskTraits LocalFileSystem::traits(const FileHandle& folder, const Call& call) {
 }
 
 FileSystemCapabilities LocalFileSystem::capabilities(const Call& call) {
-    FileSystemCapabilities can{.renames = true,
-                               .renamesOntoTaken = true,
-                               .moves = true,
+    FileSystemCapabilities can{.renamesOntoTaken = true,
                                .setsDates = true,
                                .readsRanges = true,
                                .hasHashes = true,
@@ -172,7 +169,7 @@ FileItem LocalFileSystem::itemAt(int folder, const QByteArray& diskName, const Q
 
 void LocalFileSystem::list(const QString& folder, const ListingReceiver& receiver,
                            const Call& call) {
-    const FileHandle opened = base_.openForReading(folder);
+    const FileHandle opened = base_.open(folder);
     const FolderEntries entries = entriesOf(opened.get());
     if (!entries)
         throw localFailure(LocalError::cannotRead, folder, errno);
@@ -429,8 +426,9 @@ std::optional<QByteArray> LocalFileSystem::hash(const FileItem& file, const Call
 }
 
 void LocalFileSystem::flush() {
-    const FileHandle folder = base_.openForReading(base_.path());
-    if (::syncfs(folder.get()) != 0)
+    const FileHandle place = base_.open(base_.path());
+    const FileHandle folder(::openat(place.get(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (!folder.isOpen() || ::syncfs(folder.get()) != 0)
         throw localFailure(LocalError::cannotWrite, base_.path(), errno);
 }
 

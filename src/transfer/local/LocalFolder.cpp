@@ -121,14 +121,6 @@ FileHandle LocalFolder::open(const QString& folder) const {
     return opened;
 }
 
-FileHandle LocalFolder::openForReading(const QString& folder) const {
-    const FileHandle place = open(folder);
-    FileHandle readable(::openat(place.get(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (!readable.isOpen())
-        throw localFailure(LocalError::cannotRead, folder, errno);
-    return readable;
-}
-
 bool LocalFolder::contains(const FileHandle& file) const {
     const QByteArray own = placeOf(open(path_));
     const QByteArray place = placeOf(file);

@@ -38,8 +38,6 @@ public:
     /// A folder at or below this one; usable for paths only, not for reading. LocalError::link
     /// when a link is on the way, ::leavesFolder for a path that is elsewhere.
     [[nodiscard]] FileHandle open(const QString& folder) const;
-    /// The same to be listed.
-    [[nodiscard]] FileHandle openForReading(const QString& folder) const;
     /// Whether what is open lies at or below this folder, whichever way it was opened.
     [[nodiscard]] bool contains(const FileHandle& file) const;
 
