@@ -1,7 +1,5 @@
 #include "phone/PartNames.h"
 
-#include "base/local/PartFile.h"
-
 #include <QCryptographicHash>
 #include <QUuid>
 
@@ -9,6 +7,7 @@ namespace tessary {
 
 namespace {
 
+constexpr QLatin1StringView anyPart{".tessary-part-"};
 constexpr QLatin1StringView owned{".tessary-part-by-"};
 constexpr QLatin1StringView resumable{".tessary-part-of-"};
 constexpr QLatin1StringView waiting{".tessary-part-for"};
@@ -51,7 +50,7 @@ PartName waitingOf(QStringView rest, const QStringList& awaited) {
 } // namespace
 
 bool isPartName(const QString& name) {
-    return name.startsWith(PartFile::namePrefix);
+    return name.startsWith(anyPart);
 }
 
 bool isUnfinishedName(const QString& name) {
@@ -65,8 +64,7 @@ QString partOwner(const QString& text) {
 }
 
 QString newPartName(const QString& owner) {
-    return (owner.isEmpty() ? QString(PartFile::namePrefix) : owned + owner + beforeName) +
-           freshDigits();
+    return (owner.isEmpty() ? QString(anyPart) : owned + owner + beforeName) + freshDigits();
 }
 
 QString resumablePartName(const QString& identity) {

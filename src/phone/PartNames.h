@@ -36,8 +36,8 @@ namespace tessary {
 /// The name of an owner: 16 digits that stand for a text.
 [[nodiscard]] QString partOwner(const QString& text);
 
-/// A name that no file has; `owner` may be empty.
-[[nodiscard]] QString newPartName(const QString& owner);
+/// A name that no file has.
+[[nodiscard]] QString newPartName(const QString& owner = {});
 
 /// What the copy of a file is called while it can be gone on with; `identity` is that of the file.
 [[nodiscard]] QString resumablePartName(const QString& identity);

@@ -2,9 +2,9 @@
 
 #include "base/local/FolderEntries.h"
 #include "base/local/LocalError.h"
-#include "base/local/PartFile.h"
 #include "base/local/TreeRemoval.h"
 #include "base/local/Unfinished.h"
+#include "phone/PartNames.h"
 
 #include <QBuffer>
 #include <QFile>
@@ -30,7 +30,7 @@ QByteArray fileNameOf(const QString& key) {
 
 /// Writes a file that is there whole or not at all.
 bool writeWhole(int folder, const QByteArray& name, const QByteArray& content) {
-    const QByteArray part = PartFile::newName().toUtf8();
+    const QByteArray part = newPartName().toUtf8();
     const int opened =
         ::openat(folder, part.constData(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
                  S_IRUSR | S_IWUSR);

@@ -1,7 +1,7 @@
 #include "ios/files/AFCFileSystem.h"
 
 #include "base/local/FileHandle.h"
-#include "base/local/PartFile.h"
+#include "phone/PartNames.h"
 #include "support/IPhoneFiles.h"
 #include "support/ManyBytes.h"
 #include "support/QtPrinters.h"
@@ -257,8 +257,7 @@ TEST_F(AFCFileSystemTest, aSmallFileTakesThreeRequestsToReadAndSixToWrite) {
     iphone_.put({u"/"_s, u"b"_s, 1000, someDate}, manyBytes(1000));
     EXPECT_EQ(requests() - before, 6U); // look, open, write, close, date, look
     before = requests();
-    const FileItem part =
-        iphone_.put({u"/"_s, PartFile::newName(), 1000, someDate}, manyBytes(1000));
+    const FileItem part = iphone_.put({u"/"_s, newPartName(), 1000, someDate}, manyBytes(1000));
     const FileItem whole = files_.rename(part, u"b"_s, TakenName::replaced, {});
     EXPECT_EQ(requests() - before, 6U); // open, write, close, date, look, rename
     EXPECT_EQ(whole, iphone_.item(u"/b"_s));

@@ -1,6 +1,6 @@
 #include "preview/ThumbnailCache.h"
 
-#include "base/local/PartFile.h"
+#include "phone/PartNames.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -72,8 +72,8 @@ TEST_F(ThumbnailCacheTest, noLinkLeadsElsewhere) {
 TEST_F(ThumbnailCacheTest, theOldestGoAndWhatAKilledProgramWasWritingGoesWithThem) {
     constexpr qint64 room = 250; // bytes: two of the pictures, not three
     ThumbnailCache cache(u"pictures"_s, room);
-    const QString abandoned = PartFile::newName();
-    const QString underWay = PartFile::newName();
+    const QString abandoned = newPartName();
+    const QString underWay = newPartName();
     for (const QString& name : {abandoned, underWay})
         disk_.write(u"tessary/pictures/"_s + name, "half");
     makeOld(abandoned, 3600);

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "base/local/PartFile.h"
 #include "support/QtPrinters.h"
 #include "support/TemporaryFolder.h"
 #include "sync/plan/SyncManifest.h"
@@ -61,7 +60,7 @@ protected:
         while (walk.hasNext()) {
             QFile file(walk.next());
             if (walk.fileName() == SyncManifest::fileName ||
-                walk.filePath().contains(QLatin1Char('/') + PartFile::namePrefix))
+                walk.filePath().contains(QStringLiteral("/.tessary-part-")))
                 continue;
             EXPECT_TRUE(file.open(QIODevice::ReadOnly));
             files[QDir(folder).relativeFilePath(file.fileName())] = file.readAll();
@@ -72,7 +71,7 @@ protected:
     [[nodiscard]] QStringList parts() {
         QStringList found;
         for (const QString& folder : {localFolder(), phoneFolder()}) {
-            QDirIterator walk(folder, {PartFile::namePrefix + QLatin1Char('*')},
+            QDirIterator walk(folder, {QStringLiteral(".tessary-part-*")},
                               QDir::Files | QDir::Dirs | QDir::Hidden,
                               QDirIterator::Subdirectories);
             while (walk.hasNext())
