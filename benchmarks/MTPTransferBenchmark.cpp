@@ -1,5 +1,4 @@
-#include "mtp/client/MTPClient.h"
-#include "mtp/client/MTPUSBTransport.h"
+#include "support/MTPObjects.h"
 #include "support/PluggedPhone.h"
 
 #include <benchmark/benchmark.h>
@@ -35,8 +34,7 @@ struct Session {
 
     VirtualUSBBus bus;
     PluggedPhone phone{bus};
-    MTPClient client{std::make_unique<MTPUSBTransport>(
-        bus, MTPDeviceAddress{phone.info.vendorId, phone.info.productId, {}, {}})};
+    MTPClient client{bus, {phone.info.vendorId, phone.info.productId, {}, {}}};
 };
 
 void downloadToSink(benchmark::State& state) {
@@ -54,7 +52,7 @@ void downloadToMemory(benchmark::State& state) {
     session.phone.disk.writeSparse(QStringLiteral("0/big"), objectSize);
     const std::uint32_t handle = session.find(QStringLiteral("big"));
     for (auto _ : state)
-        benchmark::DoNotOptimize(session.client.getObject(handle));
+        benchmark::DoNotOptimize(contentOf(session.client, handle));
     state.SetBytesProcessed(state.iterations() * objectSize);
 }
 
@@ -62,7 +60,7 @@ void uploadFromMemory(benchmark::State& state) {
     Session session;
     const Bytes content(static_cast<std::size_t>(objectSize));
     for (auto _ : state) {
-        session.client.sendObject(content, QStringLiteral("new"), mtpRootHandle, storage);
+        upload(session.client, storage, QStringLiteral("new"), content);
         state.PauseTiming();
         session.client.deleteObject(session.find(QStringLiteral("new")));
         state.ResumeTiming();

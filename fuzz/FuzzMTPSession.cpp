@@ -1,7 +1,6 @@
 #include "FuzzTarget.h"
 #include "FuzzedUSBDevice.h"
 #include "mtp/client/MTPClient.h"
-#include "mtp/client/MTPUSBTransport.h"
 #include "mtp/objects/MTPFailures.h"
 
 using namespace tessary;
@@ -27,8 +26,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     ScriptedUSBBus bus;
     const FuzzedUSBDevice device(bus, fuzzInput(data, size));
     {
-        MTPClient client(
-            std::make_unique<MTPUSBTransport>(bus, MTPDeviceAddress{0x18D1, 0x4EE1, {}, {}}));
+        MTPClient client(bus, {0x18D1, 0x4EE1, {}, {}});
         std::vector<std::uint32_t> storages{1};
         std::vector<std::uint32_t> handles{2};
         attempt([&] { client.openSession(1); });
@@ -50,11 +48,15 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
         }
         attempt([&] { client.createFolder(QStringLiteral("f"), mtpRootHandle, storages[0]); });
         attempt([&] {
-            client.sendObject(Bytes(1500), QStringLiteral("n"), mtpRootHandle, storages[0]);
+            MTPObjectInfo object;
+            object.storageID = storages[0];
+            object.filename = QStringLiteral("n");
+            client.sendObject(
+                object, [](auto buffer) { return buffer.size(); }, 1500);
         });
         attempt([&] { client.renameObject(handles[0], QStringLiteral("m")); });
         attempt([&] { client.deleteObject(handles[0]); });
-        attempt([&] { (void)client.getObject(handles[1]); });
+        attempt([&] { client.getObject(handles[1], [](ByteView) {}); });
         client.closeSession();
     }
     require(bus.readBufferLimit <= readBufferLimit);

@@ -23,14 +23,14 @@ constexpr std::uint32_t onlyStorage = PluggedPhone::firstStorage;
 const Bytes bigContent = patternOf(bigSize);
 
 void uploadNew(MTPClient& client, std::uint32_t) {
-    client.sendObject(bigContent, QStringLiteral("new"), mtpRootHandle, onlyStorage);
+    upload(client, onlyStorage, QStringLiteral("new"), bigContent);
 }
 
 const std::vector<Operation> operations{
     {"handles", USBDirection::in, 12 + 4 + 4 * 200,
      [](auto& client, auto) { (void)client.getObjectHandles(onlyStorage, mtpRootHandle); }},
     {"object", USBDirection::in, 12 + bigSize,
-     [](auto& client, auto handle) { (void)client.getObject(handle); }},
+     [](auto& client, auto handle) { (void)contentOf(client, handle); }},
     {"rename", USBDirection::out, 12 + 9,
      [](auto& client, auto handle) { client.renameObject(handle, QStringLiteral("new")); }},
     {"uploadInfo", USBDirection::out, 12 + 64, uploadNew},
@@ -76,7 +76,7 @@ TEST_P(EveryOperationTest, unpluggingFailsAtOnceAndPluggingInMends) {
         const auto start = Clock::now();
         EXPECT_TRUE(mtpFailureOf([&] { operation.run(client_, handle); }).value().isDeviceGone());
         EXPECT_TRUE(mtpFailureOf([&] { (void)client_.getStorageIDs(); }).value().isDeviceGone());
-        EXPECT_LT(Clock::now() - start, MTPTransport::pipeTimeout);
+        EXPECT_LT(Clock::now() - start, MTPWaits::pipeTimeout);
         replug();
         EXPECT_EQ(phone_.names().size(), 200) << "nothing half done is left";
         operation.run(client_, find(client_, QStringLiteral("big")));
@@ -91,14 +91,14 @@ INSTANTIATE_TEST_SUITE_P(Operations, EveryOperationTest, ::testing::ValuesIn(ope
 /// What a client that dies without a word leaves behind.
 struct DeadClient {
     const char* name;
-    std::function<void(MTPUSBTransport&, std::uint32_t handle)> lastWords;
+    std::function<void(MTPTransport&, std::uint32_t handle)> lastWords;
 };
 
 const auto endlessThenDead = [left = 5](std::span<std::byte> buffer) mutable {
     return --left > 0 ? buffer.size() : 0;
 };
 
-void announce(MTPUSBTransport& transport, std::uint32_t size) {
+void announce(MTPTransport& transport, std::uint32_t size) {
     transport.send(commandOf(0x100C, 2, {onlyStorage, mtpRootHandle}));
     MTPObjectInfo info;
     info.filename = QStringLiteral("half");
@@ -114,8 +114,7 @@ TEST_P(DeadClientTest, nextClientWorks) {
     const std::uint32_t handle = find(client_, QStringLiteral("big"));
     client_.closeSession();
     {
-        MTPUSBTransport transport(
-            bus_, MTPDeviceAddress{phone_.info.vendorId, phone_.info.productId, {}, {}});
+        MTPTransport transport(bus_, address());
         transport.open();
         transport.send(commandOf(0x1002, 1, {1}));
         (void)transport.receivePacket();

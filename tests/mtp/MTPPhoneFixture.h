@@ -1,15 +1,13 @@
 #pragma once
 
 #include "mtp/client/MTPClient.h"
-#include "mtp/client/MTPUSBTransport.h"
 #include "mtp/protocol/MTPPacketCodec.h"
 #include "support/MTPContainers.h"
 #include "support/MTPFailure.h"
+#include "support/MTPObjects.h"
 #include "support/PluggedPhone.h"
 
 #include <gmock/gmock.h>
-
-#include <algorithm>
 
 namespace tessary {
 
@@ -22,9 +20,8 @@ protected:
         client_.openSession(1);
     }
 
-    [[nodiscard]] std::unique_ptr<MTPTransport> newTransport() {
-        return std::make_unique<MTPUSBTransport>(
-            bus_, MTPDeviceAddress{phone_.info.vendorId, phone_.info.productId, {}, {}});
+    [[nodiscard]] MTPDeviceAddress address() const {
+        return {phone_.info.vendorId, phone_.info.productId, {}, {}};
     }
     void replug() {
         phone_.android.unplug();
@@ -54,27 +51,15 @@ protected:
         }
         return found;
     }
-    static MTPDataSource sourceOf(const Bytes& content) {
-        return [&content, at = std::size_t{0}](std::span<std::byte> buffer) mutable {
-            const std::size_t count = std::min(buffer.size(), content.size() - at);
-            std::copy_n(content.begin() + static_cast<std::ptrdiff_t>(at), count, buffer.begin());
-            at += count;
-            return count;
-        };
-    }
-    static void upload(MTPClient& client, const QString& name, const Bytes& content,
-                       const MTPStreamOptions& options = {}) {
-        client.sendObject(sourceOf(content), content.size(), name, mtpRootHandle, storage, options);
-    }
 
     /// Both directions still work: on this client, on this session.
     void expectUsable() {
         static const Bytes content = patternOf(70'000);
         const QString name = QStringLiteral("proof%1").arg(++proofs_);
-        upload(client_, name, content);
+        upload(client_, storage, name, content);
         EXPECT_EQ(phone_.content(name), asArray(content));
         const std::uint32_t handle = find(client_, name);
-        EXPECT_EQ(client_.getObject(handle), content);
+        EXPECT_EQ(contentOf(client_, handle), content);
         client_.deleteObject(handle);
         EXPECT_FALSE(phone_.names().contains(name));
         EXPECT_EQ(phone_.android.needlessHaltClears(), 0U);
@@ -82,7 +67,7 @@ protected:
 
     VirtualUSBBus bus_;
     PluggedPhone phone_;
-    MTPClient client_{newTransport()};
+    MTPClient client_{bus_, address()};
 
 private:
     int proofs_ = 0;

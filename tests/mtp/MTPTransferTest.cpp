@@ -25,19 +25,19 @@ struct FramedPhone : public MTPPhoneFixture {
               10226U, 262131U, 262132U, 262133U, 266228U, 1'000'000U}) {
             SCOPED_TRACE(size);
             const Bytes content = patternOf(size);
-            upload(client_, QStringLiteral("object"), content);
+            upload(client_, storage, QStringLiteral("object"), content);
             EXPECT_EQ(phone_.content(QStringLiteral("object")), asArray(content));
             const std::uint32_t handle = find(client_, QStringLiteral("object"));
             EXPECT_EQ(client_.getObjectInfo(handle).effectiveSize(), size);
             EXPECT_EQ(client_.getObjectSize(handle), size);
-            EXPECT_EQ(client_.getObject(handle), content);
+            EXPECT_EQ(contentOf(client_, handle), content);
             client_.renameObject(handle, QStringLiteral("renamed"));
             client_.deleteObject(handle);
         }
         // Names whose ObjectInfo fills its last packet: 70 bytes and two for each unit.
         for (const int length : {29, 61, 221}) {
             const QString name(length, u'n');
-            upload(client_, name, patternOf(10));
+            upload(client_, storage, name, patternOf(10));
             client_.deleteObject(find(client_, name));
             client_.createFolder(name, mtpRootHandle, storage);
             client_.deleteObject(find(client_, name));
@@ -132,12 +132,12 @@ TEST_P(CancelTest, transfersMayBeStoppedAnywhere) {
         });
         EXPECT_EQ(client_.getObjectInfo(handle).filename, QStringLiteral("big"));
         stopped([&](const MTPStreamOptions& options) {
-            upload(client_, QStringLiteral("new"), content_, options);
+            upload(client_, storage, QStringLiteral("new"), content_, options);
         });
         EXPECT_EQ(client_.getStorageIDs().size(), 1U);
         EXPECT_EQ(phone_.names(), before);
     }
-    EXPECT_EQ(client_.getObject(handle), content_);
+    EXPECT_EQ(contentOf(client_, handle), content_);
     expectUsable();
 }
 
@@ -153,8 +153,8 @@ TEST_P(CancelTest, fullDiskHereAndVanishedFileHereLeaveTheSessionUsable) {
         given += buffer.size();
         return given > 1'000'000 ? 0 : buffer.size();
     };
-    const auto failure = mtpFailureOf(
-        [&] { client_.sendObject(source, size, QStringLiteral("new"), mtpRootHandle, storage); });
+    const auto failure =
+        mtpFailureOf([&] { upload(client_, storage, QStringLiteral("new"), source, size); });
     EXPECT_TRUE(failure.value().message().startsWith(QStringLiteral("the data ended after")));
     EXPECT_FALSE(phone_.names().contains(QStringLiteral("new")));
     expectUsable();

@@ -17,10 +17,6 @@ namespace {
 constexpr std::uint16_t rawOk = static_cast<std::uint16_t>(MTPResponseCode::ok);
 constexpr std::uint32_t full32Bits = 0xFFFFFFFF;
 
-QString hexadecimal(std::uint16_t code) {
-    return QString::number(code, 16).toUpper();
-}
-
 bool isData(const MTPPacket& packet) {
     return packet.header.type == MTPContainerType::data;
 }
@@ -40,13 +36,6 @@ bool isUnsupportedProperty(std::uint16_t response) {
 
 bool isResponse(const MTPPacket& packet) {
     return packet.header.type == MTPContainerType::response;
-}
-
-/// Something else came where data was due.
-[[noreturn]] void failWithoutData(const MTPPacket& packet, const QString& failure) {
-    if (isResponse(packet) && packet.header.code != rawOk)
-        throw MTPTransportError::refusal(packet.header.code);
-    throw MTPTransportError::underlying(failure);
 }
 
 /// The object handle among the parameters of a SendObjectInfo response: storage, parent, object.
@@ -80,138 +69,98 @@ std::size_t takeFront(Bytes& from, std::span<std::byte> to) {
 
 } // namespace
 
-MTPClient::MTPClient(std::unique_ptr<MTPTransport> transport, MTPPatience patience)
-    : session_(std::move(transport), patience) {}
-
-void MTPClient::setEventReceiver(std::function<void(const MTPEvent&)> receiver) {
-    session_.setEventReceiver(std::move(receiver));
+/// A dataset and what `decode` makes of it.
+template <typename Decode>
+auto MTPClient::receiveRecord(const QString& failure, Decode decode) {
+    auto record = decode(datasetOf(receive(), failure));
+    if (!record) {
+        skipResponse();
+        throw MTPTransportError::underlying(failure);
+    }
+    expectOk();
+    return *std::move(record);
 }
 
-void MTPClient::setStop(std::stop_token stop) {
-    const std::scoped_lock lock(mutex_);
-    session_.setStop(std::move(stop));
-}
-
-bool MTPClient::settleSoon() {
-    const std::scoped_lock lock(mutex_);
-    return session_.settleSoon();
-}
-
-void MTPClient::openSession(std::uint32_t sessionID) {
-    const std::scoped_lock lock(mutex_);
-    session_.open(sessionID);
-}
-
-void MTPClient::closeSession() {
-    const std::scoped_lock lock(mutex_);
-    session_.close();
+/// A list; no value when the device has answered without one.
+std::optional<Bytes> MTPClient::receiveList(const QString& failure) {
+    MTPPacket first = receive();
+    if (isResponse(first) && first.header.code == rawOk)
+        return std::nullopt;
+    Bytes list = datasetOf(std::move(first), failure);
+    expectOk();
+    return list;
 }
 
 MTPDeviceInfo MTPClient::getDeviceInfo() {
-    const std::scoped_lock lock(mutex_);
-    session_.sendCommand(MTPOperationCode::getDeviceInfo, {});
-    const QString failure = QStringLiteral("Failed to parse DeviceInfo");
-    const Bytes dataset = session_.receiveDataset(failure);
-    session_.expectOk();
-    if (auto info = MTPPacketCodec::decodeDeviceInfo(dataset))
-        return *std::move(info);
-    throw MTPTransportError::underlying(failure);
+    sendCommand(MTPOperationCode::getDeviceInfo, {});
+    return receiveRecord(QStringLiteral("Failed to parse DeviceInfo"),
+                         MTPPacketCodec::decodeDeviceInfo);
 }
 
 std::vector<std::uint32_t> MTPClient::getStorageIDs() {
-    const std::scoped_lock lock(mutex_);
-    session_.sendCommand(MTPOperationCode::getStorageIDs, {});
-    const MTPPacket first = session_.receiveFirst();
-    if (isResponse(first) && first.header.code == rawOk)
-        return {};
-    if (!isData(first))
-        failWithoutData(first, QStringLiteral("Expected data packet for GetStorageIDs (got type "
-                                              "%1, code 0x%2)")
-                                   .arg(mtpContainerTypeName(first.header.type),
-                                        hexadecimal(first.header.code)));
-    session_.expectOk();
-    return MTPPacketCodec::decodeStorageIDs(first.payload);
+    sendCommand(MTPOperationCode::getStorageIDs, {});
+    const auto list = receiveList(QStringLiteral("Failed to parse StorageIDs"));
+    return MTPPacketCodec::decodeArray(list.value_or(Bytes()));
 }
 
 MTPStorageInfo MTPClient::getStorageInfo(std::uint32_t storageID) {
-    const std::scoped_lock lock(mutex_);
-    session_.sendCommand(MTPOperationCode::getStorageInfo, {storageID});
-    const QString failure = QStringLiteral("Failed to parse StorageInfo");
-    const auto info =
-        MTPPacketCodec::decodeStorageInfo(session_.receiveDataset(failure), storageID);
-    if (!info) {
-        session_.skipResponse();
-        throw MTPTransportError::underlying(failure);
-    }
-    session_.expectOk();
-    return *info;
+    sendCommand(MTPOperationCode::getStorageInfo, {storageID});
+    return receiveRecord(QStringLiteral("Failed to parse StorageInfo"), [=](ByteView from) {
+        return MTPPacketCodec::decodeStorageInfo(from, storageID);
+    });
 }
 
 std::optional<int> MTPClient::getBatteryLevel() {
-    const std::scoped_lock lock(mutex_);
-    session_.setPatience(session_.patience().opening); // nothing depends on it
-    const auto restored = qScopeGuard([this] { session_.setPatience(session_.patience().answer); });
-    session_.sendCommand(MTPOperationCode::getDevicePropValue, {mtpBatteryLevelProperty});
-    const MTPPacket first = session_.receiveFirst();
+    setPatience(patience().opening); // nothing depends on it
+    const auto restored = qScopeGuard([this] { setPatience(patience().answer); });
+    sendCommand(MTPOperationCode::getDevicePropValue, {mtpBatteryLevelProperty});
+    const MTPPacket first = receive();
     if (!isData(first))
         return std::nullopt;
     if (first.payload.empty()) {
-        session_.skipResponse();
+        skipResponse();
         return std::nullopt;
     }
-    if (session_.receiveResponse().header.code != rawOk)
+    if (receive().header.code != rawOk)
         return std::nullopt;
     return static_cast<int>(first.payload.front());
 }
 
 std::vector<std::uint32_t> MTPClient::getObjectHandles(std::uint32_t storageID,
                                                        std::uint32_t parentHandle) {
-    const std::scoped_lock lock(mutex_);
-    session_.sendCommand(MTPOperationCode::getObjectHandles, {storageID, 0, parentHandle});
-    const MTPPacket first = session_.receiveFirst();
-    if (isResponse(first) && first.header.code != rawOk)
-        throw MTPTransportError::refusal(first.header.code);
-    if (isResponse(first))
+    sendCommand(MTPOperationCode::getObjectHandles, {storageID, 0, parentHandle});
+    const QString failure = QStringLiteral("Failed to parse ObjectHandles");
+    const auto list = receiveList(failure);
+    if (!list)
         return {};
-    session_.expectOk();
-    std::vector<std::uint32_t> handles = MTPPacketCodec::decodeObjectHandles(first.payload);
+    std::vector<std::uint32_t> handles = MTPPacketCodec::decodeArray(*list);
     // A list that is cut, or longer than its count, is no empty folder.
-    if (first.payload.size() != sizeof(std::uint32_t) * (1 + handles.size()))
-        throw MTPTransportError::underlying(QStringLiteral("Failed to parse ObjectHandles"));
+    if (list->size() != sizeof(std::uint32_t) * (1 + handles.size()))
+        throw MTPTransportError::underlying(failure);
     return handles;
 }
 
 MTPObjectInfo MTPClient::getObjectInfo(std::uint32_t handle) {
-    const std::scoped_lock lock(mutex_);
-    session_.sendCommand(MTPOperationCode::getObjectInfo, {handle});
-    const QString failure = QStringLiteral("Failed to parse ObjectInfo for handle %1").arg(handle);
-    auto info = MTPPacketCodec::decodeObjectInfo(session_.receiveDataset(failure), handle);
-    if (!info) {
-        session_.skipResponse();
-        throw MTPTransportError::underlying(failure);
-    }
-    session_.expectOk();
-    if (info->compressedSize == full32Bits)
-        info->true64BitSize = objectSizeLocked(handle);
-    return *info;
+    sendCommand(MTPOperationCode::getObjectInfo, {handle});
+    MTPObjectInfo info = receiveRecord(
+        QStringLiteral("Failed to parse ObjectInfo for handle %1").arg(handle),
+        [=](ByteView from) { return MTPPacketCodec::decodeObjectInfo(from, handle); });
+    if (info.compressedSize == full32Bits)
+        info.true64BitSize = getObjectSize(handle);
+    return info;
 }
 
 std::optional<std::uint64_t> MTPClient::getObjectSize(std::uint32_t handle) {
-    const std::scoped_lock lock(mutex_);
-    return objectSizeLocked(handle);
-}
-
-std::optional<std::uint64_t> MTPClient::objectSizeLocked(std::uint32_t handle) {
     if (!objectSizeSupported_)
         return std::nullopt;
-    session_.sendCommand(MTPOperationCode::getObjectPropValue,
-                         {handle, static_cast<std::uint32_t>(MTPObjectProperty::objectSize)});
-    const MTPPacket first = session_.receiveFirst();
+    sendCommand(MTPOperationCode::getObjectPropValue,
+                {handle, static_cast<std::uint32_t>(MTPObjectProperty::objectSize)});
+    const MTPPacket first = receive();
     if (!isData(first)) {
         objectSizeSupported_ = !isUnsupportedProperty(first.header.code);
         return std::nullopt;
     }
-    const MTPPacket response = session_.receiveResponse();
+    const MTPPacket response = receive();
     if (response.header.code != rawOk || first.payload.size() < sizeof(std::uint64_t))
         return std::nullopt;
     const auto size = readLittleEndian<std::uint64_t>(first.payload, 0);
@@ -220,116 +169,77 @@ std::optional<std::uint64_t> MTPClient::objectSizeLocked(std::uint32_t handle) {
     return size <= most ? std::optional(size) : std::nullopt;
 }
 
-Bytes MTPClient::getObject(std::uint32_t handle) {
-    Bytes bytes;
-    getObject(handle,
-              [&bytes](ByteView more) { bytes.insert(bytes.end(), more.begin(), more.end()); });
-    return bytes;
-}
-
 std::uint64_t MTPClient::getObject(std::uint32_t handle, const MTPDataSink& sink,
                                    const MTPStreamOptions& options) {
-    const std::scoped_lock lock(mutex_);
-    return session_.receiveContent(MTPOperationCode::getObject, {handle}, sink, options);
+    return receiveContent(MTPOperationCode::getObject, {handle}, sink, options);
 }
 
 std::uint64_t MTPClient::getPartialObject(std::uint32_t handle, std::uint64_t offset,
                                           std::uint32_t length, bool isWide,
                                           const MTPDataSink& sink,
                                           const MTPStreamOptions& options) {
-    const std::scoped_lock lock(mutex_);
     const auto low = static_cast<std::uint32_t>(offset);
     const auto high = static_cast<std::uint32_t>(offset >> 32);
-    return isWide ? session_.receiveContent(MTPOperationCode::androidGetPartialObject64,
-                                            {handle, low, high, length}, sink, options)
-                  : session_.receiveContent(MTPOperationCode::getPartialObject,
-                                            {handle, low, length}, sink, options);
+    return isWide ? receiveContent(MTPOperationCode::androidGetPartialObject64,
+                                   {handle, low, high, length}, sink, options)
+                  : receiveContent(MTPOperationCode::getPartialObject, {handle, low, length}, sink,
+                                   options);
 }
 
 void MTPClient::getObjectPropList(std::uint32_t folder, const MTPDataSink& sink,
                                   const MTPStreamOptions& options) {
-    const std::scoped_lock lock(mutex_);
     constexpr std::uint32_t anyFormat = 0;
     constexpr std::uint32_t allProperties = 0xFFFFFFFF;
     constexpr std::uint32_t noGroup = 0;
     constexpr std::uint32_t childrenOnly = 1;
-    session_.receiveContent(MTPOperationCode::getObjectPropList,
-                            {folder, anyFormat, allProperties, noGroup, childrenOnly}, sink,
-                            options);
+    receiveContent(MTPOperationCode::getObjectPropList,
+                   {folder, anyFormat, allProperties, noGroup, childrenOnly}, sink, options);
 }
 
 void MTPClient::getThumb(std::uint32_t handle, const MTPDataSink& sink,
                          const MTPStreamOptions& options) {
-    const std::scoped_lock lock(mutex_);
-    session_.receiveContent(MTPOperationCode::getThumb, {handle}, sink, options);
+    receiveContent(MTPOperationCode::getThumb, {handle}, sink, options);
 }
 
-std::uint32_t MTPClient::sendObject(ByteView data, const QString& filename,
-                                    std::uint32_t parentHandle, std::uint32_t storageID,
-                                    const MTPByteProgress& progress) {
-    const MTPDataSource source = [rest = data](std::span<std::byte> buffer) mutable {
-        const std::size_t count = std::min(buffer.size(), rest.size());
-        std::copy_n(rest.begin(), count, buffer.begin());
-        rest = rest.subspan(count);
-        return count;
+/// What is to be sent, with its first bytes at hand. A transfer that fails before them has not
+/// begun: a device may miss a cancellation that comes before data does.
+MTPDataSource MTPClient::draw(const MTPDataSource& source, std::uint64_t size,
+                              const std::stop_token& stop) {
+    drawn_ += size > 0 ? 1 : 0;
+    Bytes first = firstPiece(source, size);
+    throwIfStopped(stop);
+    return [&source, first = std::move(first)](std::span<std::byte> buffer) mutable {
+        return first.empty() ? source(buffer) : takeFront(first, buffer);
     };
-    MTPStreamOptions options;
-    options.progress = progress;
-    return sendObject(source, data.size(), filename, parentHandle, storageID, options);
-}
-
-std::uint32_t MTPClient::sendObject(const MTPDataSource& source, std::uint64_t size,
-                                    const QString& filename, std::uint32_t parentHandle,
-                                    std::uint32_t storageID, const MTPStreamOptions& options) {
-    MTPObjectInfo object;
-    object.storageID = storageID;
-    object.parentObject = parentHandle;
-    object.filename = filename;
-    return sendObject(std::move(object), source, size, options);
 }
 
 std::uint32_t MTPClient::sendObject(MTPObjectInfo object, const MTPDataSource& source,
                                     std::uint64_t size, const MTPStreamOptions& options) {
-    const std::scoped_lock lock(mutex_);
-    // A transfer that fails before its first bytes has not begun: a device may miss a cancellation
-    // that comes before data does.
-    drawn_ += size > 0 ? 1 : 0;
-    Bytes first = firstPiece(source, size);
-    throwIfStopped(options.stop);
-    const MTPDataSource whole = [&](std::span<std::byte> buffer) {
-        return first.empty() ? source(buffer) : takeFront(first, buffer);
-    };
+    const MTPDataSource whole = draw(source, size, options.stop);
     object.compressedSize = static_cast<std::uint32_t>(std::min<std::uint64_t>(size, full32Bits));
     const std::uint32_t handle = sendObjectInfo(object);
     if (options.accepted)
         options.accepted(handle);
-
-    session_.sendContent(MTPOperationCode::sendObject, {}, whole, size, options);
+    sendContent(MTPOperationCode::sendObject, {}, whole, size, options);
     return handle;
 }
 
 void MTPClient::sendPartialObject(std::uint32_t handle, std::uint64_t offset, std::uint32_t size,
                                   const MTPDataSource& source, const MTPStreamOptions& options) {
-    const std::scoped_lock lock(mutex_);
-    drawn_ += size > 0 ? 1 : 0;
-    Bytes first = firstPiece(source, size);
-    throwIfStopped(options.stop);
-    const MTPDataSource whole = [&](std::span<std::byte> buffer) {
-        return first.empty() ? source(buffer) : takeFront(first, buffer);
-    };
-    session_.sendContent(MTPOperationCode::androidSendPartialObject,
-                         {handle, static_cast<std::uint32_t>(offset),
-                          static_cast<std::uint32_t>(offset >> 32), size},
-                         whole, size, options);
+    const MTPDataSource whole = draw(source, size, options.stop);
+    sendContent(MTPOperationCode::androidSendPartialObject,
+                {handle, static_cast<std::uint32_t>(offset),
+                 static_cast<std::uint32_t>(offset >> 32), size},
+                whole, size, options);
 }
 
 /// Phase one of an upload, and the whole of making a folder.
 std::uint32_t MTPClient::sendObjectInfo(const MTPObjectInfo& info) {
     const std::uint32_t transactionID =
-        session_.sendCommand(MTPOperationCode::sendObjectInfo, {info.storageID, info.parentObject});
-    session_.sendData(MTPOperationCode::sendObjectInfo, transactionID,
-                      MTPPacketCodec::encodeObjectInfo(info));
-    const MTPPacket response = session_.receiveResponse();
+        sendCommand(MTPOperationCode::sendObjectInfo, {info.storageID, info.parentObject});
+    sendData(MTPOperationCode::sendObjectInfo, transactionID,
+             MTPPacketCodec::encodeObjectInfo(info));
+    const MTPPacket response = receive();
     if (response.header.code != rawOk)
         throw MTPTransportError::refusal(response.header.code);
     return announcedHandle(response);
@@ -337,7 +247,6 @@ std::uint32_t MTPClient::sendObjectInfo(const MTPObjectInfo& info) {
 
 std::uint32_t MTPClient::createFolder(const QString& name, std::uint32_t parentHandle,
                                       std::uint32_t storageID) {
-    const std::scoped_lock lock(mutex_);
     MTPObjectInfo info;
     info.storageID = storageID;
     info.objectFormat = MTPObjectFormat::associationFolder;
@@ -349,12 +258,11 @@ std::uint32_t MTPClient::createFolder(const QString& name, std::uint32_t parentH
 
 void MTPClient::setProperty(std::uint32_t handle, MTPObjectProperty property,
                             const QString& value) {
-    const std::scoped_lock lock(mutex_);
-    const std::uint32_t transactionID = session_.sendCommand(
-        MTPOperationCode::setObjectPropValue, {handle, static_cast<std::uint32_t>(property)});
-    session_.sendData(MTPOperationCode::setObjectPropValue, transactionID,
-                      MTPPacketCodec::encodeString(value));
-    session_.expectOk();
+    const std::uint32_t transactionID = sendCommand(MTPOperationCode::setObjectPropValue,
+                                                    {handle, static_cast<std::uint32_t>(property)});
+    sendData(MTPOperationCode::setObjectPropValue, transactionID,
+             MTPPacketCodec::encodeString(value));
+    expectOk();
 }
 
 void MTPClient::renameObject(std::uint32_t handle, const QString& newName) {
@@ -367,27 +275,23 @@ void MTPClient::setDateModified(std::uint32_t handle, const QDateTime& date) {
 
 void MTPClient::moveObject(std::uint32_t handle, std::uint32_t storageID,
                            std::uint32_t parentHandle) {
-    const std::scoped_lock lock(mutex_);
-    session_.sendCommand(MTPOperationCode::moveObject, {handle, storageID, parentHandle});
-    session_.expectOk(MTPSession::workPatience);
+    sendCommand(MTPOperationCode::moveObject, {handle, storageID, parentHandle});
+    expectOk(workPatience);
 }
 
 void MTPClient::beginEdit(std::uint32_t handle) {
-    const std::scoped_lock lock(mutex_);
-    session_.sendCommand(MTPOperationCode::androidBeginEditObject, {handle});
-    session_.expectOk();
+    sendCommand(MTPOperationCode::androidBeginEditObject, {handle});
+    expectOk();
 }
 
 void MTPClient::endEdit(std::uint32_t handle) {
-    const std::scoped_lock lock(mutex_);
-    session_.sendCommand(MTPOperationCode::androidEndEditObject, {handle});
-    session_.expectOk(MTPSession::workPatience);
+    sendCommand(MTPOperationCode::androidEndEditObject, {handle});
+    expectOk(workPatience);
 }
 
 void MTPClient::deleteObject(std::uint32_t handle) {
-    const std::scoped_lock lock(mutex_);
-    session_.sendCommand(MTPOperationCode::deleteObject, {handle, 0});
-    session_.expectOk(MTPSession::workPatience);
+    sendCommand(MTPOperationCode::deleteObject, {handle, 0});
+    expectOk(workPatience);
 }
 
 } // namespace tessary

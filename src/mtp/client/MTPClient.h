@@ -2,45 +2,30 @@
 
 #include "mtp/client/MTPSession.h"
 
-#include <atomic>
-#include <mutex>
 #include <vector>
 
 namespace tessary {
 
 /// MTP transactions with one device. Every call is one transaction (an upload two, and an object
-/// whose 32-bit size is full one more for its true size), blocks, and may come from any thread:
-/// calls run one at a time. There is no cache and no retry; failures are MTPTransportError, with
-/// the device's refusals as `underlying`. Calls do not check whether a session is open: the device
-/// does. Its end closes the transport without a word to the device; see closeSession().
-class MTPClient {
+/// whose 32-bit size is full one more for its true size) and blocks. Used by one thread at a time.
+/// There is no cache and no retry; failures are MTPTransportError, with the device's refusals as
+/// `underlying`. Calls do not check whether a session is open: the device does.
+class MTPClient : private MTPSession {
 public:
-    explicit MTPClient(std::unique_ptr<MTPTransport> transport, MTPPatience patience = {});
+    using MTPSession::MTPSession;
 
-    /// Opens the transport and a session. A session that an earlier client left open is closed
-    /// first; stale data in the pipe is drained once. After a failure the transport is closed.
-    void openSession(std::uint32_t sessionID);
-    /// MTPTransport::setEventReceiver() of the transport; before openSession().
-    void setEventReceiver(std::function<void(const MTPEvent&)> receiver);
+    using MTPSession::asked;
+    using MTPSession::closeSession;
+    using MTPSession::openSession;
+    using MTPSession::setEventReceiver;
+    using MTPSession::setStop;
+    using MTPSession::settleSoon;
 
-    /// From now on `stop` ends any call early, with CancellationError, except closeSession(). May
-    /// be called before openSession().
-    void setStop(std::stop_token stop);
-    /// Whether the device is at rest; a transaction that was broken off is ended first, which is
-    /// tried for a few seconds and once only. If it is not, the next call waits for it.
-    [[nodiscard]] bool settleSoon();
-
-    /// How many transactions were begun so far.
-    [[nodiscard]] std::uint64_t asked() const {
-        return session_.asked();
-    }
     /// How often the device has answered so far, or content was taken from a source: a call since
     /// which this has not changed has done nothing, and may be made again.
     [[nodiscard]] std::uint64_t proceeded() const {
-        return session_.answered() + drawn_;
+        return answered() + drawn_;
     }
-    /// Closes session and transport. Whatever the device answers, or does not, is ignored.
-    void closeSession();
 
     [[nodiscard]] MTPDeviceInfo getDeviceInfo();
     [[nodiscard]] std::vector<std::uint32_t> getStorageIDs();
@@ -64,8 +49,6 @@ public:
     void getThumb(std::uint32_t handle, const MTPDataSink& sink,
                   const MTPStreamOptions& options = {});
 
-    /// The whole object in memory.
-    [[nodiscard]] Bytes getObject(std::uint32_t handle);
     /// The object piece by piece, of any size. `options.expectedSize` is used when the container
     /// cannot tell the size. A transfer that is broken off (by the stop token, an exception of the
     /// sink, or a failure) leaves the session usable. Returns the number of bytes.
@@ -79,18 +62,13 @@ public:
                                    bool isWide, const MTPDataSink& sink,
                                    const MTPStreamOptions& options = {});
 
-    /// Sends a new object. The result is the handle that the device announced, or 0; devices
-    /// disagree on its worth, so look the object up by listing its parent. An object that the
-    /// device made for an upload that then failed stays there.
-    std::uint32_t sendObject(ByteView data, const QString& filename, std::uint32_t parentHandle,
-                             std::uint32_t storageID, const MTPByteProgress& progress = {});
-    /// The same from a source of `size` bytes, of any size. Broken off as getObject.
-    std::uint32_t sendObject(const MTPDataSource& source, std::uint64_t size,
-                             const QString& filename, std::uint32_t parentHandle,
-                             std::uint32_t storageID, const MTPStreamOptions& options = {});
-    /// The same with all that `object` says of it: storage, parent, name, date of the last change.
+    /// Sends a new object with all that `object` says of it: storage, parent, name, date of the
+    /// last change; its content comes from a source of `size` bytes. The result is the handle that
+    /// the device announced, or 0; devices disagree on its worth, so look the object up by listing
+    /// its parent. An object that the device made for an upload that then failed stays there.
+    /// Broken off as getObject.
     std::uint32_t sendObject(MTPObjectInfo object, const MTPDataSource& source, std::uint64_t size,
-                             const MTPStreamOptions& options);
+                             const MTPStreamOptions& options = {});
 
     // A file that is there, written to in place, as Android's extension has it: between beginEdit
     // and endEdit; the end of the session ends it too. Dates change with it.
@@ -114,13 +92,15 @@ public:
     void deleteObject(std::uint32_t handle);
 
 private:
+    template <typename Decode>
+    [[nodiscard]] auto receiveRecord(const QString& failure, Decode decode);
+    [[nodiscard]] std::optional<Bytes> receiveList(const QString& failure);
     void setProperty(std::uint32_t handle, MTPObjectProperty property, const QString& value);
-    [[nodiscard]] std::optional<std::uint64_t> objectSizeLocked(std::uint32_t handle);
     std::uint32_t sendObjectInfo(const MTPObjectInfo& info);
+    [[nodiscard]] MTPDataSource draw(const MTPDataSource& source, std::uint64_t size,
+                                     const std::stop_token& stop);
 
-    mutable std::mutex mutex_; ///< held during each call; guards everything below
-    MTPSession session_;
-    std::atomic<std::uint64_t> drawn_ = 0; ///< sources that something was taken from
+    std::uint64_t drawn_ = 0; ///< sources that something was taken from
     bool objectSizeSupported_ = true;
 };
 

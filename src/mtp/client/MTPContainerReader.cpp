@@ -174,7 +174,7 @@ bool MTPContainerReader::goesOn() {
 
 /// The header of the next container that belongs to a transaction under way.
 MTPContainerHeader MTPContainerReader::receiveHeader(std::chrono::milliseconds patience) {
-    const auto deadline = std::chrono::steady_clock::now() + MTPTransport::recoveryLimit;
+    const auto deadline = std::chrono::steady_clock::now() + MTPWaits::recoveryLimit;
     const MTPDataSink drop = [deadline](ByteView) {
         if (std::chrono::steady_clock::now() > deadline)
             throw MTPTransportError(MTPTransportError::Case::timeout);
@@ -207,9 +207,9 @@ MTPContainerHeader MTPContainerReader::receiveAnyHeader(std::chrono::millisecond
 /// Waits until there is anything of a container to read, as long as the caller has patience.
 void MTPContainerReader::awaitFirstByte(std::chrono::milliseconds patience) {
     patience = std::max(patience, pipes_.waits.patience);
-    auto waits = std::max<std::int64_t>(patience / MTPTransport::pipeTimeout, 1);
+    auto waits = std::max<std::int64_t>(patience / MTPWaits::pipeTimeout, 1);
     USBTimeouts slice = pipes_.timeouts();
-    slice.noData = slice.completion = std::min(patience, MTPTransport::pipeTimeout);
+    slice.noData = slice.completion = std::min(patience, MTPWaits::pipeTimeout);
     // Such a packet ends a transfer of whole packets; some devices send one after any data.
     bool zeroPacketMayFollow = afterData_ || lastReadWasFull_;
     // A single byte behind data is a stray one, see below.

@@ -64,14 +64,12 @@ void MTPContainerWriter::forget() {
     begin({});
 }
 
-void MTPContainerWriter::send(ByteView data, const MTPByteProgress& progress) {
+void MTPContainerWriter::send(ByteView data) {
     begin(MTPPacketCodec::decodeHeader(data).value_or(MTPContainerHeader{}));
     for (std::size_t sent = 0; sent < data.size();) {
         const ByteView chunk = data.subspan(sent, std::min(chunkSize, data.size() - sent));
         write(chunk);
         sent += chunk.size();
-        if (progress)
-            progress(static_cast<qint64>(sent), static_cast<qint64>(data.size()));
     }
     if (outgoing_.type == MTPContainerType::data)
         endFullPacket();

@@ -14,7 +14,7 @@ public:
     explicit MTPContainerWriter(MTPPipes pipes) : pipes_(pipes) {}
 
     /// MTPTransport::send().
-    void send(ByteView data, const MTPByteProgress& progress);
+    void send(ByteView data);
     /// MTPTransport::sendContainer().
     void sendContainer(const MTPContainerHeader& header, std::uint64_t payloadSize,
                        const MTPDataSource& source, const MTPStreamOptions& options);

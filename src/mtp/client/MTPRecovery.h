@@ -1,7 +1,7 @@
 #pragma once
 
 #include "mtp/client/MTPInterfaceConnection.h"
-#include "mtp/client/MTPTransport.h"
+#include "mtp/client/MTPTransfers.h"
 
 #include <cstdint>
 

@@ -27,24 +27,13 @@ bool isResponse(const MTPPacket& packet) {
 
 } // namespace
 
-MTPSession::MTPSession(std::unique_ptr<MTPTransport> transport, MTPPatience patience)
-    : transport_(std::move(transport)), patience_(patience) {}
-
-MTPSession::~MTPSession() {
-    transport_->close();
-}
-
-void MTPSession::setEventReceiver(std::function<void(const MTPEvent&)> receiver) {
-    transport_->setEventReceiver(std::move(receiver));
-}
-
 void MTPSession::setStop(std::stop_token stop) {
     stop_ = std::move(stop);
     setPatience(patience_.answer);
 }
 
 void MTPSession::setPatience(std::chrono::milliseconds patience) {
-    transport_->setWaits({patience, stop_});
+    transport_.setWaits({patience, stop_});
 }
 
 std::uint32_t MTPSession::sendCommand(MTPOperationCode operation, MTPParameters parameters) {
@@ -57,22 +46,22 @@ std::uint32_t MTPSession::sendCommand(MTPOperationCode operation, MTPParameters 
     ++asked_;
     isSettled_ = isBusy_ = false;
     phase_ = MTPDataPhase::toHost;
-    transport_->send(MTPPacketCodec::buildCommandPacket(operation, transactionID, parameters));
+    transport_.send(MTPPacketCodec::buildCommandPacket(operation, transactionID, parameters));
     if (isAskedInARow(operation))
-        transport_->readAhead();
+        transport_.readAhead();
     return transactionID;
 }
 
 void MTPSession::sendData(MTPOperationCode operation, std::uint32_t transactionID,
                           ByteView payload) {
     phase_ = MTPDataPhase::toDevice;
-    transport_->send(MTPPacketCodec::buildDataPacket(operation, transactionID, payload));
+    transport_.send(MTPPacketCodec::buildDataPacket(operation, transactionID, payload));
 }
 
 /// Ends the last transaction, which was broken off, on the device's side.
 MTPPipeState MTPSession::recover() {
-    const MTPPipeState state = transport_->recover(transactionIDCounter_ - 1, phase_,
-                                                   {MTPTransport::recoveryLimit, stop_});
+    const MTPPipeState state =
+        transport_.recover(transactionIDCounter_ - 1, phase_, {MTPWaits::recoveryLimit, stop_});
     isSettled_ = state != MTPPipeState::busy;
     isBusy_ = !isSettled_ && !stop_.stop_requested();
     return state;
@@ -82,7 +71,7 @@ MTPPipeState MTPSession::recover() {
 /// device that is still at work then, the next transaction waits.
 void MTPSession::recoverSoon() noexcept {
     constexpr std::chrono::milliseconds limit{700};
-    const MTPPipeState state = transport_->recover(transactionIDCounter_ - 1, phase_, {limit, {}});
+    const MTPPipeState state = transport_.recover(transactionIDCounter_ - 1, phase_, {limit, {}});
     isBusy_ = state == MTPPipeState::busy;
     isSettled_ = !isBusy_;
 }
@@ -93,36 +82,29 @@ bool MTPSession::settleSoon() noexcept {
     return isSettled_;
 }
 
-MTPPacket MTPSession::receiveResponse(std::chrono::milliseconds patience) {
-    MTPPacket response = transport_->receivePacket(patience);
-    isSettled_ = isResponse(response);
+MTPPacket MTPSession::receive(std::chrono::milliseconds patience) {
+    MTPPacket packet = transport_.receivePacket(patience);
+    isSettled_ = isResponse(packet);
     ++answered_;
-    return response;
-}
-
-MTPPacket MTPSession::receiveFirst() {
-    MTPPacket first = transport_->receivePacket();
-    isSettled_ = isResponse(first);
-    ++answered_;
-    return first;
+    return packet;
 }
 
 void MTPSession::skipResponse() {
     try {
-        (void)receiveResponse();
+        (void)receive();
     } catch (const MTPTransportError&) {
         // The failure that led here is the one to report.
     }
 }
 
 void MTPSession::expectOk(std::chrono::milliseconds patience) {
-    const MTPPacket response = receiveResponse(patience);
+    const MTPPacket response = receive(patience);
     if (response.header.code != rawOk)
         throw MTPTransportError::refusal(response.header.code);
 }
 
-void MTPSession::open(std::uint32_t sessionID) {
-    transport_->open();
+void MTPSession::openSession(std::uint32_t sessionID) {
+    transport_.open();
     setPatience(patience_.opening);
     try {
         start(sessionID);
@@ -143,9 +125,9 @@ void MTPSession::start(std::uint32_t sessionID) {
     MTPPacket response = answerToOpening();
     if (response.header.code == rawAlreadyOpen) {
         sendCommand(MTPOperationCode::closeSession, {});
-        (void)receiveResponse();
+        (void)receive();
         sendCommand(MTPOperationCode::openSession, {sessionID_});
-        response = receiveResponse();
+        response = receive();
         if (response.header.code == rawAlreadyOpen)
             return;
     }
@@ -157,7 +139,7 @@ void MTPSession::start(std::uint32_t sessionID) {
 std::optional<MTPPacket> MTPSession::receiveAnswerOrStaleData() {
     struct StaleData {};
     try {
-        MTPPacket answer = transport_->receiveContainer([](ByteView) { throw StaleData(); }, {});
+        MTPPacket answer = transport_.receiveContainer([](ByteView) { throw StaleData(); }, {});
         isSettled_ = isResponse(answer);
         return isSettled_ ? std::optional(std::move(answer)) : std::nullopt;
     } catch (const StaleData&) {
@@ -187,7 +169,7 @@ MTPPacket MTPSession::answerToOpening() {
         return *std::move(answer); // a device whose responses carry any transaction ID
     try {
         sendCommand(MTPOperationCode::openSession, {sessionID_});
-        return receiveResponse();
+        return receive();
     } catch (const MTPTransportError&) {
         if (!answer)
             throw;
@@ -196,21 +178,21 @@ MTPPacket MTPSession::answerToOpening() {
 }
 
 void MTPSession::closeTransport() {
-    transport_->close();
+    transport_.close();
     isSettled_ = true;
     isOpen_ = false;
 }
 
-void MTPSession::close() {
+void MTPSession::closeSession() {
     if (!isOpen_)
         return;
-    transport_->setWaits({patience_.opening, {}});
+    transport_.setWaits({patience_.opening, {}});
     try {
         // A device that has just failed is not asked for more: the next client finds the session
         // open and closes it.
         if (isSettled_) {
             sendCommand(MTPOperationCode::closeSession, {});
-            (void)receiveResponse();
+            (void)receive();
         } else {
             recoverSoon();
         }
@@ -220,8 +202,7 @@ void MTPSession::close() {
     closeTransport();
 }
 
-Bytes MTPSession::receiveDataset(const QString& failure) {
-    MTPPacket first = receiveFirst();
+Bytes MTPSession::datasetOf(MTPPacket first, const QString& failure) {
     if (first.header.type == MTPContainerType::data)
         return std::move(first.payload);
     if (isResponse(first) && first.header.code != rawOk)
@@ -240,7 +221,7 @@ std::uint64_t MTPSession::receiveContent(MTPOperationCode operation, MTPParamete
     };
     MTPPacket first;
     try {
-        first = transport_->receiveContainer(countingSink, options);
+        first = transport_.receiveContainer(countingSink, options);
         isSettled_ = first.header.type == MTPContainerType::response;
     } catch (const CancellationError&) {
         recoverSoon();
@@ -270,8 +251,8 @@ void MTPSession::sendContent(MTPOperationCode operation, MTPParameters parameter
     MTPPacket response;
     phase_ = MTPDataPhase::toDevice;
     try {
-        transport_->sendContainer(header, size, source, options);
-        response = receiveResponse(workPatience);
+        transport_.sendContainer(header, size, source, options);
+        response = receive(workPatience);
     } catch (const CancellationError&) {
         recoverSoon();
         throw;

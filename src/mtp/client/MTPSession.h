@@ -2,45 +2,52 @@
 
 #include "mtp/client/MTPTransport.h"
 
-#include <atomic>
 #include <initializer_list>
-#include <memory>
 
 namespace tessary {
 
 /// How long a silent device is waited for.
 struct MTPPatience {
-    std::chrono::milliseconds opening{MTPTransport::pipeTimeout}; ///< of a session
+    std::chrono::milliseconds opening{MTPWaits::pipeTimeout}; ///< of a session
     /// In a session, for each answer and in the middle of data: phones pause to flush and to index.
-    std::chrono::milliseconds answer{MTPTransport::pipeTimeout};
+    std::chrono::milliseconds answer{MTPWaits::pipeTimeout};
 };
 
 using MTPParameters = std::initializer_list<std::uint32_t>;
 
 /// A session with one device: its transactions in their phases, and what brings the device to rest
 /// when one was broken off. What an operation means is its caller's business. Used by one thread at
-/// a time, except asked() and answered(). Failures are MTPTransportError.
+/// a time. Failures are MTPTransportError. Its end closes the transport without a word to the
+/// device; see closeSession().
 class MTPSession {
 public:
     /// How long a device may work on after the last byte of an upload, or on a deletion.
     static constexpr std::chrono::seconds workPatience{60};
 
-    MTPSession(std::unique_ptr<MTPTransport> transport, MTPPatience patience);
-    /// Closes the transport without a word to the device; see close().
-    ~MTPSession();
-    MTPSession(const MTPSession&) = delete;
-    MTPSession& operator=(const MTPSession&) = delete;
+    /// `bus` must outlive the session.
+    MTPSession(USBBus& bus, MTPDeviceAddress address, MTPPatience patience = {})
+        : transport_(bus, std::move(address)), patience_(patience) {}
 
-    // As MTPClient has them
-
-    void setEventReceiver(std::function<void(const MTPEvent&)> receiver);
+    /// MTPTransport::setEventReceiver() of the transport; before openSession().
+    void setEventReceiver(std::function<void(const MTPEvent&)> receiver) {
+        transport_.setEventReceiver(std::move(receiver));
+    }
+    /// From now on `stop` ends any call early, with CancellationError, except closeSession(). May
+    /// be called before openSession().
     void setStop(std::stop_token stop);
-    void open(std::uint32_t sessionID);
-    void close();
+    /// Opens the transport and a session. A session that an earlier client left open is closed
+    /// first; stale data in the pipe is drained once. After a failure the transport is closed.
+    void openSession(std::uint32_t sessionID);
+    /// Closes session and transport. Whatever the device answers, or does not, is ignored.
+    void closeSession();
+    /// Whether the device is at rest; a transaction that was broken off is ended first, which is
+    /// tried for a few seconds and once only. If it is not, the next call waits for it.
     [[nodiscard]] bool settleSoon() noexcept;
+    /// How many transactions were begun so far.
     [[nodiscard]] std::uint64_t asked() const {
         return asked_;
     }
+    /// How often the device has answered so far.
     [[nodiscard]] std::uint64_t answered() const {
         return answered_;
     }
@@ -56,13 +63,11 @@ public:
     /// Begins a transaction; one that was broken off before is ended first. Returns its id.
     std::uint32_t sendCommand(MTPOperationCode operation, MTPParameters parameters);
     void sendData(MTPOperationCode operation, std::uint32_t transactionID, ByteView payload);
-    /// The first container of a transaction with a data phase, which a refusal takes the place of.
-    [[nodiscard]] MTPPacket receiveFirst();
-    /// The payload of the data container that a command asks for. Whatever comes in its place but a
+    /// The next container: the response, or before it data, which a refusal takes the place of.
+    [[nodiscard]] MTPPacket receive(std::chrono::milliseconds patience = {});
+    /// The payload of the data container that a command asks for. Whatever came in its place but a
     /// refusal is an error with this text.
-    [[nodiscard]] Bytes receiveDataset(const QString& failure);
-    /// The last container of a transaction.
-    [[nodiscard]] MTPPacket receiveResponse(std::chrono::milliseconds patience = {});
+    [[nodiscard]] static Bytes datasetOf(MTPPacket first, const QString& failure);
     void expectOk(std::chrono::milliseconds patience = {});
     /// Reads a response whose content no longer matters.
     void skipResponse();
@@ -85,10 +90,10 @@ private:
     [[nodiscard]] std::optional<MTPPacket> receiveAnswerOrStaleData();
     void closeTransport();
 
-    const std::unique_ptr<MTPTransport> transport_;
+    MTPTransport transport_;
     const MTPPatience patience_;
-    std::atomic<std::uint64_t> asked_ = 0;
-    std::atomic<std::uint64_t> answered_ = 0;
+    std::uint64_t asked_ = 0;
+    std::uint64_t answered_ = 0;
     std::stop_token stop_;
     std::uint32_t sessionID_ = 0;
     std::uint32_t transactionIDCounter_ = 1;

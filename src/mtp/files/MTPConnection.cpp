@@ -1,7 +1,6 @@
 #include "mtp/files/MTPConnection.h"
 
 #include "base/threads/CancellationError.h"
-#include "mtp/client/MTPUSBTransport.h"
 #include "mtp/objects/MTPFailures.h"
 
 #include <QStringList>
@@ -83,8 +82,7 @@ void MTPConnection::openSession(const std::stop_token& stop) {
         deviceInfo_.reset();
         partialReads_.reset();
     }
-    tree_ = std::make_unique<MTPTree>(std::make_unique<MTPUSBTransport>(bus_, address_), memory_,
-                                      patience_, stop);
+    tree_ = std::make_unique<MTPTree>(bus_, address_, memory_, patience_, stop);
     queue_->closeWhenIdle(this, [this] { closeSession(); });
     if (!deviceInfo_)
         memory_.listsProperties = deviceInfo().announces(MTPOperationCode::getObjectPropList);

@@ -30,9 +30,9 @@ bool isUsable(std::uint32_t storageID) {
 
 } // namespace
 
-MTPTree::MTPTree(std::unique_ptr<MTPTransport> transport, MTPPhoneMemory& memory,
+MTPTree::MTPTree(USBBus& bus, const MTPDeviceAddress& address, MTPPhoneMemory& memory,
                  MTPPatience patience, const std::stop_token& stop)
-    : memory_(memory), serial_(nextSerial()), client_(std::move(transport), patience) {
+    : memory_(memory), serial_(nextSerial()), client_(bus, address, patience) {
     client_.setEventReceiver([this](const MTPEvent& event) {
         // A phone may tell without end: from some number on, all is to be doubted anyway.
         constexpr std::size_t most = 1000;

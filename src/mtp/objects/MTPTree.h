@@ -34,10 +34,10 @@ public:
     using ChildVisitor = std::function<void(const MTPObjectInfo&)>;
     using UnreadableVisitor = MTPObjectReader::UnreadableVisitor;
 
-    /// Opens the session, unless `stop` ends that early. `memory` outlives the tree, and is kept up
-    /// to date by it.
-    MTPTree(std::unique_ptr<MTPTransport> transport, MTPPhoneMemory& memory, MTPPatience patience,
-            const std::stop_token& stop);
+    /// Opens the session, unless `stop` ends that early. `bus` and `memory` outlive the tree;
+    /// `memory` is kept up to date by it.
+    MTPTree(USBBus& bus, const MTPDeviceAddress& address, MTPPhoneMemory& memory,
+            MTPPatience patience, const std::stop_token& stop);
     ~MTPTree();
     MTPTree(const MTPTree&) = delete;
     MTPTree& operator=(const MTPTree&) = delete;

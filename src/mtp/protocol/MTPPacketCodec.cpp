@@ -31,18 +31,6 @@ Bytes beginContainer(MTPContainerType type, MTPOperationCode operation, std::uin
     return bytes;
 }
 
-std::vector<std::uint32_t> decodeArray(ByteView from) {
-    if (from.size() < 4)
-        return {};
-    const std::size_t count = readLittleEndian<std::uint32_t>(from, 0);
-    if (count > (from.size() - 4) / 4)
-        return {};
-    std::vector<std::uint32_t> values(count);
-    for (std::size_t i = 0; i < count; ++i)
-        values[i] = readLittleEndian<std::uint32_t>(from, 4 + 4 * i);
-    return values;
-}
-
 /// Reads the strings at the end of a dataset, one after the other.
 class StringReader {
 public:
@@ -204,12 +192,16 @@ Bytes MTPPacketCodec::buildDataPacket(MTPOperationCode operation, std::uint32_t 
     return bytes;
 }
 
-std::vector<std::uint32_t> MTPPacketCodec::decodeStorageIDs(ByteView from) {
-    return decodeArray(from);
-}
-
-std::vector<std::uint32_t> MTPPacketCodec::decodeObjectHandles(ByteView from) {
-    return decodeArray(from);
+std::vector<std::uint32_t> MTPPacketCodec::decodeArray(ByteView from) {
+    if (from.size() < 4)
+        return {};
+    const std::size_t count = readLittleEndian<std::uint32_t>(from, 0);
+    if (count > (from.size() - 4) / 4)
+        return {};
+    std::vector<std::uint32_t> values(count);
+    for (std::size_t i = 0; i < count; ++i)
+        values[i] = readLittleEndian<std::uint32_t>(from, 4 + 4 * i);
+    return values;
 }
 
 std::optional<MTPDeviceInfo> MTPPacketCodec::decodeDeviceInfo(ByteView from) {

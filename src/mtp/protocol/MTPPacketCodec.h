@@ -32,9 +32,9 @@ public:
     /// An event container: the header, then up to three parameters of u32. No value for any other.
     [[nodiscard]] static std::optional<MTPEvent> decodeEvent(ByteView from);
 
-    /// Arrays of u32: a count, then as many values. A truncated array is empty, never partial.
-    [[nodiscard]] static std::vector<std::uint32_t> decodeStorageIDs(ByteView from);
-    [[nodiscard]] static std::vector<std::uint32_t> decodeObjectHandles(ByteView from);
+    /// Storage ids or object handles, an array of u32: a count, then as many values. A truncated
+    /// array is empty, never partial.
+    [[nodiscard]] static std::vector<std::uint32_t> decodeArray(ByteView from);
 
     /// DeviceInfo dataset, at least 8 bytes:
     ///

@@ -1,16 +1,10 @@
-#include "mtp/client/MTPUSBTransport.h"
+#include "mtp/client/MTPTransport.h"
 
 #include "mtp/client/MTPRecovery.h"
 
 namespace tessary {
 
-MTPUSBTransport::MTPUSBTransport(USBBus& bus, MTPDeviceAddress address)
-    : bus_(bus), address_(std::move(address)) {}
-
-MTPUSBTransport::~MTPUSBTransport() = default;
-
-void MTPUSBTransport::open() {
-    const std::scoped_lock lock(mutex_);
+void MTPTransport::open() {
     if (link_)
         return;
     link_ = std::make_unique<Link>(openMTPInterface(bus_, address_), waits_);
@@ -20,57 +14,47 @@ void MTPUSBTransport::open() {
                                                          connection.eventPipe, eventReceiver_);
 }
 
-void MTPUSBTransport::close() {
-    const std::scoped_lock lock(mutex_);
+void MTPTransport::close() {
     link_.reset();
 }
 
-MTPUSBTransport::Link& MTPUSBTransport::link() {
+MTPTransport::Link& MTPTransport::link() {
     if (!link_)
         throw MTPTransportError(MTPTransportError::Case::notConnected);
     return *link_;
 }
 
-void MTPUSBTransport::setEventReceiver(std::function<void(const MTPEvent&)> receiver) {
-    const std::scoped_lock lock(mutex_);
+void MTPTransport::setEventReceiver(std::function<void(const MTPEvent&)> receiver) {
     eventReceiver_ = std::move(receiver);
 }
 
-void MTPUSBTransport::setWaits(MTPWaits waits) {
-    const std::scoped_lock lock(mutex_);
+void MTPTransport::setWaits(MTPWaits waits) {
     waits_ = std::move(waits);
 }
 
-void MTPUSBTransport::send(ByteView data, const MTPByteProgress& progress) {
-    const std::scoped_lock lock(mutex_);
-    link().writer.send(data, progress);
+void MTPTransport::send(ByteView data) {
+    link().writer.send(data);
 }
 
-void MTPUSBTransport::readAhead() {
-    const std::scoped_lock lock(mutex_);
+void MTPTransport::readAhead() {
     link().reader.readAhead();
 }
 
-MTPPacket MTPUSBTransport::receivePacket(std::chrono::milliseconds patience) {
-    const std::scoped_lock lock(mutex_);
+MTPPacket MTPTransport::receivePacket(std::chrono::milliseconds patience) {
     return link().reader.receivePacket(patience);
 }
 
-void MTPUSBTransport::sendContainer(const MTPContainerHeader& header, std::uint64_t payloadSize,
-                                    const MTPDataSource& source, const MTPStreamOptions& options) {
-    const std::scoped_lock lock(mutex_);
+void MTPTransport::sendContainer(const MTPContainerHeader& header, std::uint64_t payloadSize,
+                                 const MTPDataSource& source, const MTPStreamOptions& options) {
     link().writer.sendContainer(header, payloadSize, source, options);
 }
 
-MTPPacket MTPUSBTransport::receiveContainer(const MTPDataSink& sink,
-                                            const MTPStreamOptions& options) {
-    const std::scoped_lock lock(mutex_);
+MTPPacket MTPTransport::receiveContainer(const MTPDataSink& sink, const MTPStreamOptions& options) {
     return link().reader.receiveContainer(sink, options);
 }
 
-MTPPipeState MTPUSBTransport::recover(std::uint32_t transactionID, MTPDataPhase phase,
-                                      const MTPWaits& bounds) noexcept {
-    const std::scoped_lock lock(mutex_);
+MTPPipeState MTPTransport::recover(std::uint32_t transactionID, MTPDataPhase phase,
+                                   const MTPWaits& bounds) noexcept {
     if (!link_)
         return MTPPipeState::quiet;
     auto& [connection, reader, writer, events] = *link_;
