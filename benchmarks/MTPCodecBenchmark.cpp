@@ -9,7 +9,7 @@ namespace {
 MTPObjectInfo photo() {
     MTPObjectInfo info;
     info.storageID = 0x00010001;
-    info.objectFormat = MTPObjectFormat::exifJpeg;
+    info.objectFormat = MTPObjectFormat{0x3801};
     info.compressedSize = 3'456'789;
     info.parentObject = 7;
     info.filename = QStringLiteral("IMG_20240131_2359.jpg");

@@ -13,7 +13,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     auto object = MTPPacketCodec::decodeObjectInfo(input, 7);
     require(object.has_value() == (size >= 52));
     if (object) {
-        object->dateCreated = object->dateModified = std::nullopt;
+        object->dateModified = std::nullopt;
         const Bytes encoded = MTPPacketCodec::encodeObjectInfo(*object);
         require(MTPPacketCodec::decodeObjectInfo(encoded, 7) == object);
     }

@@ -18,18 +18,16 @@ constexpr qsizetype mostUnits = 255;
 
 struct FormatRow {
     const char* ending;
-    MTPObjectFormat format;
+    std::uint16_t format;
 };
 
 constexpr std::array formats{
-    FormatRow{".jpg", MTPObjectFormat::exifJpeg}, FormatRow{".jpeg", MTPObjectFormat::exifJpeg},
-    FormatRow{".png", MTPObjectFormat::png},      FormatRow{".gif", MTPObjectFormat::gif},
-    FormatRow{".bmp", MTPObjectFormat::bmp},      FormatRow{".tif", MTPObjectFormat::tiff},
-    FormatRow{".txt", MTPObjectFormat::text},     FormatRow{".htm", MTPObjectFormat::html},
-    FormatRow{".html", MTPObjectFormat::html},    FormatRow{".wav", MTPObjectFormat::wav},
-    FormatRow{".mp3", MTPObjectFormat::mp3},      FormatRow{".aac", MTPObjectFormat::aac},
-    FormatRow{".flac", MTPObjectFormat::flac},    FormatRow{".avi", MTPObjectFormat::avi},
-    FormatRow{".mp4", MTPObjectFormat::mp4},      FormatRow{".mpg", MTPObjectFormat::mpeg},
+    FormatRow{".jpg", 0x3801},  FormatRow{".jpeg", 0x3801}, FormatRow{".png", 0x380B},
+    FormatRow{".gif", 0x3807},  FormatRow{".bmp", 0x3804},  FormatRow{".tif", 0x380D},
+    FormatRow{".txt", 0x3004},  FormatRow{".htm", 0x3005},  FormatRow{".html", 0x3005},
+    FormatRow{".wav", 0x3008},  FormatRow{".mp3", 0x3009},  FormatRow{".aac", 0xB903},
+    FormatRow{".flac", 0xB906}, FormatRow{".avi", 0x300A},  FormatRow{".mp4", 0xB982},
+    FormatRow{".mpg", 0x300B},
 };
 
 constexpr std::array properties{
@@ -101,11 +99,9 @@ Bytes MTPResponderDatasets::deviceInfo(const MTPDeviceDescription& device) {
     std::vector<std::uint16_t> playback{
         static_cast<std::uint16_t>(MTPObjectFormat::undefined),
         static_cast<std::uint16_t>(MTPObjectFormat::associationFolder)};
-    for (const FormatRow& row : formats) {
-        const auto format = static_cast<std::uint16_t>(row.format);
-        if (std::ranges::find(playback, format) == playback.end())
-            playback.push_back(format);
-    }
+    for (const FormatRow& row : formats)
+        if (std::ranges::find(playback, row.format) == playback.end())
+            playback.push_back(row.format);
     Bytes bytes;
     appendLittleEndian<std::uint16_t>(bytes, 100);
     appendLittleEndian<std::uint32_t>(bytes, 6);
@@ -168,10 +164,9 @@ std::span<const std::uint16_t> MTPResponderDatasets::objectProperties() {
 Bytes MTPResponderDatasets::objectProperty(std::uint16_t property, const VirtualObject& object,
                                            const QString& name) {
     Bytes bytes;
-    const auto known = mtpObjectPropertyFromRaw(property);
-    if (!known || std::ranges::find(properties, property) == properties.end())
+    if (std::ranges::find(properties, property) == properties.end())
         throw MTPRefusal(invalidObjectPropCode);
-    switch (*known) {
+    switch (static_cast<MTPObjectProperty>(property)) {
     case MTPObjectProperty::storageID:
         appendLittleEndian<std::uint32_t>(bytes, object.storageID);
         break;
@@ -228,7 +223,7 @@ std::uint16_t MTPResponderDatasets::formatOf(const VirtualObject& object) {
     const QString name = QString::fromStdString(object.name);
     for (const FormatRow& row : formats) {
         if (name.endsWith(QLatin1StringView(row.ending), Qt::CaseInsensitive))
-            return static_cast<std::uint16_t>(row.format);
+            return row.format;
     }
     return static_cast<std::uint16_t>(MTPObjectFormat::undefined);
 }

@@ -251,7 +251,6 @@ std::uint32_t MTPClient::createFolder(const QString& name, std::uint32_t parentH
     info.storageID = storageID;
     info.objectFormat = MTPObjectFormat::associationFolder;
     info.parentObject = parentHandle;
-    info.associationType = 1; // generic folder
     info.filename = name;
     return sendObjectInfo(info);
 }

@@ -1,9 +1,6 @@
 #pragma once
 
-#include <QLatin1StringView>
-
 #include <cstdint>
-#include <optional>
 
 namespace tessary {
 
@@ -16,7 +13,7 @@ enum class MTPContainerType : std::uint16_t {
     event = 0x0004,
 };
 
-/// Operations: the PTP ones, the object properties and Android's extensions.
+/// Operations in use: PTP ones, those of object properties and Android's extensions.
 enum class MTPOperationCode : std::uint16_t {
     getDeviceInfo = 0x1001,
     openSession = 0x1002,
@@ -31,22 +28,11 @@ enum class MTPOperationCode : std::uint16_t {
     deleteObject = 0x100B,
     sendObjectInfo = 0x100C,
     sendObject = 0x100D,
-    initiateCapture = 0x100E,
-    formatStore = 0x100F,
-    resetDevice = 0x1010,
-    selfTest = 0x1011,
-    setObjectProtection = 0x1012,
-    powerDown = 0x1013,
     getDevicePropDesc = 0x1014,
     getDevicePropValue = 0x1015,
-    setDevicePropValue = 0x1016,
-    resetDevicePropValue = 0x1017,
-    terminateOpenCapture = 0x1018,
     moveObject = 0x1019,
-    copyObject = 0x101A,
     getPartialObject = 0x101B,
     getObjectPropsSupported = 0x9801,
-    getObjectPropDesc = 0x9802,
     getObjectPropValue = 0x9803,
     setObjectPropValue = 0x9804,
     getObjectPropList = 0x9805,
@@ -69,24 +55,17 @@ enum class MTPResponseCode : std::uint16_t {
     invalidStorageID = 0x2008,
     invalidObjectHandle = 0x2009,
     devicePropNotSupported = 0x200A,
-    invalidObjectFormatCode = 0x200B,
     storeFull = 0x200C,
     objectWriteProtected = 0x200D,
     storeReadOnly = 0x200E,
     accessDenied = 0x200F,
     noThumbnailPresent = 0x2010,
-    selfTestFailed = 0x2011,
     partialDeletion = 0x2012,
     storeNotAvailable = 0x2013,
     specificationByFormatUnsupported = 0x2014,
     noValidObjectInfo = 0x2015,
-    invalidCodeFormat = 0x2016,
-    unknownVendorCode = 0x2017,
-    captureAlreadyTerminated = 0x2018,
     deviceBusy = 0x2019,
     invalidParentObject = 0x201A,
-    invalidDevicePropFormat = 0x201B,
-    invalidDevicePropValue = 0x201C,
     invalidParameter = 0x201D,
     sessionAlreadyOpen = 0x201E,
     transactionCancelled = 0x201F,
@@ -100,7 +79,6 @@ inline constexpr std::uint16_t mtpObjectPropNotSupported = 0xA80A;
 
 /// Events of the interrupt pipe.
 enum class MTPEventCode : std::uint16_t {
-    undefined = 0x4000,
     cancelTransaction = 0x4001,
     objectAdded = 0x4002,
     objectRemoved = 0x4003,
@@ -108,42 +86,13 @@ enum class MTPEventCode : std::uint16_t {
     storeRemoved = 0x4005,
     devicePropChanged = 0x4006,
     objectInfoChanged = 0x4007,
-    deviceInfoChanged = 0x4008,
-    requestObjectTransfer = 0x4009,
-    storeFull = 0x400A,
     deviceReset = 0x400B,
-    storageInfoChanged = 0x400C,
-    captureComplete = 0x400D,
-    unreportStatus = 0x400E,
 };
 
-/// Formats of objects.
+/// Formats of objects; every other one is a file's.
 enum class MTPObjectFormat : std::uint16_t {
     undefined = 0x3000,
     associationFolder = 0x3001,
-    script = 0x3002,
-    executable = 0x3003,
-    text = 0x3004,
-    html = 0x3005,
-    dcf = 0x3006,
-    aiff = 0x3007,
-    wav = 0x3008,
-    mp3 = 0x3009,
-    avi = 0x300A,
-    mpeg = 0x300B,
-    asf = 0x300C,
-    exifJpeg = 0x3801,
-    tiffEp = 0x3802,
-    bmp = 0x3804,
-    gif = 0x3807,
-    jfif = 0x3808,
-    png = 0x380B,
-    tiff = 0x380D,
-    mp4 = 0xB982,
-    mkv = 0xB984,
-    flac = 0xB906,
-    aac = 0xB903,
-    genericDocument = 0xBA00,
 };
 
 /// Properties of objects.
@@ -152,10 +101,7 @@ enum class MTPObjectProperty : std::uint16_t {
     objectFormat = 0xDC02,
     protectionStatus = 0xDC03,
     objectSize = 0xDC04,
-    associationType = 0xDC05,
-    associationDesc = 0xDC06,
     objectFileName = 0xDC07,
-    dateCreated = 0xDC08,
     dateModified = 0xDC09,
     parentObject = 0xDC0B,
     persistentUniqueID = 0xDC41,
@@ -167,13 +113,5 @@ inline constexpr std::uint32_t mtpBatteryLevelProperty = 0x5001;
 
 /// The parent handle that stands for the root of a storage.
 inline constexpr std::uint32_t mtpRootHandle = 0xFFFFFFFF;
-
-// Each gives the case of a raw code, or no value for a code that is not in its table.
-[[nodiscard]] std::optional<MTPContainerType> mtpContainerTypeFromRaw(std::uint16_t raw);
-[[nodiscard]] std::optional<MTPObjectFormat> mtpObjectFormatFromRaw(std::uint16_t raw);
-[[nodiscard]] std::optional<MTPObjectProperty> mtpObjectPropertyFromRaw(std::uint16_t raw);
-
-/// The case's name as it is written above.
-[[nodiscard]] QLatin1StringView mtpContainerTypeName(MTPContainerType type);
 
 } // namespace tessary

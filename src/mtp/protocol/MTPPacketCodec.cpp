@@ -31,22 +31,6 @@ Bytes beginContainer(MTPContainerType type, MTPOperationCode operation, std::uin
     return bytes;
 }
 
-/// Reads the strings at the end of a dataset, one after the other.
-class StringReader {
-public:
-    StringReader(ByteView bytes, std::size_t at) : bytes_(bytes), at_(at) {}
-
-    QString next() {
-        const auto decoded = MTPPacketCodec::decodeString(bytes_, at_);
-        at_ += decoded ? decoded->second : 1;
-        return decoded ? decoded->first : QString();
-    }
-
-private:
-    ByteView bytes_;
-    std::size_t at_;
-};
-
 /// A date and time in local time; no value when there is no such day or time. In the hour that a
 /// change to summer time leaves out, where QDateTime has no value, it is the time of a clock that
 /// was not put forward yet.
@@ -158,8 +142,8 @@ std::optional<MTPContainerHeader> MTPPacketCodec::decodeHeader(ByteView from) {
         return std::nullopt;
     MTPContainerHeader header;
     header.length = readLittleEndian<std::uint32_t>(from, 0);
-    header.type = mtpContainerTypeFromRaw(readLittleEndian<std::uint16_t>(from, 4))
-                      .value_or(MTPContainerType::undefined);
+    const auto type = MTPContainerType{readLittleEndian<std::uint16_t>(from, 4)};
+    header.type = type <= MTPContainerType::event ? type : MTPContainerType::undefined;
     header.code = readLittleEndian<std::uint16_t>(from, 6);
     header.transactionID = readLittleEndian<std::uint32_t>(from, 8);
     return header;
@@ -209,35 +193,13 @@ std::optional<MTPDeviceInfo> MTPPacketCodec::decodeDeviceInfo(ByteView from) {
     if (from.size() < fixedSize)
         return std::nullopt;
     MTPDeviceInfo info;
-    std::size_t at = fixedSize;
-    bool isWhole = true;
-    const auto text = [&] {
-        const auto decoded = isWhole ? decodeString(from, at) : std::nullopt;
-        isWhole = decoded.has_value();
-        at += decoded ? decoded->second : 0;
-        return decoded ? decoded->first : QString();
-    };
-    const auto codes = [&] {
-        std::vector<std::uint16_t> values;
-        const std::size_t left = from.size() - std::min(at, from.size());
-        const std::size_t count = left < 4 ? 0 : readLittleEndian<std::uint32_t>(from, at);
-        isWhole = isWhole && left >= 4 && count <= (left - 4) / 2;
-        for (std::size_t i = 0; isWhole && i < count; ++i)
-            values.push_back(readLittleEndian<std::uint16_t>(from, at + 4 + 2 * i));
-        at += isWhole ? 4 + 2 * count : 0;
-        return values;
-    };
-    info.vendorExtensions = text();
-    at += 2; // mode
-    info.operations = codes();
-    info.events = codes();
-    info.deviceProperties = codes();
-    (void)codes(); // capture formats
-    (void)codes(); // playback formats
-    info.manufacturer = text();
-    info.model = text();
-    info.version = text();
-    info.serialNumber = text();
+    const auto extensions = decodeString(from, fixedSize);
+    const std::size_t at = fixedSize + (extensions ? extensions->second : 0) + 2; // mode
+    if (!extensions || from.size() < at + 4)
+        return info;
+    const std::size_t count = readLittleEndian<std::uint32_t>(from, at);
+    for (std::size_t i = 0; count <= (from.size() - at - 4) / 2 && i < count; ++i)
+        info.operations.push_back(readLittleEndian<std::uint16_t>(from, at + 4 + 2 * i));
     return info;
 }
 
@@ -248,14 +210,10 @@ std::optional<MTPStorageInfo> MTPPacketCodec::decodeStorageInfo(ByteView from,
     MTPStorageInfo info;
     info.id = storageID;
     info.storageType = readLittleEndian<std::uint16_t>(from, 0);
-    info.fileSystemType = readLittleEndian<std::uint16_t>(from, 2);
-    info.accessCapability = readLittleEndian<std::uint16_t>(from, 4);
     info.maxCapacity = readLittleEndian<std::uint64_t>(from, 6);
     info.freeSpaceInBytes = readLittleEndian<std::uint64_t>(from, 14);
-    info.freeSpaceInObjects = readLittleEndian<std::uint32_t>(from, 22);
-    StringReader strings(from, storageInfoFixedSize);
-    info.storageDescription = strings.next();
-    info.volumeIdentifier = strings.next();
+    if (const auto description = decodeString(from, storageInfoFixedSize))
+        info.storageDescription = description->first;
     if (info.storageDescription.isEmpty())
         info.storageDescription = QStringLiteral("Internal Storage");
     return info;
@@ -267,27 +225,17 @@ std::optional<MTPObjectInfo> MTPPacketCodec::decodeObjectInfo(ByteView from, std
     MTPObjectInfo info;
     info.id = handle;
     info.storageID = readLittleEndian<std::uint32_t>(from, 0);
-    info.objectFormat = mtpObjectFormatFromRaw(readLittleEndian<std::uint16_t>(from, 4))
-                            .value_or(MTPObjectFormat::undefined);
-    info.protectionStatus = readLittleEndian<std::uint16_t>(from, 6);
+    info.objectFormat = MTPObjectFormat{readLittleEndian<std::uint16_t>(from, 4)};
     info.compressedSize = readLittleEndian<std::uint32_t>(from, 8);
-    info.thumbFormat = readLittleEndian<std::uint16_t>(from, 12);
-    info.thumbCompressedSize = readLittleEndian<std::uint32_t>(from, 14);
-    info.thumbPixWidth = readLittleEndian<std::uint32_t>(from, 18);
-    info.thumbPixHeight = readLittleEndian<std::uint32_t>(from, 22);
-    info.imagePixWidth = readLittleEndian<std::uint32_t>(from, 26);
-    info.imagePixHeight = readLittleEndian<std::uint32_t>(from, 30);
-    info.imageBitDepth = readLittleEndian<std::uint32_t>(from, 34);
     info.parentObject = readLittleEndian<std::uint32_t>(from, 38);
-    info.associationType = readLittleEndian<std::uint16_t>(from, 42);
-    info.associationDesc = readLittleEndian<std::uint32_t>(from, 44);
-    info.sequenceNumber = readLittleEndian<std::uint32_t>(from, 48);
-    StringReader strings(from, objectInfoFixedSize);
     info.filename = decodeName(from, objectInfoFixedSize);
-    (void)strings.next();
-    info.dateCreated = parseMTPDate(strings.next());
-    info.dateModified = parseMTPDate(strings.next());
-    info.keywords = strings.next();
+    std::size_t at = objectInfoFixedSize;
+    for (int before = 0; before < 2; ++before) { // the name and the date of creation
+        const auto text = decodeString(from, at);
+        at += text ? text->second : 1;
+    }
+    if (const auto modified = decodeString(from, at))
+        info.dateModified = parseMTPDate(modified->first);
     return info;
 }
 
@@ -295,18 +243,14 @@ Bytes MTPPacketCodec::encodeObjectInfo(const MTPObjectInfo& info) {
     Bytes bytes;
     appendLittleEndian(bytes, info.storageID);
     appendLittleEndian(bytes, static_cast<std::uint16_t>(info.objectFormat));
-    appendLittleEndian(bytes, info.protectionStatus);
+    appendLittleEndian(bytes, std::uint16_t{0});
     appendLittleEndian(bytes, info.compressedSize);
-    appendLittleEndian(bytes, info.thumbFormat);
-    for (const std::uint32_t value :
-         {info.thumbCompressedSize, info.thumbPixWidth, info.thumbPixHeight, info.imagePixWidth,
-          info.imagePixHeight, info.imageBitDepth, info.parentObject})
-        appendLittleEndian(bytes, value);
-    appendLittleEndian(bytes, info.associationType);
-    appendLittleEndian(bytes, info.associationDesc);
-    appendLittleEndian(bytes, info.sequenceNumber);
+    bytes.resize(38); // neither thumbnail nor picture size
+    appendLittleEndian(bytes, info.parentObject);
+    appendLittleEndian(bytes, std::uint16_t{info.isDirectory()}); // 1: a generic folder
+    bytes.resize(objectInfoFixedSize);
     const QString modified = info.dateModified ? formatMTPDate(*info.dateModified) : QString();
-    for (const QString& text : {info.filename, QString(), modified, info.keywords}) {
+    for (const QString& text : {info.filename, QString(), modified, QString()}) {
         const Bytes encoded = encodeString(text);
         bytes.insert(bytes.end(), encoded.begin(), encoded.end());
     }

@@ -39,11 +39,10 @@ public:
     /// DeviceInfo dataset, at least 8 bytes:
     ///
     ///      0 u16 version   2 u32 vendor extension   6 u16 its version
-    ///      8 string extensions, u16 mode, then arrays of u16 (a u32 count, then the values) of
-    ///        operations, events, device properties, capture formats and playback formats, then
-    ///        strings manufacturer, model, version, serial number
+    ///      8 string extensions, u16 mode, then an array of u16 (a u32 count, then the values) of
+    ///        operations; what follows is of no use here
     ///
-    /// What cannot be read, and all behind it, is empty.
+    /// Operations that cannot be read are none.
     [[nodiscard]] static std::optional<MTPDeviceInfo> decodeDeviceInfo(ByteView from);
 
     /// StorageInfo dataset, at least 26 bytes:
@@ -52,8 +51,7 @@ public:
     ///      6 u64 maxCapacity   14 u64 freeSpaceInBytes  22 u32 freeSpaceInObjects
     ///     26 string storageDescription, then string volumeIdentifier
     ///
-    /// A string that cannot be read is empty and one byte long. An empty description becomes
-    /// "Internal Storage".
+    /// A description that is empty or cannot be read becomes "Internal Storage".
     [[nodiscard]] static std::optional<MTPStorageInfo> decodeStorageInfo(ByteView from,
                                                                          std::uint32_t storageID);
 
@@ -66,12 +64,12 @@ public:
     ///     42 u16 associationType  44 u32 associationDesc   48 u32 sequenceNumber
     ///     52 string filename, then strings date created, date modified, keywords
     ///
-    /// Strings as in decodeStorageInfo. An unknown format becomes `undefined`.
+    /// A string that cannot be read is empty and one byte long.
     [[nodiscard]] static std::optional<MTPObjectInfo> decodeObjectInfo(ByteView from,
                                                                        std::uint32_t handle);
 
-    /// The same dataset for SendObjectInfo. The date of creation is always empty; that of the last
-    /// change is what devices give the file that they make.
+    /// The same dataset for SendObjectInfo, with nothing in what MTPObjectInfo has not. The date of
+    /// the last change is what devices give the file that they make.
     [[nodiscard]] static Bytes encodeObjectInfo(const MTPObjectInfo& info);
 
     /// MTP string: one byte with the number of UTF-16 units including the terminator (0 for the

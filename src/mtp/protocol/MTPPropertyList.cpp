@@ -101,20 +101,18 @@ void MTPPropertyList::take(std::uint32_t handle, std::uint16_t property, std::ui
         current_->id = handle;
         hasName_ = hasFormat_ = hasSize_ = false;
     }
-    const auto known = mtpObjectPropertyFromRaw(property);
     const bool isText = type == stringType;
     const bool isNumber = widthOf(type) != 0;
-    if (!known || (!isText && !isNumber))
+    if (!isText && !isNumber)
         return;
     const QString text = isText ? MTPPacketCodec::decodeName(value, 0) : QString();
     const std::uint64_t number = isText ? 0 : numberOf(value);
-    switch (*known) {
+    switch (static_cast<MTPObjectProperty>(property)) {
     case MTPObjectProperty::storageID:
         current_->storageID = static_cast<std::uint32_t>(number);
         break;
     case MTPObjectProperty::objectFormat:
-        current_->objectFormat = mtpObjectFormatFromRaw(static_cast<std::uint16_t>(number))
-                                     .value_or(MTPObjectFormat::undefined);
+        current_->objectFormat = static_cast<MTPObjectFormat>(number);
         hasFormat_ = isNumber;
         break;
     case MTPObjectProperty::objectSize:

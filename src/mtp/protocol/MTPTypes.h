@@ -49,16 +49,9 @@ struct MTPEvent {
     bool operator==(const MTPEvent&) const = default;
 };
 
-/// What a device says that it is and can do.
+/// What a device says that it can do.
 struct MTPDeviceInfo {
-    QString vendorExtensions;
-    std::vector<std::uint16_t> operations;       ///< raw codes, as announced
-    std::vector<std::uint16_t> events;           ///< raw codes
-    std::vector<std::uint16_t> deviceProperties; ///< raw codes
-    QString manufacturer;
-    QString model;
-    QString version;
-    QString serialNumber;
+    std::vector<std::uint16_t> operations; ///< raw codes, as announced
 
     [[nodiscard]] bool announces(MTPOperationCode operation) const {
         return std::find(operations.begin(), operations.end(),
@@ -73,47 +66,27 @@ struct MTPDeviceInfo {
 struct MTPStorageInfo {
     std::uint32_t id = 0; ///< not on the wire
     std::uint16_t storageType = 0;
-    std::uint16_t fileSystemType = 0;
-    std::uint16_t accessCapability = 0;
     std::uint64_t maxCapacity = 0;      ///< bytes
     std::uint64_t freeSpaceInBytes = 0; ///< bytes
-    std::uint32_t freeSpaceInObjects = 0;
     QString storageDescription;
-    QString volumeIdentifier;
 
     [[nodiscard]] bool isRemovable() const {
         return storageType == 4;
-    }
-    [[nodiscard]] bool isReadOnly() const {
-        return accessCapability != 0;
     }
 
     bool operator==(const MTPStorageInfo&) const = default;
 };
 
-/// One object (file or folder) as the device describes it.
+/// One object (file or folder) as the device describes it; of the dataset what this program uses.
 struct MTPObjectInfo {
     std::uint32_t id = 0; ///< the object handle; not on the wire
     std::uint32_t storageID = 0;
     MTPObjectFormat objectFormat = MTPObjectFormat::undefined;
-    std::uint16_t protectionStatus = 0;
     std::uint32_t compressedSize = 0;           ///< bytes; 0xFFFFFFFF when the size does not fit
     std::optional<std::uint64_t> true64BitSize; ///< bytes; not on the wire
-    std::uint16_t thumbFormat = 0;
-    std::uint32_t thumbCompressedSize = 0;
-    std::uint32_t thumbPixWidth = 0;
-    std::uint32_t thumbPixHeight = 0;
-    std::uint32_t imagePixWidth = 0;
-    std::uint32_t imagePixHeight = 0;
-    std::uint32_t imageBitDepth = 0;
     std::uint32_t parentObject = 0;
-    std::uint16_t associationType = 0;
-    std::uint32_t associationDesc = 0;
-    std::uint32_t sequenceNumber = 0;
     QString filename; ///< hostile: may be empty, hold "/" or lone surrogates
-    std::optional<QDateTime> dateCreated;
     std::optional<QDateTime> dateModified;
-    QString keywords;
 
     [[nodiscard]] bool isDirectory() const {
         return objectFormat == MTPObjectFormat::associationFolder;
