@@ -14,7 +14,7 @@ template <typename Call>
 void attempt(Call&& call) {
     try {
         call();
-    } catch (const MTPTransportError& error) {
+    } catch (const MTPFailure& error) {
         (void)phoneErrorOf(error, {});
     }
 }

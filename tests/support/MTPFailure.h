@@ -1,6 +1,6 @@
 #pragma once
 
-#include "mtp/protocol/MTPTransportError.h"
+#include "mtp/protocol/MTPError.h"
 
 #include <optional>
 
@@ -8,10 +8,10 @@ namespace tessary {
 
 /// What `call` throws.
 template <typename Call>
-std::optional<MTPTransportError> mtpFailureOf(Call&& call) {
+std::optional<MTPFailure> mtpFailureOf(Call&& call) {
     try {
         call();
-    } catch (const MTPTransportError& error) {
+    } catch (const MTPFailure& error) {
         return error;
     }
     return std::nullopt;

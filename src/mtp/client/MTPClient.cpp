@@ -52,8 +52,9 @@ Bytes firstPiece(const MTPDataSource& source, std::uint64_t size) {
     for (std::size_t filled = 0; filled < piece.size();) {
         const std::size_t count = source(std::span(piece).subspan(filled));
         if (count == 0)
-            throw MTPTransportError::underlying(
-                QStringLiteral("the data ended after %1 of %2 bytes").arg(filled).arg(size));
+            throw MTPFailure(
+                MTPError::malformed,
+                {QStringLiteral("the data ended after %1 of %2 bytes").arg(filled).arg(size)});
         filled += count;
     }
     return piece;
@@ -75,7 +76,7 @@ auto MTPClient::receiveRecord(const QString& failure, Decode decode) {
     auto record = decode(datasetOf(receive(), failure));
     if (!record) {
         skipResponse();
-        throw MTPTransportError::underlying(failure);
+        throw MTPFailure(MTPError::malformed, {failure});
     }
     expectOk();
     return *std::move(record);
@@ -136,7 +137,7 @@ std::vector<std::uint32_t> MTPClient::getObjectHandles(std::uint32_t storageID,
     std::vector<std::uint32_t> handles = MTPPacketCodec::decodeArray(*list);
     // A list that is cut, or longer than its count, is no empty folder.
     if (list->size() != sizeof(std::uint32_t) * (1 + handles.size()))
-        throw MTPTransportError::underlying(failure);
+        throw MTPFailure(MTPError::malformed, {failure});
     return handles;
 }
 
@@ -241,7 +242,7 @@ std::uint32_t MTPClient::sendObjectInfo(const MTPObjectInfo& info) {
              MTPPacketCodec::encodeObjectInfo(info));
     const MTPPacket response = receive();
     if (response.header.code != rawOk)
-        throw MTPTransportError::refusal(response.header.code);
+        throw MTPFailure(MTPError::refused, {response.header.code});
     return announcedHandle(response);
 }
 

@@ -8,8 +8,8 @@ namespace tessary {
 
 /// MTP transactions with one device. Every call is one transaction (an upload two, and an object
 /// whose 32-bit size is full one more for its true size) and blocks. Used by one thread at a time.
-/// There is no cache and no retry; failures are MTPTransportError, with the device's refusals as
-/// `underlying`. Calls do not check whether a session is open: the device does.
+/// There is no cache and no retry; failures are MTPFailure. Calls do not check whether a session is
+/// open: the device does.
 class MTPClient : private MTPSession {
 public:
     using MTPSession::MTPSession;

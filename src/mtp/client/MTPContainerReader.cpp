@@ -105,7 +105,7 @@ void MTPContainerReader::fill(std::size_t count) {
         if (code != usb::success)
             failRead(code);
         if (incomingStream_.size() == held)
-            throw MTPTransportError(MTPTransportError::Case::timeout);
+            throw MTPFailure(MTPError::brokenOff);
     }
 }
 
@@ -139,7 +139,7 @@ MTPPacket MTPContainerReader::receiveContainer(const MTPDataSink& sink,
 Bytes MTPContainerReader::receiveDataset(const MTPContainerHeader& header) {
     constexpr std::uint64_t longestDataset = std::uint64_t{64} << 20;
     if (announcedSize(header) > longestDataset)
-        throw MTPTransportError(MTPTransportError::Case::bufferOverflow);
+        throw MTPFailure(MTPError::tooLong);
     Bytes payload;
     receivePayload(
         announcedSize(header),
@@ -177,7 +177,7 @@ MTPContainerHeader MTPContainerReader::receiveHeader(std::chrono::milliseconds p
     const auto deadline = std::chrono::steady_clock::now() + MTPWaits::recoveryLimit;
     const MTPDataSink drop = [deadline](ByteView) {
         if (std::chrono::steady_clock::now() > deadline)
-            throw MTPTransportError(MTPTransportError::Case::timeout);
+            throw MTPFailure(MTPError::brokenOff);
     };
     for (;;) {
         const MTPContainerHeader header = receiveAnyHeader(patience);
@@ -192,16 +192,14 @@ MTPContainerHeader MTPContainerReader::receiveAnyHeader(std::chrono::millisecond
     fill(MTPContainerHeader::size);
     if (afterData_)
         skipStrayByte();
-    const auto header = MTPPacketCodec::decodeHeader(incomingStream_);
-    if (!header)
-        throw MTPTransportError(MTPTransportError::Case::invalidPacketHeader);
+    const MTPContainerHeader header = *MTPPacketCodec::decodeHeader(incomingStream_);
     (void)take(MTPContainerHeader::size);
-    afterData_ = header->type == MTPContainerType::data;
+    afterData_ = header.type == MTPContainerType::data;
     if (afterData_)
-        dataID_ = header->transactionID;
-    if (header->type == MTPContainerType::response)
+        dataID_ = header.transactionID;
+    if (header.type == MTPContainerType::response)
         callBackReads();
-    return *header;
+    return header;
 }
 
 /// Waits until there is anything of a container to read, as long as the caller has patience.
@@ -222,7 +220,7 @@ void MTPContainerReader::awaitFirstByte(std::chrono::milliseconds patience) {
         if (code != usb::success)
             failRead(code);
         if (incomingStream_.size() == held && !std::exchange(zeroPacketMayFollow, false))
-            throw MTPTransportError(MTPTransportError::Case::timeout);
+            throw MTPFailure(MTPError::brokenOff);
     }
 }
 
@@ -312,7 +310,7 @@ bool MTPContainerReader::endsEarly(ByteView arrived, std::uint64_t rest) {
                           header->length == arrived.size() && arrived.size() < rest;
     const bool isOk = isAnswer && header->code == static_cast<std::uint16_t>(MTPResponseCode::ok);
     if (arrived.empty() || isOk)
-        throw MTPTransportError(MTPTransportError::Case::timeout);
+        throw MTPFailure(MTPError::brokenOff);
     if (isAnswer)
         incomingStream_.assign(arrived.begin(), arrived.end());
     return isAnswer;

@@ -35,10 +35,10 @@ public:
                 std::min<std::uint64_t>(room.size() - filled, payloadSize_ - read_));
             const std::size_t count = source_(room.subspan(filled, wanted));
             if (count == 0)
-                throw MTPTransportError::underlying(
-                    QStringLiteral("the data ended after %1 of %2 bytes")
-                        .arg(read_)
-                        .arg(payloadSize_));
+                throw MTPFailure(MTPError::malformed,
+                                 {QStringLiteral("the data ended after %1 of %2 bytes")
+                                      .arg(read_)
+                                      .arg(payloadSize_)});
             filled += count;
             read_ += count;
         }
@@ -172,7 +172,7 @@ void MTPContainerWriter::endDataPhase() noexcept {
             write({});
             outgoing_.length = 0; // it has its end
         }
-    } catch (const MTPTransportError&) {
+    } catch (const MTPFailure&) {
         // Whatever is still wrong with the pipe, the next transaction reports.
     } catch (const CancellationError&) {
         // It is ended by the next try to bring the device to rest.

@@ -1,6 +1,6 @@
 #include "mtp/client/MTPInterfaceConnection.h"
 
-#include "mtp/protocol/MTPTransportError.h"
+#include "mtp/protocol/MTPError.h"
 
 #include <algorithm>
 #include <array>
@@ -133,13 +133,12 @@ bool findPipes(MTPInterfaceConnection& connection) {
     return connection.inPipe != 0 && connection.outPipe != 0;
 }
 
-MTPTransportError openError(USBCode code) {
-    using Case = MTPTransportError::Case;
+MTPFailure openError(USBCode code) {
     if (code == usb::success || code == usb::noDevice)
-        return MTPTransportError(Case::notConnected);
+        return MTPFailure(MTPError::notThere);
     if (code == usb::exclusiveAccess)
-        return MTPTransportError(Case::exclusiveAccessDenied);
-    return MTPTransportError::pipe(code);
+        return MTPFailure(MTPError::held);
+    return MTPFailure::ofUSB(code);
 }
 
 } // namespace
@@ -154,8 +153,10 @@ std::optional<USBDeviceEntry> findMTPDevice(USBBus& bus, const MTPDeviceAddress&
 MTPInterfaceConnection openMTPInterface(USBBus& bus, const MTPDeviceAddress& address) {
     const auto entries = candidates(bus, address);
     if (entries.size() > 1)
-        throw MTPTransportError::underlying(QStringLiteral(
-            "several phones of this model are attached, and nothing tells them apart"));
+        throw MTPFailure(
+            MTPError::malformed,
+            {QStringLiteral(
+                "several phones of this model are attached, and nothing tells them apart")});
     USBCode failure = usb::success;
     for (const USBDeviceEntry& entry : entries) {
         MTPInterfaceConnection connection;

@@ -29,8 +29,8 @@ struct MTPInterfaceConnection {
 /// driver holds is seized. Of several devices with the same IDs the one at the address's location
 /// is taken, else the one with its serial number; without either a choice between two is refused.
 ///
-/// Throws MTPTransportError: `notConnected` when no such device or no usable interface is there,
-/// `exclusiveAccessDenied` when another program holds it, `underlying` otherwise.
+/// Throws MTPFailure: MTPError::notThere or ::held, ::malformed for such a choice, or that of the
+/// USB call.
 [[nodiscard]] MTPInterfaceConnection openMTPInterface(USBBus& bus, const MTPDeviceAddress& address);
 
 /// The bus entry that an address means; no value when it is not attached, or not certain.

@@ -13,7 +13,7 @@ void MTPPipes::fail(std::uint8_t pipe, USBCode code) const {
         throwIfStopped(waits.stop);
     if (code != usb::noDevice)
         connection.interface->clearPipeStallBothEnds(pipe);
-    throw MTPTransportError::pipe(code);
+    throw MTPFailure::ofUSB(code);
 }
 
 } // namespace tessary

@@ -13,7 +13,7 @@ struct MTPPipes {
 
     [[nodiscard]] USBTimeouts timeouts() const;
     /// Throws for a call that failed: CancellationError when a stop ended it, which leaves the
-    /// pipes as they are; else the halt is cleared, and MTPTransportError tells `code`.
+    /// pipes as they are; else the halt is cleared, and MTPFailure tells `code`.
     [[noreturn]] void fail(std::uint8_t pipe, USBCode code) const;
 };
 

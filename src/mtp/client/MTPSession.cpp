@@ -40,7 +40,7 @@ std::uint32_t MTPSession::sendCommand(MTPOperationCode operation, MTPParameters 
     // What a failed transaction left in the pipe must not be taken for the answer to this one.
     if (!isSettled_ && recover() == MTPPipeState::busy) {
         throwIfStopped(stop_);
-        throw MTPTransportError(MTPTransportError::Case::timeout);
+        throw MTPFailure(MTPError::brokenOff);
     }
     const std::uint32_t transactionID = transactionIDCounter_++;
     ++asked_;
@@ -92,7 +92,7 @@ MTPPacket MTPSession::receive(std::chrono::milliseconds patience) {
 void MTPSession::skipResponse() {
     try {
         (void)receive();
-    } catch (const MTPTransportError&) {
+    } catch (const MTPFailure&) {
         // The failure that led here is the one to report.
     }
 }
@@ -100,7 +100,7 @@ void MTPSession::skipResponse() {
 void MTPSession::expectOk(std::chrono::milliseconds patience) {
     const MTPPacket response = receive(patience);
     if (response.header.code != rawOk)
-        throw MTPTransportError::refusal(response.header.code);
+        throw MTPFailure(MTPError::refused, {response.header.code});
 }
 
 void MTPSession::openSession(std::uint32_t sessionID) {
@@ -132,7 +132,7 @@ void MTPSession::start(std::uint32_t sessionID) {
             return;
     }
     if (response.header.code != rawOk)
-        throw MTPTransportError::refusal(response.header.code);
+        throw MTPFailure(MTPError::refused, {response.header.code});
 }
 
 /// A response; no value when something else came, of which no more than the beginning is read.
@@ -158,7 +158,7 @@ MTPPacket MTPSession::answerToOpening() {
         answer = receiveAnswerOrStaleData();
         if (answer && answer->header.transactionID == transactionID)
             return *std::move(answer);
-    } catch (const MTPTransportError& error) {
+    } catch (const MTPFailure& error) {
         if (error.isDeviceGone())
             throw;
     }
@@ -170,7 +170,7 @@ MTPPacket MTPSession::answerToOpening() {
     try {
         sendCommand(MTPOperationCode::openSession, {sessionID_});
         return receive();
-    } catch (const MTPTransportError&) {
+    } catch (const MTPFailure&) {
         if (!answer)
             throw;
         return *std::move(answer);
@@ -196,7 +196,7 @@ void MTPSession::closeSession() {
         } else {
             recoverSoon();
         }
-    } catch (const MTPTransportError&) {
+    } catch (const MTPFailure&) {
         // The device may be gone; its session ends with it.
     }
     closeTransport();
@@ -206,8 +206,8 @@ Bytes MTPSession::datasetOf(MTPPacket first, const QString& failure) {
     if (first.header.type == MTPContainerType::data)
         return std::move(first.payload);
     if (isResponse(first) && first.header.code != rawOk)
-        throw MTPTransportError::refusal(first.header.code);
-    throw MTPTransportError::underlying(failure);
+        throw MTPFailure(MTPError::refused, {first.header.code});
+    throw MTPFailure(MTPError::malformed, {failure});
 }
 
 std::uint64_t MTPSession::receiveContent(MTPOperationCode operation, MTPParameters parameters,
@@ -233,7 +233,7 @@ std::uint64_t MTPSession::receiveContent(MTPOperationCode operation, MTPParamete
     if (!isSettled_)
         expectOk();
     else if (first.header.code != rawOk)
-        throw MTPTransportError::refusal(first.header.code);
+        throw MTPFailure(MTPError::refused, {first.header.code});
     return received;
 }
 
@@ -261,7 +261,7 @@ void MTPSession::sendContent(MTPOperationCode operation, MTPParameters parameter
         throw;
     }
     if (response.header.code != rawOk)
-        throw MTPTransportError::refusal(response.header.code);
+        throw MTPFailure(MTPError::refused, {response.header.code});
 }
 
 } // namespace tessary

@@ -17,7 +17,7 @@ using MTPParameters = std::initializer_list<std::uint32_t>;
 
 /// A session with one device: its transactions in their phases, and what brings the device to rest
 /// when one was broken off. What an operation means is its caller's business. Used by one thread at
-/// a time. Failures are MTPTransportError. Its end closes the transport without a word to the
+/// a time. Failures are MTPFailure. Its end closes the transport without a word to the
 /// device; see closeSession().
 class MTPSession {
 public:

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "mtp/protocol/MTPTransportError.h"
+#include "mtp/protocol/MTPError.h"
 #include "mtp/protocol/MTPTypes.h"
 
 #include <chrono>

@@ -20,7 +20,7 @@ void MTPTransport::close() {
 
 MTPTransport::Link& MTPTransport::link() {
     if (!link_)
-        throw MTPTransportError(MTPTransportError::Case::notConnected);
+        throw MTPFailure(MTPError::notThere);
     return *link_;
 }
 

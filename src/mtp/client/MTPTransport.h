@@ -11,7 +11,7 @@
 namespace tessary {
 
 /// MTP containers over the bulk pipes of one USB device. Every call blocks. Used by one thread at a
-/// time. Failures are MTPTransportError; `notConnected` while closed.
+/// time. Failures are MTPFailure; MTPError::notThere while closed.
 class MTPTransport {
 public:
     /// `bus` must outlive the transport.
@@ -37,14 +37,14 @@ public:
     /// for: the device need not wait in between.
     void readAhead();
 
-    /// One whole container, whose payload may have 64 MiB, else `bufferOverflow`. A device that
+    /// One whole container, whose payload may have 64 MiB, else MTPError::tooLong. A device that
     /// stays silent before the first byte is waited for as long as `patience`, and at least as
     /// setWaits() says.
     [[nodiscard]] MTPPacket receivePacket(std::chrono::milliseconds patience = {});
 
     /// Sends a data container whose payload of `payloadSize` bytes is read from `source` piece by
     /// piece. A length of 0xFFFFFFFF in the header announces a payload of any size. Every payload
-    /// ends with a short or a zero-length packet. A source that ends early is `underlying`.
+    /// ends with a short or a zero-length packet. A source that ends early is MTPError::malformed.
     /// After any failure the device waits for the rest: call recover().
     void sendContainer(const MTPContainerHeader& header, std::uint64_t payloadSize,
                        const MTPDataSource& source, const MTPStreamOptions& options);

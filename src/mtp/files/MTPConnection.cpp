@@ -47,8 +47,7 @@ MTPTree& MTPConnection::ready(const std::stop_token& stop, Start& start) {
     return *tree_;
 }
 
-void MTPConnection::failed(const MTPTransportError& failure, const QString& path,
-                           const Start& start) {
+void MTPConnection::failed(const MTPFailure& failure, const QString& path, const Start& start) {
     // The cable may have been out and in again since the last call: nothing is done yet then.
     const bool isStale =
         start.isReused && failure.isDeviceGone() && tree_->client().proceeded() == start.proceeded;
@@ -88,7 +87,7 @@ void MTPConnection::openSession(const std::stop_token& stop) {
         memory_.listsProperties = deviceInfo().announces(MTPOperationCode::getObjectPropList);
 }
 
-Error MTPConnection::translated(const MTPTransportError& failure, const QString& path) {
+Error MTPConnection::translated(const MTPFailure& failure, const QString& path) {
     const Error error = phoneErrorOf(failure, path);
     if (error.is(PhoneError::held))
         return {PhoneError::held, {programsHolding().join(QStringLiteral(", "))}, *error.cause()};

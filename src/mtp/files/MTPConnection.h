@@ -80,13 +80,13 @@ private:
 
     [[nodiscard]] PhoneQueue::Turn takeTurn(const Call& call);
     [[nodiscard]] MTPTree& ready(const std::stop_token& stop, Start& start);
-    void failed(const MTPTransportError& failure, const QString& path, const Start& start);
+    void failed(const MTPFailure& failure, const QString& path, const Start& start);
     void failed(const Error& error);
     void openSession(const std::stop_token& stop);
     void closeSession() {
         tree_.reset();
     }
-    [[nodiscard]] Error translated(const MTPTransportError& failure, const QString& path);
+    [[nodiscard]] Error translated(const MTPFailure& failure, const QString& path);
 
     USBBus& bus_;
     const MTPDeviceAddress address_;
@@ -121,7 +121,7 @@ std::invoke_result_t<Work, MTPTree&> MTPConnection::inSession(const std::stop_to
                 brokenInRow_ = 0;
                 return result;
             }
-        } catch (const MTPTransportError& failure) {
+        } catch (const MTPFailure& failure) {
             failed(failure, path, start); // throws, unless it is worth another try
         } catch (const Error& error) {
             failed(error);

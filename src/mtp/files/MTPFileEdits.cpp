@@ -39,7 +39,7 @@ bool MTPFileEdits::removeTree(const FileItem& item) {
     const MTPFound found = findOne(item);
     try {
         tree_.client().deleteObject(found.object.handle);
-    } catch (const MTPTransportError& failure) {
+    } catch (const MTPFailure& failure) {
         tree_.doubt(); // a part of it may be gone
         if (!found.object.isDirectory() || endsSession(failure))
             throw;
@@ -81,7 +81,7 @@ FileItem MTPFileEdits::move(const FileItem& item, const QString& newFolder) {
     try {
         tree_.client().moveObject(found.object.handle, storageID,
                                   target.location.isRoot() ? 0 : target.object.handle);
-    } catch (const MTPTransportError& failure) {
+    } catch (const MTPFailure& failure) {
         // The object is there, and so is the folder: then this phone just cannot move.
         const Error error = phoneErrorOf(failure, item.path);
         if (error.is(PhoneError::notFound) || error.is(PhoneError::refused))

@@ -13,7 +13,7 @@ namespace {
 /// Thrown out of a transfer that has brought all that was asked for.
 struct Enough {};
 
-bool isUnsupported(const MTPTransportError& failure) {
+bool isUnsupported(const MTPFailure& failure) {
     return failure.response() && phoneErrorOf(failure, {}).is(PhoneError::notSupported);
 }
 
@@ -35,7 +35,7 @@ bool MTPFileReader::step(MTPTree& tree, MTPPartialReads& parts) {
     if (inParts)
         try {
             return readPiece(tree, parts);
-        } catch (const MTPTransportError& failure) {
+        } catch (const MTPFailure& failure) {
             if (received_ > 0 || !isUnsupported(failure))
                 throw;
             parts = MTPPartialReads::none;

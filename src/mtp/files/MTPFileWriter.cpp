@@ -78,8 +78,8 @@ MTPObjectInfo MTPFileWriter::send(const NewFile& file, const ByteSource& content
     };
     try {
         announced = tree_.client().sendObject(object, source, size, options);
-    } catch (const MTPTransportError& error) {
-        const bool isStalled = error.code() == usb::pipeStalled;
+    } catch (const MTPFailure& error) {
+        const bool isStalled = error.is(MTPError::stalled);
         // Some devices stall instead of answering once they have every byte. The object tells.
         if (announced && isStalled && sent == file.size)
             if (auto made = findNew(file.name, *announced); made && made->effectiveSize() == size)

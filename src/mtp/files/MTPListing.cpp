@@ -12,7 +12,7 @@ void MTPListing::read(MTPTree& tree, const std::stop_token& stop) {
     const MTPFound found = tree.requireFolder(folder_, stop);
     tree.list(
         found, [&](const MTPObjectInfo& info) { add(info, found.location); },
-        [&](std::uint32_t handle, const MTPTransportError& failure) {
+        [&](std::uint32_t handle, const MTPFailure& failure) {
             addUnreadable(handle, failure, found.location);
         },
         stop);
@@ -32,7 +32,7 @@ void MTPListing::add(const MTPObjectInfo& info, const MTPLocation& folder) {
         handOver();
 }
 
-void MTPListing::addUnreadable(std::uint32_t handle, const MTPTransportError& failure,
+void MTPListing::addUnreadable(std::uint32_t handle, const MTPFailure& failure,
                                const MTPLocation& folder) {
     const QString path = folder.child(QStringLiteral("(object %1)").arg(handle)).shownPath();
     UnreadableEntry entry{path, phoneErrorOf(failure, path), false};

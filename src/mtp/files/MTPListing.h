@@ -20,8 +20,7 @@ public:
 
 private:
     void add(const MTPObjectInfo& info, const MTPLocation& folder);
-    void addUnreadable(std::uint32_t handle, const MTPTransportError& failure,
-                       const MTPLocation& folder);
+    void addUnreadable(std::uint32_t handle, const MTPFailure& failure, const MTPLocation& folder);
 
     const QString folder_;
     const ListingReceiver& receiver_;

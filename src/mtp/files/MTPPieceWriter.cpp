@@ -31,7 +31,7 @@ bool MTPPieceWriter::step(MTPTree& tree) {
         if (serial_ != tree.serial())
             open(tree);
         sendPiece(tree);
-    } catch (const MTPTransportError& failure) {
+    } catch (const MTPFailure& failure) {
         if (!failure.response())
             throw;
         breakOff(tree);
@@ -143,7 +143,7 @@ void MTPPieceWriter::finish(MTPTree& tree) {
         try {
             tree.client().setDateModified(handle_, *file_.modified);
             info = look();
-        } catch (const MTPTransportError& failure) {
+        } catch (const MTPFailure& failure) {
             if (endsSession(failure))
                 throw;
             tree.memory().setsDates = false;

@@ -41,7 +41,7 @@ std::vector<StorageVolume> MTPStatus::readVolumes(MTPTree& tree) {
     for (const std::uint32_t id : tree.storageIDs())
         try {
             read.push_back(volumeOf(tree.client().getStorageInfo(id)));
-        } catch (const MTPTransportError& failure) {
+        } catch (const MTPFailure& failure) {
             if (endsSession(failure))
                 throw;
         }

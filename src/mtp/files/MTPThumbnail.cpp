@@ -23,7 +23,7 @@ std::optional<QByteArray> readMTPThumbnail(MTPTree& tree, const FileItem& file, 
         tree.client().getThumb(found.object.handle, take, options);
     } catch (const TooLarge&) {
         return std::nullopt;
-    } catch (const MTPTransportError& failure) {
+    } catch (const MTPFailure& failure) {
         // Of most files there is none, and phones have many words for that.
         if (endsSession(failure))
             throw;

@@ -41,74 +41,62 @@ constexpr std::array responses{
     ResponseRow{mtpObjectPropNotSupported, PhoneError::notSupported},
 };
 
-struct USBRow {
-    USBCode code;
-    PhoneError meaning;
-};
-
-/// Every code that is not here is PhoneError::brokenOff.
-constexpr std::array usbCodes{
-    USBRow{usb::noDevice, PhoneError::unplugged},
-    USBRow{usb::timeout, PhoneError::noAnswer},
-    USBRow{usb::notPermitted, PhoneError::notPermitted},
-    USBRow{usb::exclusiveAccess, PhoneError::held},
-};
-
-Error ofResponse(std::uint16_t response, const QString& path) {
+PhoneError meaningOfResponse(std::uint16_t response) {
     const auto row = std::find_if(responses.begin(), responses.end(),
                                   [=](const ResponseRow& one) { return one.response == response; });
-    const PhoneError meaning = row == responses.end() ? PhoneError::refused : row->meaning;
-    return {meaning, {path}, Error(MTPError::refused, {response})};
+    return row == responses.end() ? PhoneError::refused : row->meaning;
 }
 
-Error ofUSBCode(USBCode code, const QString& path) {
-    const auto row = std::find_if(usbCodes.begin(), usbCodes.end(),
-                                  [=](const USBRow& one) { return one.code == code; });
-    const PhoneError meaning = row == usbCodes.end() ? PhoneError::brokenOff : row->meaning;
-    const MTPError cause = code == usb::timeout       ? MTPError::timeout
-                           : code == usb::pipeStalled ? MTPError::stalled
-                                                      : MTPError::pipe;
-    return {meaning, {path}, Error(cause, {code})};
+PhoneError meaningOfUSB(USBCode code) {
+    switch (code) {
+    case usb::noDevice:
+        return PhoneError::unplugged;
+    case usb::notPermitted:
+        return PhoneError::notPermitted;
+    case usb::exclusiveAccess:
+        return PhoneError::held;
+    default:
+        return PhoneError::brokenOff;
+    }
+}
+
+PhoneError meaningOf(const MTPFailure& failure) {
+    switch (failure.code().as<MTPError>().value_or(MTPError::malformed)) {
+    case MTPError::refused:
+        return meaningOfResponse(*failure.response());
+    case MTPError::timeout:
+        return PhoneError::noAnswer;
+    case MTPError::stalled:
+    case MTPError::brokenOff:
+        return PhoneError::brokenOff;
+    case MTPError::pipe:
+        return meaningOfUSB(failure.arguments().value(0).toInt());
+    case MTPError::notThere:
+        return PhoneError::notConnected;
+    case MTPError::held:
+        return PhoneError::held;
+    case MTPError::tooLong:
+        return PhoneError::nonsense;
+    case MTPError::malformed:
+        break;
+    }
+    return PhoneError::unreadable;
 }
 
 } // namespace
 
-Error phoneErrorOf(const MTPTransportError& failure, const QString& path) {
-    using Case = MTPTransportError::Case;
-    if (const auto response = failure.response())
-        return ofResponse(*response, path);
-    if (failure.code() != usb::success)
-        return ofUSBCode(failure.code(), path);
-    switch (failure.kind()) {
-    case Case::notConnected:
-        return {PhoneError::notConnected, {}, Error(MTPError::notThere)};
-    case Case::timeout: // of data that ended early: a silent device has a code
-        return {PhoneError::brokenOff, {path}, Error(MTPError::malformed)};
-    case Case::pipeStalled:
-        return {PhoneError::brokenOff, {path}, Error(MTPError::stalled)};
-    case Case::exclusiveAccessDenied:
-        return {PhoneError::held, {}, Error(MTPError::held)};
-    case Case::bufferOverflow:
-        return {PhoneError::nonsense, {path}, Error(MTPError::tooLong)};
-    case Case::connectionClosed:
-        return {PhoneError::brokenOff, {path}, Error(MTPError::closed)};
-    case Case::invalidPacketHeader:
-        return {PhoneError::nonsense, {path}, Error(MTPError::badHeader)};
-    case Case::underlying:
-        break;
-    }
-    return {PhoneError::unreadable, {path}, Error(MTPError::malformed, {failure.message()})};
+Error phoneErrorOf(const MTPFailure& failure, const QString& path) {
+    const bool isAboutPath = !failure.is(MTPError::notThere) && !failure.is(MTPError::held);
+    return {meaningOf(failure), isAboutPath ? QVariantList{path} : QVariantList(), failure};
 }
 
-bool isBrokenData(const MTPTransportError& failure) {
-    return failure.code() == usb::pipeStalled ||
-           (failure.kind() == MTPTransportError::Case::timeout && failure.code() == usb::success);
+bool isBrokenData(const MTPFailure& failure) {
+    return failure.is(MTPError::stalled) || failure.is(MTPError::brokenOff);
 }
 
-bool endsSession(const MTPTransportError& failure) {
-    if (!failure.isProtocolFailure())
-        return true;
-    return failure.response() && endsEverything(ofResponse(*failure.response(), {}));
+bool endsSession(const MTPFailure& failure) {
+    return !failure.isProtocolFailure() ||
+           (failure.response() && endsEverything(phoneErrorOf(failure, {})));
 }
 
 } // namespace tessary

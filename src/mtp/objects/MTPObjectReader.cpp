@@ -45,10 +45,10 @@ std::vector<std::uint32_t> MTPObjectReader::childHandles(std::uint32_t storageID
     if (folder != mtpRootHandle)
         return client_.getObjectHandles(storageID, folder);
     std::vector<std::uint32_t> handles;
-    std::optional<MTPTransportError> refusal;
+    std::optional<MTPFailure> refusal;
     try {
         handles = client_.getObjectHandles(storageID, mtpRootHandle);
-    } catch (const MTPTransportError& error) {
+    } catch (const MTPFailure& error) {
         if (endsSession(error))
             throw;
         const Error meaning = phoneErrorOf(error, {});
@@ -101,12 +101,12 @@ bool MTPObjectReader::readProperties(std::uint32_t storageID, MTPKnownFolder& fo
             isMTPRoot(self) ? 0 : self,
             [&](ByteView bytes) {
                 if (!list.add(bytes))
-                    throw MTPTransportError::underlying(
-                        QStringLiteral("a list of properties without an end"));
+                    throw MTPFailure(MTPError::malformed,
+                                     {QStringLiteral("a list of properties without an end")});
             },
             options);
         isWhole = list.finish();
-    } catch (const MTPTransportError& failure) {
+    } catch (const MTPFailure& failure) {
         // A phone that fails at it would fail each time: it is not asked again.
         if (!failure.isDeviceGone())
             memory_.listsProperties = false;
@@ -143,7 +143,7 @@ void MTPObjectReader::readChildren(std::uint32_t storageID, MTPKnownFolder& fold
         std::optional<MTPObjectInfo> info;
         try {
             info = ask(handle);
-        } catch (const MTPTransportError& error) {
+        } catch (const MTPFailure& error) {
             if (endsSession(error))
                 throw;
             folder.contents.insertUnreadable(handle); // nobody knows its name, but it is there

@@ -15,7 +15,7 @@ public:
     /// Called for each child; false when no more is wanted.
     using Visitor = std::function<bool(const MTPObjectInfo&)>;
     /// Called for a child that is there and whose facts cannot be read.
-    using UnreadableVisitor = std::function<void(std::uint32_t handle, const MTPTransportError&)>;
+    using UnreadableVisitor = std::function<void(std::uint32_t handle, const MTPFailure&)>;
 
     /// Both outlive it; `memory` is kept up to date.
     MTPObjectReader(MTPClient& client, MTPPhoneMemory& memory) : client_(client), memory_(memory) {}

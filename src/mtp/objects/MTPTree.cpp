@@ -99,13 +99,13 @@ void MTPTree::beginEdit(std::uint32_t handle) {
         endEdit(handle);
     try {
         client_.beginEdit(handle);
-    } catch (const MTPTransportError& failure) {
+    } catch (const MTPFailure& failure) {
         if (!failure.response() || endsSession(failure))
             throw;
         // On some phones an edit outlives the session that broke off in it.
         try {
             client_.endEdit(handle);
-        } catch (const MTPTransportError& none) {
+        } catch (const MTPFailure& none) {
             if (!none.response() || endsSession(none))
                 throw;
             throw failure; // there was none
@@ -200,7 +200,7 @@ std::optional<MTPObjectInfo> MTPTree::confirm(std::uint32_t handle, const QStrin
         // The roots of two storages have one handle: only the storage tells their entries apart.
         if (info.filename == name && info.storageID == storageID && reader_.isIn(info, folder))
             return info;
-    } catch (const MTPTransportError& error) {
+    } catch (const MTPFailure& error) {
         if (endsSession(error))
             throw;
     }

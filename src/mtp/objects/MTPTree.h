@@ -24,7 +24,7 @@ namespace tessary {
 /// destruction. What a listing has read of a folder answers the questions that follow it: its
 /// handles are asked again after a short while.
 ///
-/// Used by one thread at a time. Throws MTPTransportError for failures of the connection, Error
+/// Used by one thread at a time. Throws MTPFailure for failures of the connection, Error
 /// with PhoneError for paths that lead nowhere, CancellationError once `stop` asks for it.
 class MTPTree {
 public:
