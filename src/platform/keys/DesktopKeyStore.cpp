@@ -4,19 +4,15 @@
 #include "platform/keys/FileKeyStore.h"
 #include "platform/keys/SystemKeyStore.h"
 
-#include <QCoreApplication>
 #include <QDir>
-#include <QEvent>
 #include <QLockFile>
+#include <QObject>
 #include <QStandardPaths>
 #include <QThread>
 
 #include <qt6keychain/keychain.h>
 
-#include <deque>
-#include <functional>
 #include <future>
-#include <mutex>
 #include <utility>
 
 namespace tessary {
@@ -30,46 +26,31 @@ constexpr auto patience = 60s;
 
 /// The library keeps its queue on the thread that used it first, so that all its work is done on
 /// one that stays.
-class KeychainThread : private QObject {
+class KeychainThread {
 public:
     static KeychainThread& shared() {
         static KeychainThread thread;
         return thread;
     }
-    void post(std::function<void()> work) {
-        const std::scoped_lock lock(mutex_);
-        work_.push_back(std::move(work));
-        QCoreApplication::postEvent(this, new QEvent(QEvent::User));
+    template <typename Work>
+    void post(Work work) {
+        QMetaObject::invokeMethod(&onThread_, std::move(work), Qt::QueuedConnection);
     }
 
 private:
     KeychainThread() {
         thread_.setObjectName(QStringLiteral("tessary-keys"));
-        moveToThread(&thread_);
+        onThread_.moveToThread(&thread_);
         thread_.start();
     }
-    ~KeychainThread() override {
+    ~KeychainThread() {
         thread_.quit();
         if (!thread_.wait(QDeadlineTimer(1s)))
             thread_.terminate();
     }
 
-    bool event(QEvent* event) override {
-        if (event->type() != QEvent::User)
-            return QObject::event(event);
-        next()();
-        return true;
-    }
-    std::function<void()> next() {
-        const std::scoped_lock lock(mutex_);
-        auto work = std::move(work_.front());
-        work_.pop_front();
-        return work;
-    }
-
-    std::mutex mutex_;
-    std::deque<std::function<void()>> work_; ///< guarded by mutex_
     QThread thread_;
+    QObject onThread_;
 };
 
 struct Answer {
