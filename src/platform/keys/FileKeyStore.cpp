@@ -2,7 +2,8 @@
 
 #include <QDir>
 #include <QFile>
-#include <QUuid>
+#include <QFileInfo>
+#include <QTemporaryFile>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -23,44 +24,6 @@ constexpr mode_t ofOthers = S_IRWXG | S_IRWXO;
         QStringLiteral("%1 %2: %3")
             .arg(what, path, QString::fromStdString(std::system_category().message(error))));
 }
-
-/// A file that is gone again at the end.
-class TemporaryFile {
-public:
-    explicit TemporaryFile(const QString& path)
-        : path_(QFile::encodeName(path)),
-          descriptor_(::open(path_.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC,
-                             S_IRUSR | S_IWUSR)) {
-        if (descriptor_ < 0)
-            fail(QStringLiteral("Cannot write"), path, errno);
-    }
-    ~TemporaryFile() {
-        ::close(descriptor_);
-        ::unlink(path_.constData());
-    }
-    TemporaryFile(const TemporaryFile&) = delete;
-    TemporaryFile& operator=(const TemporaryFile&) = delete;
-
-    /// 0, or errno.
-    [[nodiscard]] int write(const QByteArray& bytes) const {
-        for (qsizetype written = 0; written < bytes.size();) {
-            const ssize_t step = ::write(descriptor_, bytes.constData() + written,
-                                         static_cast<std::size_t>(bytes.size() - written));
-            if (step < 0 && errno != EINTR)
-                return errno;
-            written += step > 0 ? step : 0;
-        }
-        return ::fsync(descriptor_) == 0 ? 0 : errno;
-    }
-    /// Gives the file a second name, unless that is taken. 0, or errno.
-    [[nodiscard]] int linkTo(const QString& path) const {
-        return ::link(path_.constData(), QFile::encodeName(path).constData()) == 0 ? 0 : errno;
-    }
-
-private:
-    const QByteArray path_;
-    const int descriptor_;
-};
 
 } // namespace
 
@@ -95,12 +58,15 @@ QByteArray FileKeyStore::addIfMissing(const QString& tag, const QByteArray& secr
     if (::mkdir(QFile::encodeName(folder_).constData(), S_IRWXU) != 0 && errno != EEXIST)
         fail(QStringLiteral("Cannot make"), folder_, errno);
     const QString path = pathOf(tag);
-    const TemporaryFile file(path + QLatin1Char('.') + QUuid::createUuid().toString(QUuid::Id128));
-    if (const int error = file.write(secret))
-        fail(QStringLiteral("Cannot write"), path, error);
+    QTemporaryFile file(path + QStringLiteral(".XXXXXX")); // this user's alone
+    if (!file.open() || file.write(secret) != secret.size() || !file.flush() ||
+        ::fsync(file.handle()) != 0)
+        fail(QStringLiteral("Cannot write"), path, errno);
     // Unlike a rename, this leaves the key of a program that was quicker.
-    if (const int error = file.linkTo(path); error != 0 && error != EEXIST)
-        fail(QStringLiteral("Cannot write"), path, error);
+    if (::link(QFile::encodeName(file.fileName()).constData(),
+               QFile::encodeName(path).constData()) != 0 &&
+        errno != EEXIST)
+        fail(QStringLiteral("Cannot write"), path, errno);
     const auto stored = find(tag);
     if (!stored)
         throw KeyStoreError(QStringLiteral("%1 is gone again").arg(path));
