@@ -165,7 +165,7 @@ public:
             questions.push_back(question);
             return answer ? answer(question) : SyncAnswer::stop();
         };
-        events.stage = onStage;
+        events.progress = onProgress;
         SyncComputer computer{local_, [this] { local_.addFolder(localRoot); },
                               [this] {
                                   if (isDead)
@@ -222,7 +222,7 @@ public:
     std::function<std::optional<SyncAnswer>(const SyncQuestion&)> saidBeforehand;
     SyncDecisions decisions;
     QString lockFile;
-    std::function<void(SyncStage)> onStage;
+    std::function<void(const SyncProgress&)> onProgress;
     std::function<bool(const QString&)> trash;
     std::function<void(const MemoryFileSystem::Request&)> beforeCall;
     std::vector<SyncQuestion> questions;

@@ -361,7 +361,7 @@ TEST(SyncRunFailuresTest, runsOfOneUserWaitForEachOther) {
     MemoryPair pair;
     pair.here("a", "1");
     pair.lockFile = file;
-    pair.onStage = [&](SyncStage) { stop.request_stop(); };
+    pair.onProgress = [&](const SyncProgress&) { stop.request_stop(); };
     EXPECT_EQ(pair.run(stop.get_token()).outcome, Outcome::cancelled);
     EXPECT_EQ(pair.calls, 0);
 }

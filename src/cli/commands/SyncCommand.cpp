@@ -315,12 +315,10 @@ void syncFolders(CliSession& session) {
     {
         ProgressPrinter printer(session.errors());
         SyncRunEvents events;
-        events.stage = [&session](SyncStage stage) {
-            if (stage == SyncStage::waiting)
+        events.progress = [&session, &printer](const SyncProgress& progress) {
+            if (progress.stage == SyncStage::waiting)
                 session.warn(QStringLiteral(
                     "Another sync is running: waiting until it has ended, or Ctrl+C is pressed"));
-        };
-        events.progress = [&printer](const SyncProgress& progress) {
             if (progress.totalFiles > 0)
                 printer.show(transferProgress(progress));
         };

@@ -198,14 +198,7 @@ void SyncManager::startNext() {
 
 /// What a run tells, on its way to the pair list.
 SyncRunEvents SyncManager::eventsOf(const QUuid& id) {
-    const QPointer<SyncManager> self(this);
     SyncRunEvents events;
-    events.stage = [self, id](SyncStage stage) {
-        MainThread::post([self, id, stage] {
-            if (self && self->running_ && self->running_->id == id)
-                self->setStatus(id, SyncStatus::syncing(stage));
-        });
-    };
     events.progress = tellLatest<SyncProgress>(this, [this, id](const SyncProgress& progress) {
         if (running_ && running_->id == id)
             setProgress(id, progress);
@@ -215,8 +208,9 @@ SyncRunEvents SyncManager::eventsOf(const QUuid& id) {
 
 void SyncManager::start(const Job& job) {
     const QUuid id = job.id;
-    setProgress(id, {});
-    setStatus(id, SyncStatus::syncing(SyncStage::connecting));
+    SyncProgress progress;
+    progress.stage = SyncStage::connecting;
+    setProgress(id, progress);
     const SyncPair pair = *find(id);
     const auto device = deviceOf(pair, job.deviceManager);
     if (!device) {
@@ -305,17 +299,10 @@ void SyncManager::finish(const QUuid& id, const SyncStatus& status, SyncStage st
     Q_EMIT syncPairChanged(id);
 }
 
-void SyncManager::setStatus(const QUuid& id, const SyncStatus& status) {
-    if (SyncPair* pair = find(id)) {
-        pair->status = status;
-        pair->progress.stage = status.stage;
-        Q_EMIT syncPairChanged(id);
-    }
-}
-
 void SyncManager::setProgress(const QUuid& id, const SyncProgress& progress) {
     if (SyncPair* pair = find(id)) {
         pair->progress = progress;
+        pair->status = SyncStatus::syncing(progress.stage);
         Q_EMIT syncPairChanged(id);
     }
 }

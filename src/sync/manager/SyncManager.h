@@ -132,7 +132,6 @@ private:
     void startNext();
     void start(const Job& job);
     [[nodiscard]] SyncRunEvents eventsOf(const QUuid& id);
-    void setStatus(const QUuid& id, const SyncStatus& status);
     void setProgress(const QUuid& id, const SyncProgress& progress);
     void ended(const QUuid& id, SyncReport report);
     void finish(const QUuid& id, const SyncStatus& status, SyncStage stage);

@@ -11,8 +11,8 @@ namespace tessary {
 
 /// What a run tells while it works, on its thread.
 struct SyncRunEvents {
-    std::function<void(SyncStage)> stage;
-    std::function<void(const SyncProgress&)> progress; ///< also for each piece of a file
+    /// At each stage, and for each piece of a file.
+    std::function<void(const SyncProgress&)> progress;
     /// What was said beforehand of any such question; no value: the user is asked. May be empty.
     std::function<std::optional<SyncAnswer>(const SyncQuestion&)> answer;
     /// Blocks until the user has answered. No function: SyncAnswer::stop().
@@ -26,8 +26,6 @@ public:
 
     void enter(SyncStage stage) {
         counters_.stage = stage;
-        if (events_.stage)
-            events_.stage(stage);
         show();
     }
     void setTotals(qint64 files, qint64 bytes) {
