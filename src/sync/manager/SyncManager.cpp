@@ -6,13 +6,14 @@
 #include "devices/list/DeviceManager.h"
 #include "phone/PhoneError.h"
 #include "platform/desktop/HostInfo.h"
-#include "sync/manager/PendingAnswer.h"
 #include "sync/manager/SyncHost.h"
 #include "sync/pair/SyncPairJson.h"
 #include "sync/run/SyncLock.h"
 #include "transfer/local/LocalFileSystem.h"
 
 #include <algorithm>
+#include <condition_variable>
+#include <mutex>
 
 namespace tessary {
 
@@ -39,6 +40,30 @@ SyncReport failedReport(const Error& error) {
     report.failure = error;
     return report;
 }
+
+/// An answer that one thread waits for and another gives. Thread-safe.
+class PendingAnswer {
+public:
+    /// The first one counts.
+    void give(SyncAnswer answer) {
+        const std::scoped_lock lock(mutex_);
+        if (!value_)
+            value_ = std::move(answer);
+        changed_.notify_all();
+    }
+    /// Throws CancellationError once `stop` asks for it.
+    [[nodiscard]] SyncAnswer wait(const std::stop_token& stop) {
+        std::unique_lock lock(mutex_);
+        if (!changed_.wait(lock, stop, [this] { return value_.has_value(); }))
+            throw CancellationError();
+        return *value_;
+    }
+
+private:
+    std::mutex mutex_;
+    std::condition_variable_any changed_;
+    std::optional<SyncAnswer> value_; ///< guarded by mutex_
+};
 
 /// Everything that a run in the background needs.
 struct RunWork {
@@ -70,7 +95,9 @@ SyncManager::SyncManager(SettingsStore& defaults, SyncManagerSetup setup, QObjec
       setup_(std::move(setup)),
       store_(setup_.reportFolder) {
     MainThread::assertCurrent();
-    loadSyncPairs();
+    auto pairs = decodeSyncPairs(storedPairs_.value());
+    storedPairs_.setKnown(pairs ? std::optional(encodeSyncPairs(*pairs)) : std::nullopt);
+    pairs_ = std::move(pairs).value_or(std::vector<SyncPair>());
     loadLastReports();
 }
 
@@ -87,13 +114,6 @@ const SyncPair* SyncManager::pair(const QUuid& id) const {
 
 SyncPair* SyncManager::find(const QUuid& id) {
     return const_cast<SyncPair*>(pair(id));
-}
-
-void SyncManager::loadSyncPairs() {
-    auto pairs = decodeSyncPairs(storedPairs_.value());
-    storedPairs_.setKnown(pairs ? std::optional(encodeSyncPairs(*pairs)) : std::nullopt);
-    pairs_ = std::move(pairs).value_or(std::vector<SyncPair>());
-    Q_EMIT syncPairsChanged();
 }
 
 void SyncManager::saveSyncPairs() {

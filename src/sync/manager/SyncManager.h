@@ -55,8 +55,6 @@ public:
         return pairs_;
     }
     [[nodiscard]] const SyncPair* pair(const QUuid& id) const;
-    void loadSyncPairs();
-    void saveSyncPairs();
     void addSyncPair(const SyncPair& pair);
     /// Replaces the pair with this id. A pair that runs keeps its state, and ends where it began;
     /// one that waits and gets another folder here waits no more.
@@ -129,6 +127,7 @@ private:
     };
 
     [[nodiscard]] SyncPair* find(const QUuid& id);
+    void saveSyncPairs();
     void startNext();
     void start(const Job& job);
     [[nodiscard]] SyncRunEvents eventsOf(const QUuid& id);
