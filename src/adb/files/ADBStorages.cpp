@@ -1,6 +1,5 @@
 #include "adb/files/ADBStorages.h"
 
-#include "adb/files/ADBPaths.h"
 #include "adb/files/ADBSession.h"
 #include "adb/protocol/ADBError.h"
 #include "base/text/PathNames.h"
@@ -19,6 +18,14 @@ constexpr QLatin1Char slash('/');
 constexpr View card("/sdcard");
 constexpr View storage("/storage/");
 const QByteArray spaceMark = "space:";
+
+/// Folders at the top of Android's file tree.
+constexpr std::array topFolders{
+    View("sdcard"), View("storage"), View("mnt"),        View("data"), View("system"),
+    View("vendor"), View("product"), View("odm"),        View("proc"), View("sys"),
+    View("dev"),    View("etc"),     View("cache"),      View("apex"), View("config"),
+    View("acct"),   View("oem"),     View("system_ext"),
+};
 
 /// What the internal storage is called besides.
 constexpr std::array aliases{View("/storage/emulated/0"), View("/storage/self/primary"),
@@ -49,7 +56,17 @@ QString swappedCase(const QString& text) {
 } // namespace
 
 QString ADBStorages::canonicalPath(const QString& path) const {
-    QString clean = slash + androidPath(path).split(slash, Qt::SkipEmptyParts).join(slash);
+    // What begins with one of Android's own top folders stays, and all else lies in the card, as
+    // over MTP.
+    QStringList names;
+    if (!path.trimmed().isEmpty())
+        names = path.split(slash, Qt::SkipEmptyParts);
+    const bool isAndroids =
+        path.startsWith(slash) && !names.isEmpty() &&
+        std::find(topFolders.begin(), topFolders.end(), names.first()) != topFolders.end();
+    if (!isAndroids)
+        names.prepend(QStringLiteral("sdcard"));
+    const QString clean = slash + names.join(slash);
     for (const View alias : aliases)
         if (isAtOrBelow(clean, QString(alias)))
             return card + clean.mid(alias.size());
