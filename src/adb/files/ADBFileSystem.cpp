@@ -3,7 +3,6 @@
 #include "adb/files/ADBEdits.h"
 #include "adb/files/ADBListing.h"
 #include "adb/files/ADBPhoneErrors.h"
-#include "adb/files/ADBRangeReader.h"
 #include "adb/files/ADBSmallFiles.h"
 #include "base/log/DiagnosticsLogger.h"
 #include "base/text/PathNames.h"
@@ -19,6 +18,40 @@ void letOthersIn(PassingTurn& turn) {
     if (turn.isDue())
         turn.pass();
 }
+
+/// Reads what lies in a range of a file by whole blocks. True when `sink` got all of it.
+class RangeReader {
+public:
+    RangeReader(ByteRange range, const ByteSink& sink)
+        : skip_(static_cast<std::uint64_t>(range.offset)),
+          left_(range.length < 0 ? ~std::uint64_t{0} : static_cast<std::uint64_t>(range.length)),
+          sink_(sink) {}
+
+    /// The next bytes of the file from `skip_` on; false when that is all.
+    bool take(ByteView bytes) {
+        const std::size_t skipped = std::min<std::uint64_t>(skip_, bytes.size());
+        skip_ -= skipped;
+        bytes = bytes.subspan(skipped);
+        bytes = bytes.first(std::min<std::uint64_t>(left_, bytes.size()));
+        left_ -= bytes.size();
+        done_ += static_cast<qint64>(bytes.size());
+        if (!bytes.empty())
+            sink_(bytes);
+        return left_ > 0;
+    }
+    void skipBlocks(std::uint64_t bytes) {
+        skip_ -= bytes;
+    }
+    [[nodiscard]] qint64 done() const {
+        return done_;
+    }
+
+private:
+    std::uint64_t skip_;
+    std::uint64_t left_;
+    qint64 done_ = 0;
+    const ByteSink& sink_;
+};
 
 /// Progress after which others get their turn.
 ByteProgress inTurns(const ByteProgress& progress, PassingTurn& turn) {
@@ -141,7 +174,7 @@ qint64 ADBFileSystem::read(const FileItem& file, ByteRange range, const ByteSink
     constexpr qint64 shortRange = qint64{4} << 20;
     const QString path = canonicalPath(file.path);
     return inPassingTurn(path, call, [&](PassingTurn& turn) {
-        ADBRangeReader reader(range, sink);
+        RangeReader reader(range, sink);
         const auto take = [&](ByteView bytes) {
             const bool wantsMore = reader.take(bytes);
             letOthersIn(turn);
