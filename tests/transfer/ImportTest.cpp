@@ -231,6 +231,8 @@ TEST(ImportRemoval, takesFromThePhoneOnlyWhatLiesHereWhole) {
         {"changed on the phone",
          [](const auto& import) { import.take("IMG_1.MOV", "other one", lunch.addSecs(9)); },
          "IMG_1.JPG IMG_1.MOV", 1},
+        {"another of its size and date on the phone",
+         [](const auto& import) { import.take("IMG_1.MOV", "MOVING"); }, "IMG_1.JPG IMG_1.MOV", 1},
         {"not fetched as a whole", [](const auto& import) { import.take("IMG_1.AAE", "edits"); },
          "IMG_1.AAE IMG_1.JPG IMG_1.MOV", 1},
         {"refused by the phone",

@@ -115,15 +115,19 @@ std::optional<ImportRecord> ImportLedger::find(const FileItem& file) const {
     if (named == records_.constEnd())
         return std::nullopt;
     // The newest knows best where the copy is.
-    const auto found =
-        std::find_if(named->crbegin(), named->crend(), [&](const ImportRecord& record) {
-            if (record.size != file.size)
-                return false;
-            return record.path == file.path
-                       ? isSameDate(record, file) || isSameDateElsewhere(record, file)
-                       : file.modifiedDate && isSameDate(record, file);
-        });
-    return found == named->crend() ? std::nullopt : std::optional(*found);
+    const auto newest = [&](const auto& fits) {
+        const auto found = std::find_if(named->crbegin(), named->crend(), fits);
+        return found == named->crend() ? std::nullopt : std::optional(*found);
+    };
+    auto own = newest([&](const ImportRecord& record) {
+        return record.size == file.size && record.path == file.path &&
+               (isSameDate(record, file) || isSameDateElsewhere(record, file));
+    });
+    if (own || !file.modifiedDate)
+        return own;
+    return newest([&](const ImportRecord& record) {
+        return record.size == file.size && isSameDate(record, file);
+    });
 }
 
 void ImportLedger::add(const std::vector<ImportRecord>& records) {

@@ -18,8 +18,9 @@ struct ImportRecord {
     QString path; ///< on the phone
     qint64 size = 0;
     std::optional<QDateTime> modified;
-    QString copy;      ///< where it went here, absolute; it may have been renamed since
-    QByteArray sha256; ///< of its content; empty when that was not compared
+    QString copy;                ///< where it went here, absolute; it may have been renamed since
+    QByteArray sha256;           ///< of its content; empty when that was not compared
+    bool isJustCompared = false; ///< by this program, with the phone's own; not stored
 
     bool operator==(const ImportRecord&) const = default;
 };
@@ -38,8 +39,9 @@ public:
     ImportLedger(const QString& folder, const QString& udid);
 
     /// The record of a file: of one size, and of one date but for whole hours (phones that move to
-    /// another time zone), under its path; or of the same name and date in another folder of the
-    /// phone. No value for what was never fetched, or has changed since.
+    /// another time zone), under its path; or else of the same name and date in another folder of
+    /// the phone. No value for what was never fetched, or has changed since. It says nothing of the
+    /// content: another photo may be as large, and of that date.
     [[nodiscard]] std::optional<ImportRecord> find(const FileItem& file) const;
 
     /// Adds records, for good once this returns. LocalError::cannotWrite, ::cannotMakeFolder.

@@ -15,7 +15,8 @@ void ImportRecorder::copied(const CopyItem& item, const FileItem& copy, const QB
     const auto now = std::chrono::steady_clock::now();
     if (waiting_.empty())
         since_ = now;
-    waiting_.push_back({item.item.path, item.item.size, item.item.modifiedDate, copy.path, sha256});
+    waiting_.push_back(
+        {item.item.path, item.item.size, item.item.modifiedDate, copy.path, sha256, true});
     if (now - since_ >= longestWait && write())
         since_ = now; // it may go well later
 }

@@ -42,9 +42,11 @@ std::vector<FileItem> removableFiles(PhoneFileSystem& from, const Photo& photo,
                 throw Error(LocalError::notFound, {seen.name});
             LocalFileSystem here(parentPath(record->copy));
             const FileItem copy = requireCopy(here, *record, call);
-            // Without dates another photo may have come under the name of the fetched one.
-            const bool isDated = record->modified && seen.modifiedDate;
-            if (!isDated && !haveSameContent(from, seen, here, copy, call))
+            // Another photo may be of this name, size and date. That this one was fetched is known
+            // without reading it again only while it has not been out of sight.
+            const bool isCompared = record->isJustCompared && record->path == seen.path &&
+                                    record->modified && record->modified == seen.modifiedDate;
+            if (!isCompared && !haveSameContent(from, seen, here, copy, call))
                 throw Error(PhoneError::differs, {seen.path});
             const auto now = from.find(seen.path, call);
             if (!now || !isAsSeen(seen, *now))
