@@ -87,6 +87,21 @@ TEST(SyncRunFailuresTest, aRunThatThePhoneWasNotToldTheEndOfCostsNoLaterDeletion
     EXPECT_THAT(pair.goodRun().paths({SyncDeed::deleteOnDevice}), ElementsAre(u"a"_s));
 }
 
+TEST(SyncRunFailuresTest, aSideThatWasPutBackFromABackupReplacesNothing) {
+    for (const bool onDevice : {false, true}) {
+        MemoryPair pair;
+        pair.beginWith({"a"});
+        const MemoryTree backup = pair.all(onDevice);
+        pair.put(!onDevice, u"a"_s, "newer");
+        (void)pair.goodRun();
+        for (const auto& [name, file] : backup)
+            pair.side(onDevice).addFile(MemoryPair::path(onDevice, name), file.content, file.date);
+        (void)pair.goodRun();
+        EXPECT_EQ(pair.users(!onDevice).size(), 2U);
+        EXPECT_EQ(pair.users(!onDevice).at(u"a"_s).content, "newer");
+    }
+}
+
 TEST(SyncRunFailuresTest, nothingIsRecordedThatIsNotOnTheDisk) {
     MemoryPair pair;
     pair.there("a", "photo");

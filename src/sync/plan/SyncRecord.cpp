@@ -5,6 +5,7 @@
 #include <QUuid>
 
 #include <algorithm>
+#include <iterator>
 
 namespace tessary {
 
@@ -56,14 +57,21 @@ std::optional<SyncRecord> syncRecord(const std::optional<SyncManifest>& local,
     const SyncHostEntry& newer = there->runNumber > here->runNumber ? *there : *here;
     SyncRecord record{newer.files, !here->runID.isEmpty() && here->runID == there->runID,
                       newer.runNumber, newer.startedAt};
-    // What a run did whose end only one side was told of is not known to be on the other.
+    if (record.isShared)
+        return record;
+    // What a run did whose end only one side was told of is not known to be on the other. A side
+    // that was put back from a backup holds older files, and those are no edits.
     const SyncHostEntry& older = &newer == here ? *there : *here;
-    if (!record.isShared)
-        for (auto& [path, entry] : record.files) {
-            const auto before = older.files.find(path);
-            if (before == older.files.end() || before->second != entry)
-                entry.isContentKnown = false;
-        }
+    for (auto it = record.files.begin(); it != record.files.end();) {
+        SyncFileEntry& entry = it->second;
+        const auto before = older.files.find(it->first);
+        if (before == older.files.end() || before->second != entry)
+            entry.isContentKnown = false;
+        const bool isReplaced =
+            before != older.files.end() && (before->second.size != entry.size ||
+                                            before->second.modifiedDate != entry.modifiedDate);
+        it = isReplaced ? record.files.erase(it) : std::next(it);
+    }
     return record;
 }
 

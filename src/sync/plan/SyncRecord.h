@@ -26,7 +26,7 @@ struct SyncRecord {
 
 /// The record of a pair out of the manifests of both sides. No value when a side has none: its disk
 /// or card may be another one, and nothing that the other side remembers is about it. Of two runs
-/// the newer one's counts.
+/// the newer one's counts, but of files that were replaced between them nothing is known.
 [[nodiscard]] std::optional<SyncRecord> syncRecord(const std::optional<SyncManifest>& local,
                                                    const std::optional<SyncManifest>& device,
                                                    const QString& hostID, const SyncPair& pair);
