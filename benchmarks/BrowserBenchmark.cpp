@@ -70,10 +70,8 @@ struct Bench {
     std::shared_ptr<MemoryFileSystem> files;
     CopyQueue queue;
     StagedFiles staged{QStringLiteral("benchmark")};
-    FileBrowserViewModel browser{queue,
-                                 {.openAndroid = [this](const DeviceInfo&) { return files; },
-                                  .staged = staged,
-                                  .clock = {}}};
+    FileBrowserViewModel browser{
+        queue, {.openAndroid = [this](const DeviceInfo&) { return files; }, .staged = staged}};
     BrowserView view{browser, CopyDialogs{}, {}};
 };
 

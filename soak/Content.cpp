@@ -1,7 +1,6 @@
 #include "Content.h"
 
 #include "Story.h"
-#include "base/local/PartFile.h"
 #include "phone/PartNames.h"
 #include "sync/plan/SyncManifest.h"
 
@@ -116,7 +115,7 @@ Tree Content::read(const QString& folder, QStringList* parts) {
     const QDir top(folder);
     for (QDirIterator walk = filesBelow(folder); walk.hasNext();) {
         const QString path = walk.next();
-        if (path.contains(u'/' + PartFile::namePrefix)) {
+        if (isPartName(walk.fileName())) {
             if (parts != nullptr)
                 parts->append(path);
             const auto part = partNameOf(walk.fileName(), {});

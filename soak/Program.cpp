@@ -38,7 +38,6 @@ Program::Program(VirtualUSBBus& bus, const QProcessEnvironment& environment, con
               {.openAndroid =
                    [this](const DeviceInfo& device) { return services.files().open(device); },
                .staged = staged,
-               .clock = {},
                .openApp =
                    [this](const DeviceInfo& device, const AppInfo& app) {
                        return services.files().openApp(device, app);
