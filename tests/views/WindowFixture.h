@@ -85,7 +85,7 @@ protected:
                                                              whileChoosing_();
                                                          return filesToCopy_;
                                                      },
-                                                     [](QWidget*) { return QString(); }},
+                                                     [](QWidget*) { return QStringList(); }},
                                          [this](const QString& path) {
                                              opened_.append(path);
                                              return opensFiles_;

@@ -152,10 +152,6 @@ const QWidget& BrowserToolbar::syncAnchor() const {
     return syncButton_->isHidden() ? *moreButton_ : *syncButton_;
 }
 
-void BrowserToolbar::clearFilter() {
-    filter_->clear();
-}
-
 void BrowserToolbar::showField(bool isForSearch) {
     if (isForSearch != isForSearch_) {
         filter_->clear(); // ends what it was for before

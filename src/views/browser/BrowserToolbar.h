@@ -31,7 +31,6 @@ public:
 
     /// Below which the sync menu opens.
     [[nodiscard]] const QWidget& syncAnchor() const;
-    void clearFilter();
     [[nodiscard]] QSize minimumSizeHint() const override;
 
 Q_SIGNALS:

@@ -66,9 +66,7 @@ BrowserView::BrowserView(FileBrowserViewModel& browser, CopyDialogs dialogs,
       stack_(new PageStack),
       table_(new FileTableView(browser, model_)),
       grid_(new FileGridView(browser, model_)),
-      notice_(new FolderNotice(
-          browser, {[this](const QString& path) { return entries_.isFavorite(path); },
-                    [this] { entries_.forgetFavorite(); }, [this] { toolbar_->clearFilter(); }})),
+      notice_(new FolderNotice(browser, entries_)),
       status_(new QLabel),
       dropMark_(new DropMark(
           browser, drops_, [this] { return &currentListing(); }, *stack_)) {
@@ -124,11 +122,11 @@ void BrowserView::connectActions() {
     on(actions_.rename, [this] { entries_.rename(); });
     on(actions_.remove, [this] { entries_.remove(); });
     on(actions_.download, [this] { copies_.downloadSelected(); });
-    on(actions_.uploadFiles, [this] { copies_.chooseAndUploadFiles(); });
-    on(actions_.uploadFolder, [this] { copies_.chooseAndUploadFolder(); });
+    on(actions_.uploadFiles, [this] { copies_.chooseAndUpload(&CopyDialogs::chooseFiles); });
+    on(actions_.uploadFolder, [this] { copies_.chooseAndUpload(&CopyDialogs::chooseFolder); });
     on(actions_.undo, [this] { entries_.undo(); });
-    on(actions_.cut, [this] { entries_.cut(); });
-    on(actions_.copy, [this] { entries_.copy(); });
+    on(actions_.cut, [this] { entries_.putOnClipboard(EntryMimeData::Use::move); });
+    on(actions_.copy, [this] { entries_.putOnClipboard(EntryMimeData::Use::copy); });
     on(actions_.copyPath, [this] { entries_.copyPath(); });
     on(actions_.moveTo, [this] { copies_.chooseFolderAndTake(EntryMimeData::Use::move); });
     on(actions_.copyTo, [this] { copies_.chooseFolderAndTake(EntryMimeData::Use::copy); });

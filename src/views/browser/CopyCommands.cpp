@@ -55,8 +55,9 @@ CopyDialogs systemCopyDialogs() {
                                                      CopyCommands::tr("Copy Files to the Phone"));
             },
             [](QWidget* parent) {
-                return QFileDialog::getExistingDirectory(
+                const QString folder = QFileDialog::getExistingDirectory(
                     parent, CopyCommands::tr("Copy a Folder to the Phone"));
+                return folder.isEmpty() ? QStringList() : QStringList(folder);
             }};
 }
 
@@ -75,18 +76,11 @@ void CopyCommands::downloadSelected() {
         browser_.copies().prepareDownload(ids, target, askAndCopy());
 }
 
-void CopyCommands::chooseAndUploadFiles() {
+void CopyCommands::chooseAndUpload(CopyDialogs::ChooseSources CopyDialogs::*choose) {
     const ShownFolder asked(browser_);
-    const QStringList files = dialogs_.chooseFiles(&parent_);
-    if (!files.isEmpty() && asked.isStillShown())
-        upload(files);
-}
-
-void CopyCommands::chooseAndUploadFolder() {
-    const ShownFolder asked(browser_);
-    const QString folder = dialogs_.chooseFolder(&parent_);
-    if (!folder.isEmpty() && asked.isStillShown())
-        upload({folder});
+    const QStringList sources = (dialogs_.*choose)(&parent_);
+    if (!sources.isEmpty() && asked.isStillShown())
+        upload(sources);
 }
 
 void CopyCommands::paste() {

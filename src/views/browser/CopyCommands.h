@@ -13,9 +13,11 @@ namespace tessary {
 
 /// Asks the user for a local folder, or for local files or a folder; empty when he declined.
 struct CopyDialogs {
+    using ChooseSources = std::function<QStringList(QWidget*)>;
+
     std::function<QString(QWidget*)> chooseTargetFolder;
-    std::function<QStringList(QWidget*)> chooseFiles;
-    std::function<QString(QWidget*)> chooseFolder;
+    ChooseSources chooseFiles;
+    ChooseSources chooseFolder;
 };
 [[nodiscard]] CopyDialogs systemCopyDialogs();
 
@@ -29,8 +31,7 @@ public:
     CopyCommands(FileBrowserViewModel& browser, CopyDialogs dialogs, QWidget& parent);
 
     void downloadSelected();
-    void chooseAndUploadFiles();
-    void chooseAndUploadFolder();
+    void chooseAndUpload(CopyDialogs::ChooseSources CopyDialogs::*choose);
     /// Copies what is on the clipboard into the folder shown, or moves it there when it was cut:
     /// entries of any phone, and files of this computer.
     void paste();

@@ -50,7 +50,7 @@ std::pair<QString, QString> EntryCommands::favoriteCandidate() const {
     return {browser_.breadcrumbs().back().name, browser_.currentPath()};
 }
 
-void EntryCommands::forgetFavorite() {
+void EntryCommands::forgetFavorite() const {
     setup_.favorites.toggle({}, browser_.currentPath());
 }
 
@@ -168,14 +168,6 @@ void EntryCommands::putOnClipboard(EntryMimeData::Use use) {
     auto* data = new DragOutData(browser_, std::move(items), use);
     onClipboard_ = data;
     QGuiApplication::clipboard()->setMimeData(data);
-}
-
-void EntryCommands::copy() {
-    putOnClipboard(EntryMimeData::Use::copy);
-}
-
-void EntryCommands::cut() {
-    putOnClipboard(EntryMimeData::Use::move);
 }
 
 void EntryCommands::copyPath() const {

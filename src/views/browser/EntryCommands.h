@@ -59,7 +59,7 @@ public:
     /// shown; empty when something else is selected.
     [[nodiscard]] std::pair<QString, QString> favoriteCandidate() const;
     /// The folder shown, which is gone, is none any more.
-    void forgetFavorite();
+    void forgetFavorite() const;
 
     /// Enters a folder; several open in tabs. A file opens with the program that the desktop has
     /// for it, once it is here.
@@ -71,9 +71,9 @@ public:
     void selectFirstFound();
     /// Ends what is under way, or the selection, or the filter, or the search: the first there is.
     void endOne();
-    /// Puts the selected entries on the clipboard. Other programs get copies, also of what was cut.
-    void copy();
-    void cut();
+    /// Puts the selected entries on the clipboard, copied or cut. Other programs get copies in any
+    /// case.
+    void putOnClipboard(EntryMimeData::Use use);
     /// What another has put there goes with this one, not with that.
     void takeClipboard(EntryCommands& from) {
         if (from.onClipboard_)
@@ -95,7 +95,6 @@ public:
     void addTo(QMenu& menu, const BrowserActions& actions);
 
 private:
-    void putOnClipboard(EntryMimeData::Use use);
     void fetchSelected(WhenHere whenHere);
     [[nodiscard]] bool askToDelete(const std::shared_ptr<PhoneFileSystem>& files,
                                    const std::vector<FileItem>& items,

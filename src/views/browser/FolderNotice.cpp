@@ -1,15 +1,15 @@
 #include "views/browser/FolderNotice.h"
 
 #include "base/text/Printable.h"
+#include "views/browser/EntryCommands.h"
 #include "views/common/ProblemText.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace tessary {
 
-FolderNotice::FolderNotice(FileBrowserViewModel& browser, Callbacks callbacks)
-    : browser_(browser), callbacks_(std::move(callbacks)) {
+FolderNotice::FolderNotice(FileBrowserViewModel& browser, const EntryCommands& entries)
+    : browser_(browser), entries_(entries) {
     connect(&browser_.queue(), &CopyQueue::recordChanged, this, [this] {
         if (browser_.state() == BrowserState::ready && browser_.rows().count() == 0)
             showEmpty();
@@ -52,12 +52,12 @@ QString FolderNotice::unreadableText(int count) {
 }
 
 void FolderNotice::showFolderGone() {
-    if (callbacks_.isFavorite(browser_.currentPath())) {
+    if (entries_.isFavorite(browser_.currentPath())) {
         show(QStringLiteral("folder"), tr("Folder Not Found"),
              tr("This folder could not be found on the device. It may have been deleted or "
                 "moved. Would you like to remove it from your Favorites?"),
              tr("Remove from Favorites"), [this] {
-                 callbacks_.forgetFavorite();
+                 entries_.forgetFavorite();
                  browser_.navigateUp();
              });
         addChoice(tr("Keep"), [this] { browser_.navigateUp(); });
@@ -87,7 +87,7 @@ void FolderNotice::showEmpty() {
     else if (!wanted.isEmpty() && browser_.unfilteredCount() > 0)
         show(QStringLiteral("edit-find"), tr("No Matching Files"),
              tr("Nothing here has “%1” in its name.").arg(printable(wanted)),
-             tr("Clear the Filter"), [this] { callbacks_.clearFilter(); });
+             tr("Clear the Filter"), [this] { browser_.setSearchText({}); });
     else if (browser_.unreadableCount() > 0)
         show(QStringLiteral("dialog-warning"), unreadableText(browser_.unreadableCount()), {},
              tr("Retry"), [this] { browser_.reload(); });

@@ -3,9 +3,9 @@
 #include "browser/model/FileBrowserViewModel.h"
 #include "views/common/PlaceholderView.h"
 
-#include <functional>
-
 namespace tessary {
+
+class EntryCommands;
 
 /// What stands where a folder's files would be: that it is empty, being read, gone or not to be
 /// had, and what to do then.
@@ -13,14 +13,8 @@ class FolderNotice : public PlaceholderView {
     Q_OBJECT
 
 public:
-    struct Callbacks {
-        std::function<bool(const QString& path)> isFavorite;
-        std::function<void()> forgetFavorite; ///< the folder shown is none any more
-        std::function<void()> clearFilter;
-    };
-
-    /// `browser` must outlive it.
-    FolderNotice(FileBrowserViewModel& browser, Callbacks callbacks);
+    /// Both must outlive it; `entries` are the browser's.
+    FolderNotice(FileBrowserViewModel& browser, const EntryCommands& entries);
 
     /// Takes over what there is to say; false when files are to be shown instead.
     [[nodiscard]] bool takeState();
@@ -36,7 +30,7 @@ private:
     [[nodiscard]] bool isBeingFilled() const;
 
     FileBrowserViewModel& browser_;
-    const Callbacks callbacks_;
+    const EntryCommands& entries_;
 };
 
 } // namespace tessary

@@ -90,8 +90,7 @@ void PhoneChoice::followBrowsed(const DeviceInfo& active) {
 
 void PhoneChoice::openApp(const AppInfo& app, const QString& path) {
     connectApp(app, path);
-    Q_EMIT changed();
-    Q_EMIT focusWanted();
+    arrive();
 }
 
 void PhoneChoice::connectApp(const AppInfo& app, const QString& path) {
@@ -104,6 +103,12 @@ void PhoneChoice::connectApp(const AppInfo& app, const QString& path) {
     parts_.browser.connect(device->udid, app.bundleIdentifier, app.displayName, *device, path);
 }
 
+/// The user sees another page, which he went to.
+void PhoneChoice::arrive() {
+    Q_EMIT changed();
+    Q_EMIT focusWanted();
+}
+
 void PhoneChoice::openMedia() {
     const auto chosen = device();
     if (!chosen || chosen->platform != DevicePlatform::iOS)
@@ -112,8 +117,7 @@ void PhoneChoice::openMedia() {
     if (app_ && isMediaFolder(app_->bundleIdentifier) && isBrowsed(*chosen)) {
         isChoosingApp_ = false;
         parts_.browser.navigateTo(parts_.browser.rootPath());
-        Q_EMIT changed();
-        Q_EMIT focusWanted();
+        arrive();
         return;
     }
     parts_.apps.setDevice(*chosen);
@@ -127,8 +131,7 @@ void PhoneChoice::showApps() {
     leaveImport();
     isChoosingApp_ = true;
     parts_.apps.setDevice(*chosen);
-    Q_EMIT changed();
-    Q_EMIT focusWanted();
+    arrive();
 }
 
 bool PhoneChoice::isAtPhone() const {
@@ -139,8 +142,7 @@ void PhoneChoice::showPhone() {
     leaveImport();
     isChoosingApp_ = false;
     parts_.browser.showPhone();
-    Q_EMIT changed();
-    Q_EMIT focusWanted();
+    arrive();
 }
 
 void PhoneChoice::browseFiles() {
@@ -180,8 +182,7 @@ void PhoneChoice::openImport() {
     parts_.import.open(chosen->platform == DevicePlatform::iOS ? phones.openMedia(*chosen)
                                                                : phones.open(*chosen),
                        *chosen);
-    Q_EMIT changed();
-    Q_EMIT focusWanted();
+    arrive();
 }
 
 void PhoneChoice::leaveImport() {

@@ -70,6 +70,7 @@ Q_SIGNALS:
     void focusWanted(); ///< the user went somewhere: the keys go along
 
 private:
+    void arrive();
     void connectApp(const AppInfo& app, const QString& path);
     [[nodiscard]] std::optional<DeviceInfo> attached(const DeviceInfo& device) const;
     [[nodiscard]] bool isBrowsed(const DeviceInfo& device) const;
