@@ -25,6 +25,8 @@ struct Row {
     QList<QKeySequence> shortcuts;
 };
 
+constexpr auto ctrlShift = Qt::CTRL | Qt::SHIFT;
+
 // Where a Mac's file manager has other keys than a Linux desktop's. Qt's "Ctrl" is its Command key.
 #ifdef Q_OS_MACOS
 constexpr auto backKey = Qt::CTRL | Qt::Key_BracketLeft;
@@ -44,100 +46,78 @@ QList<QKeySequence> keys(auto... sequences) {
     return {QKeySequence(sequences)...};
 }
 
-const std::array<Row, 38>& commands() {
-    using Actions = BrowserActions;
-    static const std::array<Row, 38> rows{{
-        {&Actions::back, "go-previous", QT_TRANSLATE_NOOP("BrowserActions", "Back"), keys(backKey)},
-        {&Actions::forward, "go-next", QT_TRANSLATE_NOOP("BrowserActions", "Forward"),
-         keys(forwardKey)},
-        {&Actions::up, "go-up", QT_TRANSLATE_NOOP("BrowserActions", "Parent Folder"), keys(upKey)},
-        {&Actions::goTo, "edit-rename", QT_TRANSLATE_NOOP("BrowserActions", "Go to Folder…"),
-         keys(Qt::CTRL | Qt::Key_L, Qt::CTRL | Qt::SHIFT | Qt::Key_G)},
-        {&Actions::reload, "view-refresh", QT_TRANSLATE_NOOP("BrowserActions", "Reload"),
-         keys(Qt::Key_F5, Qt::CTRL | Qt::Key_R)},
-        {&Actions::open, "document-open", QT_TRANSLATE_NOOP("BrowserActions", "Open"),
-         keys(openKey)},
-        {&Actions::openInTab, "tab-new", QT_TRANSLATE_NOOP("BrowserActions", "Open in New Tab"),
+/// The context of these texts.
+class Commands {
+    Q_DECLARE_TR_FUNCTIONS(BrowserActions)
+
+public:
+    static const std::array<Row, 38>& rows();
+};
+
+const std::array<Row, 38>& Commands::rows() {
+    using A = BrowserActions;
+    static const std::array<Row, 38> all{{
+        {&A::back, "go-previous", QT_TR_NOOP("Back"), keys(backKey)},
+        {&A::forward, "go-next", QT_TR_NOOP("Forward"), keys(forwardKey)},
+        {&A::up, "go-up", QT_TR_NOOP("Parent Folder"), keys(upKey)},
+        {&A::goTo, "edit-rename", QT_TR_NOOP("Go to Folder…"),
+         keys(Qt::CTRL | Qt::Key_L, ctrlShift | Qt::Key_G)},
+        {&A::reload, "view-refresh", QT_TR_NOOP("Reload"), keys(Qt::Key_F5, Qt::CTRL | Qt::Key_R)},
+        {&A::open, "document-open", QT_TR_NOOP("Open"), keys(openKey)},
+        {&A::openInTab, "tab-new", QT_TR_NOOP("Open in New Tab"),
          keys(Qt::CTRL | Qt::Key_Return, Qt::CTRL | Qt::Key_Enter)},
-        {&Actions::newFolder, "folder-new", QT_TRANSLATE_NOOP("BrowserActions", "New Folder"),
-         keys(Qt::CTRL | Qt::SHIFT | Qt::Key_N)},
-        {&Actions::undo, "edit-undo", QT_TRANSLATE_NOOP("BrowserActions", "Undo"),
-         keys(QKeySequence::Undo)},
-        {&Actions::cut, "edit-cut", QT_TRANSLATE_NOOP("BrowserActions", "Cut"),
-         keys(QKeySequence::Cut)},
-        {&Actions::copy, "edit-copy", QT_TRANSLATE_NOOP("BrowserActions", "Copy"),
-         keys(QKeySequence::Copy)},
-        {&Actions::paste, "edit-paste", QT_TRANSLATE_NOOP("BrowserActions", "Paste"),
-         keys(QKeySequence::Paste)},
-        {&Actions::copyPath, "edit-copy-path", QT_TRANSLATE_NOOP("BrowserActions", "Copy Path"),
-         keys(Qt::CTRL | Qt::SHIFT | Qt::Key_C)},
-        {&Actions::moveTo, "edit-move", QT_TRANSLATE_NOOP("BrowserActions", "Move to…"),
-         keys(Qt::CTRL | Qt::SHIFT | Qt::Key_M)},
-        {&Actions::copyTo, "edit-copy", QT_TRANSLATE_NOOP("BrowserActions", "Copy to…"),
-         keys(Qt::CTRL | Qt::SHIFT | Qt::Key_K)},
-        {&Actions::duplicate, "edit-duplicate", QT_TRANSLATE_NOOP("BrowserActions", "Duplicate"),
-         keys(Qt::CTRL | Qt::SHIFT | Qt::Key_D)},
-        {&Actions::rename, "edit-rename", QT_TRANSLATE_NOOP("BrowserActions", "Rename"),
-         keys(Qt::Key_F2)},
-        {&Actions::remove, "edit-delete", QT_TRANSLATE_NOOP("BrowserActions", "Delete"),
-         keys(removeKey)},
-        {&Actions::download, "copyFromPhone",
-         QT_TRANSLATE_NOOP("BrowserActions", "Copy to Computer"), keys(Qt::CTRL | Qt::Key_D)},
-        {&Actions::uploadFiles, "copyToPhone",
-         QT_TRANSLATE_NOOP("BrowserActions", "Copy Files Here…"), keys(Qt::CTRL | Qt::Key_U)},
-        {&Actions::uploadFolder, "copyToPhone",
-         QT_TRANSLATE_NOOP("BrowserActions", "Copy a Folder Here…"),
-         keys(Qt::CTRL | Qt::SHIFT | Qt::Key_U)},
-        {&Actions::selectAll, "edit-select-all", QT_TRANSLATE_NOOP("BrowserActions", "Select All"),
-         keys(QKeySequence::SelectAll)},
-        {&Actions::invertSelection, "edit-select-invert",
-         QT_TRANSLATE_NOOP("BrowserActions", "Invert Selection"),
-         keys(Qt::CTRL | Qt::SHIFT | Qt::Key_I)},
-        {&Actions::find, "edit-find", QT_TRANSLATE_NOOP("BrowserActions", "Filter"),
-         keys(QKeySequence::Find)},
-        {&Actions::search, "edit-find-folders",
-         QT_TRANSLATE_NOOP("BrowserActions", "Search Below This Folder"),
-         keys(Qt::CTRL | Qt::SHIFT | Qt::Key_F)},
-        {&Actions::asList, "view-list-details", QT_TRANSLATE_NOOP("BrowserActions", "As List"),
-         keys(Qt::CTRL | Qt::Key_1)},
-        {&Actions::asGrid, "view-list-icons", QT_TRANSLATE_NOOP("BrowserActions", "As Grid"),
-         keys(Qt::CTRL | Qt::Key_2)},
-        {&Actions::zoomIn, "zoom-in", QT_TRANSLATE_NOOP("BrowserActions", "Larger Icons"),
+        {&A::newFolder, "folder-new", QT_TR_NOOP("New Folder"), keys(ctrlShift | Qt::Key_N)},
+        {&A::undo, "edit-undo", QT_TR_NOOP("Undo"), keys(QKeySequence::Undo)},
+        {&A::cut, "edit-cut", QT_TR_NOOP("Cut"), keys(QKeySequence::Cut)},
+        {&A::copy, "edit-copy", QT_TR_NOOP("Copy"), keys(QKeySequence::Copy)},
+        {&A::paste, "edit-paste", QT_TR_NOOP("Paste"), keys(QKeySequence::Paste)},
+        {&A::copyPath, "edit-copy-path", QT_TR_NOOP("Copy Path"), keys(ctrlShift | Qt::Key_C)},
+        {&A::moveTo, "edit-move", QT_TR_NOOP("Move to…"), keys(ctrlShift | Qt::Key_M)},
+        {&A::copyTo, "edit-copy", QT_TR_NOOP("Copy to…"), keys(ctrlShift | Qt::Key_K)},
+        {&A::duplicate, "edit-duplicate", QT_TR_NOOP("Duplicate"), keys(ctrlShift | Qt::Key_D)},
+        {&A::rename, "edit-rename", QT_TR_NOOP("Rename"), keys(Qt::Key_F2)},
+        {&A::remove, "edit-delete", QT_TR_NOOP("Delete"), keys(removeKey)},
+        {&A::download, "copyFromPhone", QT_TR_NOOP("Copy to Computer"), keys(Qt::CTRL | Qt::Key_D)},
+        {&A::uploadFiles, "copyToPhone", QT_TR_NOOP("Copy Files Here…"),
+         keys(Qt::CTRL | Qt::Key_U)},
+        {&A::uploadFolder, "copyToPhone", QT_TR_NOOP("Copy a Folder Here…"),
+         keys(ctrlShift | Qt::Key_U)},
+        {&A::selectAll, "edit-select-all", QT_TR_NOOP("Select All"), keys(QKeySequence::SelectAll)},
+        {&A::invertSelection, "edit-select-invert", QT_TR_NOOP("Invert Selection"),
+         keys(ctrlShift | Qt::Key_I)},
+        {&A::find, "edit-find", QT_TR_NOOP("Filter"), keys(QKeySequence::Find)},
+        {&A::search, "edit-find-folders", QT_TR_NOOP("Search Below This Folder"),
+         keys(ctrlShift | Qt::Key_F)},
+        {&A::asList, "view-list-details", QT_TR_NOOP("As List"), keys(Qt::CTRL | Qt::Key_1)},
+        {&A::asGrid, "view-list-icons", QT_TR_NOOP("As Grid"), keys(Qt::CTRL | Qt::Key_2)},
+        {&A::zoomIn, "zoom-in", QT_TR_NOOP("Larger Icons"),
          keys(Qt::CTRL | Qt::Key_Plus, Qt::CTRL | Qt::Key_Equal)},
-        {&Actions::zoomOut, "zoom-out", QT_TRANSLATE_NOOP("BrowserActions", "Smaller Icons"),
-         keys(Qt::CTRL | Qt::Key_Minus)},
-        {&Actions::zoomReset, "zoom-original",
-         QT_TRANSLATE_NOOP("BrowserActions", "Icons of Normal Size"), keys(Qt::CTRL | Qt::Key_0)},
-        {&Actions::groupByDay, "view-calendar-day",
-         QT_TRANSLATE_NOOP("BrowserActions", "Group by Day"), keys(Qt::CTRL | Qt::Key_G)},
-        {&Actions::selectDay, "edit-select", QT_TRANSLATE_NOOP("BrowserActions", "Select the Day"),
-         keys(Qt::CTRL | Qt::SHIFT | Qt::Key_S)},
-        {&Actions::showHidden, "view-hidden", QT_TRANSLATE_NOOP("BrowserActions", "Hidden Files"),
-         keys(Qt::CTRL | Qt::Key_H)},
-        {&Actions::favorite, "bookmark-new",
-         QT_TRANSLATE_NOOP("BrowserActions", "Add to Favorites"), keys(Qt::CTRL | Qt::Key_B)},
-        {&Actions::apps, "view-list-icons", QT_TRANSLATE_NOOP("BrowserActions", "Apps"),
-         keys(Qt::CTRL | Qt::SHIFT | Qt::Key_A)},
-        {&Actions::sync, "folder-sync", QT_TRANSLATE_NOOP("BrowserActions", "Sync"),
-         keys(Qt::CTRL | Qt::Key_Y)},
-        {&Actions::preview, "view-preview", QT_TRANSLATE_NOOP("BrowserActions", "Preview"),
-         keys(Qt::Key_Space)},
-        {&Actions::properties, "document-properties",
-         QT_TRANSLATE_NOOP("BrowserActions", "Properties"),
+        {&A::zoomOut, "zoom-out", QT_TR_NOOP("Smaller Icons"), keys(Qt::CTRL | Qt::Key_Minus)},
+        {&A::zoomReset, "zoom-original", QT_TR_NOOP("Icons of Normal Size"),
+         keys(Qt::CTRL | Qt::Key_0)},
+        {&A::groupByDay, "view-calendar-day", QT_TR_NOOP("Group by Day"),
+         keys(Qt::CTRL | Qt::Key_G)},
+        {&A::selectDay, "edit-select", QT_TR_NOOP("Select the Day"), keys(ctrlShift | Qt::Key_S)},
+        {&A::showHidden, "view-hidden", QT_TR_NOOP("Hidden Files"), keys(Qt::CTRL | Qt::Key_H)},
+        {&A::favorite, "bookmark-new", QT_TR_NOOP("Add to Favorites"), keys(Qt::CTRL | Qt::Key_B)},
+        {&A::apps, "view-list-icons", QT_TR_NOOP("Apps"), keys(ctrlShift | Qt::Key_A)},
+        {&A::sync, "folder-sync", QT_TR_NOOP("Sync"), keys(Qt::CTRL | Qt::Key_Y)},
+        {&A::preview, "view-preview", QT_TR_NOOP("Preview"), keys(Qt::Key_Space)},
+        {&A::properties, "document-properties", QT_TR_NOOP("Properties"),
          keys(Qt::ALT | Qt::Key_Return, Qt::ALT | Qt::Key_Enter, Qt::CTRL | Qt::Key_I)},
     }};
-    return rows;
+    return all;
 }
 
 } // namespace
 
 BrowserActions::BrowserActions(QWidget& owner) {
-    for (const Row& row : commands()) {
+    for (const Row& row : Commands::rows()) {
         auto* action = new QAction(icon(row.icon), QString(), &owner);
         action->setShortcuts(row.shortcuts);
         action->setShortcutContext(Qt::WindowShortcut);
         keepTranslated(action, [action, english = row.text] {
-            const QString text = QCoreApplication::translate("BrowserActions", english);
+            const QString text = Commands::tr(english);
             const QString shortcut = action->shortcut().toString(QKeySequence::NativeText);
             action->setText(text);
             action->setToolTip(shortcut.isEmpty() ? text
@@ -162,7 +142,7 @@ BrowserActions::BrowserActions(QWidget& owner) {
 }
 
 void useKeys(const BrowserActions& actions, bool areUsed) {
-    for (const Row& row : commands())
+    for (const Row& row : Commands::rows())
         (actions.*row.action)->setShortcuts(areUsed ? row.shortcuts : QList<QKeySequence>());
 }
 
@@ -175,7 +155,7 @@ void replaceInMenus(QAction& before, QAction& next, const QMenuBar& menus) {
 }
 
 void handOver(const BrowserActions& before, const BrowserActions& next, const QMenuBar& menus) {
-    for (const Row& row : commands())
+    for (const Row& row : Commands::rows())
         replaceInMenus(*(before.*row.action), *(next.*row.action), menus);
     useKeys(before, false);
     useKeys(next, true);
