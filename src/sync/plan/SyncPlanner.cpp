@@ -98,7 +98,7 @@ SyncPlanner::SyncPlanner(const SyncPlanInput& input) : input_(input) {
                     action.relativePath = path;
                     action.local = local;
                     action.device = device;
-                    action.record = known;
+                    action.record = isPutBack(path, local, device) ? nullptr : known;
                     Pending pending = Pending::nothing;
                     SyncReason obstacle =
                         obstacles.reasonFor(path, local != nullptr, device != nullptr);
@@ -155,6 +155,21 @@ void SyncPlanner::decideFreshOnes(bool changesRecord) {
     for (Pending& pending : pending_)
         if (pending == Pending::freshness)
             pending = changesRecord || settlesDates_ ? Pending::comparison : Pending::nothing;
+}
+
+/// Whether the side of the older record holds a file as it was then, as one that was put back from
+/// a backup does: that is no edit of what the newer record says.
+bool SyncPlanner::isPutBack(const QString& path, const SyncFile* local,
+                            const SyncFile* device) const {
+    const SyncRecord& record = orNone(input_.record);
+    const auto before = record.before.find(path);
+    const SyncFile* file = record.isOlderOnDevice ? device : local;
+    if (before == record.before.end() || file == nullptr || file->size != before->second.size)
+        return false;
+    const QDateTime date = record.isOlderOnDevice
+                               ? before->second.deviceDate().addSecs(deviceShift_.count())
+                               : before->second.modifiedDate.addSecs(localShift_.count());
+    return !file->isDated || isNear(file->date.toMSecsSinceEpoch(), date.toMSecsSinceEpoch());
 }
 
 SyncPlanner::Change SyncPlanner::change(const SyncFile& file, qint64 recordedSize,

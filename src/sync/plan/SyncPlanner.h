@@ -69,6 +69,8 @@ private:
 
     [[nodiscard]] Change localChange(const SyncPlannedAction& action) const;
     [[nodiscard]] Change deviceChange(const SyncPlannedAction& action) const;
+    [[nodiscard]] bool isPutBack(const QString& path, const SyncFile* local,
+                                 const SyncFile* device) const;
     [[nodiscard]] Change change(const SyncFile& file, qint64 recordedSize,
                                 const QDateTime& recordedDate, std::chrono::seconds shift,
                                 std::chrono::milliseconds step) const;

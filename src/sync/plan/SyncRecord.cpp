@@ -5,7 +5,6 @@
 #include <QUuid>
 
 #include <algorithm>
-#include <iterator>
 
 namespace tessary {
 
@@ -59,18 +58,16 @@ std::optional<SyncRecord> syncRecord(const std::optional<SyncManifest>& local,
                       newer.runNumber, newer.startedAt};
     if (record.isShared)
         return record;
-    // What a run did whose end only one side was told of is not known to be on the other. A side
-    // that was put back from a backup holds older files, and those are no edits.
     const SyncHostEntry& older = &newer == here ? *there : *here;
-    for (auto it = record.files.begin(); it != record.files.end();) {
-        SyncFileEntry& entry = it->second;
-        const auto before = older.files.find(it->first);
-        if (before == older.files.end() || before->second != entry)
-            entry.isContentKnown = false;
-        const bool isReplaced =
-            before != older.files.end() && (before->second.size != entry.size ||
-                                            before->second.modifiedDate != entry.modifiedDate);
-        it = isReplaced ? record.files.erase(it) : std::next(it);
+    record.isOlderOnDevice = &older == there;
+    // What a run did whose end only one side was told of is not known to be on the other.
+    for (auto& [path, entry] : record.files) {
+        const auto before = older.files.find(path);
+        if (before != older.files.end() && before->second == entry)
+            continue;
+        entry.isContentKnown = false;
+        if (before != older.files.end())
+            record.before.emplace_hint(record.before.end(), path, before->second);
     }
     return record;
 }

@@ -17,7 +17,9 @@ struct SyncRecord {
     /// deleted, and only then is any content known.
     bool isShared = false;
     qint64 runNumber = 0;
-    QDateTime startedAt; ///< when the run that wrote it began
+    QDateTime startedAt;          ///< when the run that wrote it began
+    SyncFiles before{};           ///< of files that the older of two records has otherwise, its say
+    bool isOlderOnDevice = false; ///< where that one lies
 };
 
 /// The key of a pair's entry in manifests: the same for the same computer, device, app or storage
@@ -26,7 +28,7 @@ struct SyncRecord {
 
 /// The record of a pair out of the manifests of both sides. No value when a side has none: its disk
 /// or card may be another one, and nothing that the other side remembers is about it. Of two runs
-/// the newer one's counts, but of files that were replaced between them nothing is known.
+/// the newer one's counts.
 [[nodiscard]] std::optional<SyncRecord> syncRecord(const std::optional<SyncManifest>& local,
                                                    const std::optional<SyncManifest>& device,
                                                    const QString& hostID, const SyncPair& pair);
