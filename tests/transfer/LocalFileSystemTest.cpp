@@ -1,6 +1,7 @@
 #include "transfer/local/LocalFileSystem.h"
 
 #include "base/text/PathNames.h"
+#include "phone/PartNames.h"
 #include "support/CodeOf.h"
 #include "support/FileBytes.h"
 #include "support/QtPrinters.h"
@@ -9,6 +10,7 @@
 #include <gmock/gmock.h>
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -119,6 +121,20 @@ TEST_F(LocalFileSystemTest, removalsTakeWhatWasSeenAndNoMore) {
     files.removeTree(item(u"tree"_s), {});
     EXPECT_THAT(disk.names(u"base"_s), IsEmpty());
     EXPECT_TRUE(disk.has(u"elsewhere/keep.txt"_s));
+}
+
+TEST_F(LocalFileSystemTest, aPartThatAnotherProgramGoesOnWithGetsNoName) {
+    const QString name = resumablePartName(u"film"_s);
+    const FileItem part = write(disk.path(u"base"_s), name, "whole");
+    const auto giveName = [&] { (void)files.rename(part, u"film"_s, TakenName::refused, {}); };
+    {
+        const FileHandle other(::open(at(name).toUtf8().constData(), O_WRONLY | O_CLOEXEC));
+        ASSERT_EQ(::flock(other.get(), LOCK_EX), 0);
+        EXPECT_EQ(codeOf(giveName), "changed");
+        ASSERT_EQ(::ftruncate(other.get(), 2), 0);
+    }
+    EXPECT_EQ(codeOf(giveName), "changed") << "it died over that";
+    EXPECT_THAT(disk.names(u"base"_s), ElementsAre(name));
 }
 
 TEST_F(LocalFileSystemTest, rulesComeFromTheKindOfDisk) {

@@ -6,6 +6,7 @@
 #include "base/local/Unfinished.h"
 #include "base/text/PathNames.h"
 #include "base/threads/CancellationError.h"
+#include "phone/PartNames.h"
 #include "transfer/local/LocalContent.h"
 
 #include <QDir>
@@ -84,6 +85,23 @@ void requireTaken(const FileHandle& file, const QString& path) {
 void requireOnlyWriter(const FileHandle& file, const QString& path) {
     if (::flock(file.get(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK)
         throw Error(LocalError::changed, {path});
+}
+
+/// Holds a part that can be gone on with while it gets its name. Another program that does so might
+/// have cut it again, or have died over that: then it is not what was written.
+FileHandle heldPart(int folder, const QByteArray& name, const FileItem& item) {
+    const auto part = partNameOf(lastComponent(item.path), {});
+    if (!part || part->kind != PartName::Kind::resumable)
+        return FileHandle();
+    FileHandle held(
+        ::openat(folder, name.constData(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+    struct stat facts {};
+    if (!held.isOpen() || ::fstat(held.get(), &facts) != 0)
+        throw localFailure(LocalError::cannotRename, item.path, errno);
+    requireOnlyWriter(held, item.path);
+    if (facts.st_size != item.size)
+        throw Error(LocalError::changed, {item.path});
+    return held;
 }
 
 /// On a disk that may know a file's size before it has the bytes, what is to stay of one that
@@ -294,11 +312,16 @@ FileItem LocalFileSystem::append(const FileItem& begun, qint64 keptBytes, const 
     const Place place = placeOf(begun.path);
     const FileHandle opened(::openat(place.folder.get(), place.name.constData(),
                                      O_WRONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
-    struct stat facts {};
-    if (!opened.isOpen() || ::fstat(opened.get(), &facts) != 0)
+    if (!opened.isOpen())
         throw localFailure(LocalError::cannotWrite, begun.path, errno);
     requireOnlyWriter(opened, begun.path);
-    if (!S_ISREG(facts.st_mode) || facts.st_size != begun.size || keptBytes > begun.size)
+    struct stat facts {};
+    struct stat named {}; // as something else, once another program has finished it
+    if (::fstat(opened.get(), &facts) != 0 ||
+        ::fstatat(place.folder.get(), place.name.constData(), &named, AT_SYMLINK_NOFOLLOW) != 0)
+        throw localFailure(LocalError::cannotWrite, begun.path, errno);
+    if (!S_ISREG(facts.st_mode) || facts.st_size != begun.size || keptBytes > begun.size ||
+        named.st_dev != facts.st_dev || named.st_ino != facts.st_ino)
         throw Error(LocalError::changed, {begun.path});
     if (::ftruncate(opened.get(), keptBytes) != 0 ||
         ::lseek(opened.get(), keptBytes, SEEK_SET) != keptBytes)
@@ -330,6 +353,8 @@ FileItem LocalFileSystem::fill(const FileHandle& opened, qint64 done, const NewF
     struct stat facts {};
     if (::fstat(opened.get(), &facts) != 0)
         throw localFailure(LocalError::cannotWrite, path, errno);
+    if (file.staysWhenBroken) // a child that has not become its program yet would still hold it
+        (void)::flock(opened.get(), LOCK_UN);
     return itemOf(facts, file.name, path);
 }
 
@@ -379,6 +404,7 @@ FileItem LocalFileSystem::rename(const FileItem& item, const QString& newName, T
     const bool isItself = newName != lastComponent(item.path) &&
                           rules.key(newName) == rules.key(lastComponent(item.path)) &&
                           !isListed(folder, name);
+    const FileHandle held = heldPart(folder, place.name, item);
     // A folder would take the place of an empty one without a word.
     const int result = taken == TakenName::replaced && !item.isDirectory
                            ? ::renameat(folder, place.name.constData(), folder, name.constData())
