@@ -1,6 +1,7 @@
 // What a run does when something is in its way: files that are refused, listings that break off,
 // records that are lost, another run.
 
+#include "phone/PartNames.h"
 #include "support/TemporaryFolder.h"
 #include "sync/MemoryPair.h"
 #include "sync/plan/SyncError.h"
@@ -308,6 +309,23 @@ TEST(SyncRunFailuresTest, movedFilesThatMayNotBeOnTheDiskKeepTheirSources) {
     pair.beforeCall = nullptr;
     EXPECT_EQ(pair.goodRun().items.size(), 3U);
     EXPECT_EQ(pair.thereContents(), "");
+}
+
+TEST(SyncRunFailuresTest, aFolderIsNotMovedIntoItself) {
+    MemoryPair pair;
+    pair.pair.syncMode = SyncMode::toPhone;
+    pair.pair.moveFilesEnabled = true;
+    for (const bool onDevice : {false, true})
+        pair.put(onDevice, u"a"_s, "a");
+    // The phone's folder, shown here by another program: what this one gets, that one has.
+    pair.beforeCall = [&](const MemoryFileSystem::Request& request) {
+        if (request.operation == Operation::find)
+            for (const auto& [name, file] : pair.all(false))
+                if (isPartName(name))
+                    pair.device().addFile(MemoryPair::path(true, name), file.content, file.date);
+    };
+    EXPECT_EQ(paths(pair.runTo(Outcome::incomplete).skipped), u"a"_s);
+    EXPECT_EQ(pair.hereContents(), "a=a");
 }
 
 TEST(SyncRunFailuresTest, openQuestionHoldsUpNobodyAndIsAskedAgainWhereItChanged) {

@@ -2,6 +2,7 @@
 
 #include "base/text/ByteCount.h"
 #include "base/threads/CancellationError.h"
+#include "phone/PartNames.h"
 #include "sync/plan/SyncError.h"
 #include "transfer/copy/CopyErrors.h"
 #include "transfer/copy/FileCopy.h"
@@ -34,9 +35,34 @@ void SyncRemovals::noteEmptied(bool onDevice, const QString& folder) {
     (onDevice ? deviceEmptied_ : localEmptied_).insert(folder);
 }
 
+/// A phone's folder that another program shows as one of this computer's would have each of its
+/// files taken for that file's copy.
+void SyncRemovals::requireTwoFolders() {
+    if (areTwoFolders_)
+        return;
+    Call whole = transfer_.call();
+    whole.stop = {};
+    SyncSide& here = transfer_.side(false);
+    const QString name = newPartName(whole.partOwner);
+    const FileItem sign = here.files().write(
+        {here.pathOf({}), name, 0, {}}, [](std::span<std::byte>) { return std::size_t{0}; }, {},
+        whole);
+    try {
+        areTwoFolders_ = !transfer_.side(true).findFile(name, whole);
+    } catch (...) {
+        here.files().remove(sign, whole);
+        throw;
+    }
+    here.files().remove(sign, whole);
+    if (!areTwoFolders_)
+        throw Error(PhoneError::insideItself, {here.pathOf({})});
+}
+
 /// Copies are there for good, and no record speaks of them any more. Leaves in `moved` those whose
 /// sources may go.
 void SyncRemovals::prepare(std::vector<Moved>& moved) {
+    if (!moved.empty())
+        requireTwoFolders();
     if (std::any_of(moved.begin(), moved.end(), [](const Moved& one) { return !one.toDevice; }))
         computer_.flush();
     QStringList recorded;

@@ -40,6 +40,7 @@ public:
 private:
     void removeSources();
     void prepare(std::vector<Moved>& moved);
+    void requireTwoFolders();
 
     SyncTransfer& transfer_;
     const SyncComputer& computer_;
@@ -47,6 +48,7 @@ private:
     const ForgetFiles forget_;
     std::vector<Moved> moved_; ///< whose sources are still there
     qint64 movedBytes_ = 0;
+    bool areTwoFolders_ = false; ///< as far as it was asked
     std::set<QString> localEmptied_;
     std::set<QString> deviceEmptied_;
 };
