@@ -129,7 +129,7 @@ int main(int argc, char** argv) {
 
     const bool isDemo = parser.isSet(demo);
 
-    ApplicationWindows* shown = nullptr;
+    QWidget* shown = nullptr;
     // The virtual phones may be tried beside the real ones.
     SingleInstance instance(isDemo ? QStringLiteral("tessary-demo") : QStringLiteral("tessary"));
     if (instance.claim(
@@ -137,7 +137,7 @@ int main(int argc, char** argv) {
                 if (!token.isEmpty())
                     qputenv(activationToken, token);
                 if (shown != nullptr)
-                    shown->showAgain();
+                    bringToFront(*shown);
             },
             qgetenv(activationToken)) == SingleInstance::Outcome::raisedOther)
         return 0;
@@ -185,8 +185,8 @@ int main(int argc, char** argv) {
     const CopyQueue& copies = app.copyQueue();
     QObject::connect(&copies, &CopyQueue::summaryChanged, &windows,
                      [&] { taskbar.show(copies.summary().fractionDone()); });
-    shown = &windows;
-    windows.start();
+    shown = &window;
+    bringToFront(window);
     if (const QString address = isDemo ? phones.virtualPhones->straightAddress() : QString();
         !address.isEmpty())
         runInBackground(

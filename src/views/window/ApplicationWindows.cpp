@@ -18,16 +18,7 @@ void bringToFront(QWidget& window) {
 ApplicationWindows::ApplicationWindows(QWidget& mainWindow) : mainWindow_(mainWindow) {
     QApplication::setQuitOnLastWindowClosed(false); // quitWithoutWindows() decides
     qApp->installEventFilter(this);
-}
-
-void ApplicationWindows::start() {
-    bringToFront(mainWindow_);
-    QMetaObject::invokeMethod(
-        this, [this] { limitHeight(); }, Qt::QueuedConnection);
-}
-
-void ApplicationWindows::showAgain() {
-    bringToFront(mainWindow_);
+    QMetaObject::invokeMethod(this, &ApplicationWindows::limitHeight, Qt::QueuedConnection);
 }
 
 void ApplicationWindows::limitHeight() {

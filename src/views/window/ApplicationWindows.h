@@ -16,13 +16,8 @@ public:
     static constexpr int tallestWindow = 900;
     static constexpr int sensibleHeight = 750;
 
-    /// `mainWindow` must outlive this.
+    /// `mainWindow` must outlive this. Its height is seen to soon after.
     explicit ApplicationWindows(QWidget& mainWindow);
-
-    /// Once at start: brings the main window to the front, and sees to its height soon after.
-    void start();
-    /// The program was started again: brings the main window to the front.
-    void showAgain();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

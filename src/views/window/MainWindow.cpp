@@ -63,14 +63,20 @@ MainWindow::MainWindow(TessaryApp& app, CopyDialogs dialogs, OpenLocalFile openL
     importAction_->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_P));
     connect(importAction_, &QAction::triggered, this, [this] { choice().openImport(); });
     connectSidebar();
-    connectTabs();
+    connect(tabs_, &Tabs::currentChanged, this, &MainWindow::tabChanged);
+    connect(tabs_, &Tabs::closeWanted, this, &MainWindow::closeTab);
     stateStore_ = new WindowStateStore(
         {*this, *split_,
          [this] {
              return WindowStateStore::Shown{browser(), browserView().columns()};
          }},
         app.defaults());
-    keepTranslated(this, [this] { showTexts(); });
+    keepTranslated(this, [this] {
+        importAction_->setText(tr("Import Photos…"));
+        setWindowTitle(app_.setup().isDemo ? tr("Tessary: Virtual Phones")
+                                           : QStringLiteral("Tessary"));
+        setLocale(QLocale()); // dates and numbers of every view in it
+    });
     makePlain(*this);
     if (const auto& notifier = app.setup().notifier; notifier && first == nullptr)
         transferNotice_ = std::make_unique<TransferNotice>(
@@ -151,14 +157,11 @@ void MainWindow::showTab(PhoneTab& tab) {
 void MainWindow::closeTab(PhoneTab& tab) {
     if (tabs_->all().size() == 1)
         close();
-    else if (!tab.isChanging() || mayEnd(false, true))
-        endTab(tab);
-}
-
-void MainWindow::endTab(PhoneTab& closed) {
-    tabs_->close(closed);
-    Q_EMIT firstWindow().placesChanged();
-    tab().view().takeClipboard(closed.view());
+    else if (!tab.isChanging() || mayEnd(false, true)) {
+        tabs_->close(tab);
+        Q_EMIT firstWindow().placesChanged();
+        browserView().takeClipboard(tab.view());
+    }
 }
 
 MainWindow& MainWindow::firstWindow() {
@@ -178,12 +181,9 @@ MainWindow& MainWindow::openWindow(const TabPlace& place) {
     return *window;
 }
 
-bool MainWindow::isTheOnlyOne() const {
-    const auto windows = QApplication::topLevelWidgets();
-    return std::none_of(windows.begin(), windows.end(), [this](const QWidget* each) {
-        return each != this && each->isVisible() &&
-               qobject_cast<const MainWindow*>(each) != nullptr;
-    });
+bool MainWindow::isTheOnlyOne() {
+    return std::ranges::none_of(
+        allWindows(), [this](const MainWindow* each) { return each != this && each->isVisible(); });
 }
 
 std::vector<MainWindow*> MainWindow::allWindows() {
@@ -220,11 +220,6 @@ void MainWindow::connectSidebar() {
             &MainWindow::deviceListChanged);
 }
 
-void MainWindow::connectTabs() {
-    connect(tabs_, &Tabs::currentChanged, this, &MainWindow::tabChanged);
-    connect(tabs_, &Tabs::closeWanted, this, &MainWindow::closeTab);
-}
-
 MainWindow::~MainWindow() {
     // The views show what the members below hold: they go first.
     for (const QPointer<MainWindow>& other : others_)
@@ -239,12 +234,6 @@ MainWindow::~MainWindow() {
     delete wireless_;
     delete history_;
     delete takeCentralWidget();
-}
-
-void MainWindow::showTexts() {
-    importAction_->setText(tr("Import Photos…"));
-    setWindowTitle(app_.setup().isDemo ? tr("Tessary: Virtual Phones") : QStringLiteral("Tessary"));
-    setLocale(QLocale()); // dates and numbers of every view in it
 }
 
 void MainWindow::showSettings() {

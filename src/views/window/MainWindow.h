@@ -109,19 +109,16 @@ protected:
 
 private:
     [[nodiscard]] Sidebar::Callbacks sidebarCallbacks();
-    [[nodiscard]] bool isTheOnlyOne() const;
+    [[nodiscard]] bool isTheOnlyOne();
     [[nodiscard]] MainWindow& firstWindow();
     [[nodiscard]] PhoneTab* makeTab();
     [[nodiscard]] QWidget* makeContent();
     void makeMenus();
     void connectSidebar();
-    void connectTabs();
     void showHelp();
-    void showTexts();
     void showSync(const QWidget& anchor);
     void deviceListChanged();
     void tabChanged();
-    void endTab(PhoneTab& closed);
     void chooseFirst();
     void followTab();
     [[nodiscard]] bool isChanging() const;
