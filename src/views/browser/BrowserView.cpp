@@ -12,7 +12,6 @@
 #include "views/common/TableColumns.h"
 #include "views/listing/FileGridView.h"
 #include "views/listing/FileTableView.h"
-#include "views/listing/FileViews.h"
 #include "views/listing/FolderPositions.h"
 
 #include <QAbstractItemView>
@@ -86,7 +85,6 @@ BrowserView::BrowserView(FileBrowserViewModel& browser, CopyDialogs dialogs,
         connect(page, &QWidget::customContextMenuRequested, this, &BrowserView::showContextMenu);
     }
     for (QAbstractItemView* view : std::initializer_list<QAbstractItemView*>{table_, grid_}) {
-        connectSelection(*view, model_, browser_);
         view->viewport()->installEventFilter(this);
         connect(view, &QAbstractItemView::doubleClicked, this, &BrowserView::doubleClicked);
     }

@@ -4,7 +4,6 @@
 #include "views/common/Layouts.h"
 #include "views/listing/FileViews.h"
 #include "views/listing/GridItemDelegate.h"
-#include "views/listing/ThumbnailStore.h"
 
 #include <QAccessible>
 #include <QCursor>
@@ -37,7 +36,7 @@ FileGridView::FileGridView(FileBrowserViewModel& browser, FileListModel& model, 
           parent),
       delegate_(new GridItemDelegate(this)) {
     setObjectName(QStringLiteral("fileGrid"));
-    setUpListing(*this, model, delegate_);
+    setUpListing(*this, model, browser, delegate_);
     setModelColumn(FileListModel::nameColumn);
     setViewMode(QListView::IconMode);
     setMovement(QListView::Static);
@@ -55,7 +54,6 @@ FileGridView::FileGridView(FileBrowserViewModel& browser, FileListModel& model, 
     setAutoFillBackground(true);
     setBackgroundRole(QPalette::Base);
     viewport()->setAttribute(Qt::WA_Hover);
-    showThumbnails(*this, model, browser);
 }
 
 void FileGridView::fitPictures() {
@@ -89,7 +87,7 @@ int FileGridView::columns() const {
 }
 
 QPoint FileGridView::inContent(const QPoint& place) const {
-    return place + QPoint(horizontalOffset(), verticalOffset());
+    return place + QPoint(0, verticalOffset());
 }
 
 QModelIndex FileGridView::nameOf(int entry) const {
@@ -99,7 +97,7 @@ QModelIndex FileGridView::nameOf(int entry) const {
 QRect FileGridView::visualRect(const QModelIndex& index) const {
     if (!index.isValid())
         return {};
-    return grid().cell(index.row()).translated(-horizontalOffset(), -verticalOffset());
+    return grid().cell(index.row()).translated(0, -verticalOffset());
 }
 
 QModelIndex FileGridView::indexAt(const QPoint& place) const {
@@ -178,7 +176,7 @@ void FileGridView::paintEvent(QPaintEvent* event) {
     QPainter painter(viewport());
     QStyleOptionViewItem option;
     initViewItemOption(&option);
-    const QRect area = event->rect().translated(horizontalOffset(), verticalOffset());
+    const QRect area = event->rect().translated(0, verticalOffset());
     for (const auto& [first, last] : grid().entriesIn(area))
         for (int entry = first; entry <= last; ++entry)
             paintEntry(painter, option, entry);
@@ -206,7 +204,7 @@ void FileGridView::paintHeading(QPainter& painter, int section) const {
     const auto [first, last] = grid().entriesOf(section);
     const QRect place = grid()
                             .heading(section)
-                            .translated(-horizontalOffset(), -verticalOffset())
+                            .translated(0, -verticalOffset())
                             .adjusted(beforeHeading, aboveHeading, -beforeHeading, -belowHeading);
     painter.save();
     painter.setFont(demiBold(font()));

@@ -3,10 +3,8 @@
 #include "views/common/TableColumns.h"
 #include "views/listing/FileItemDelegate.h"
 #include "views/listing/FileViews.h"
-#include "views/listing/ThumbnailStore.h"
 
 #include <QHeaderView>
-#include <QMouseEvent>
 #include <QPainter>
 
 #include <algorithm>
@@ -28,7 +26,7 @@ FileTableView::FileTableView(FileBrowserViewModel& browser, FileListModel& model
           browser, [this](const QRect& content) { return rowsIn(content); }, parent),
       columns_(nullptr) {
     setObjectName(QStringLiteral("fileTable"));
-    setUpListing(*this, model, new FileItemDelegate(this));
+    setUpListing(*this, model, browser, new FileItemDelegate(this));
     setRootIsDecorated(false);
     setUniformRowHeights(true);
     setAlternatingRowColors(true);
@@ -56,7 +54,6 @@ FileTableView::FileTableView(FileBrowserViewModel& browser, FileListModel& model
                  [isSearch] { return !isSearch(); }},
                 {FileListModel::folderColumn, Name("folder"), 230, 0, false, isSearch}});
     connect(&browser, &FileBrowserViewModel::searchedNameChanged, columns_, &TableColumns::fit);
-    showThumbnails(*this, model, browser);
 }
 
 void FileTableView::resizeEvent(QResizeEvent* event) {

@@ -4,6 +4,7 @@
 #include "views/common/Icons.h"
 #include "views/listing/DragOut.h"
 #include "views/listing/FileItemDelegate.h"
+#include "views/listing/ThumbnailStore.h"
 
 #include <QAbstractItemView>
 #include <QCoreApplication>
@@ -49,18 +50,54 @@ QItemSelection rangesOf(const FileListModel& model, const QSet<QString>& ids) {
     return selection;
 }
 
+void connectSelection(QAbstractItemView& view, FileListModel& model,
+                      FileBrowserViewModel& browser) {
+    QItemSelectionModel* selection = view.selectionModel();
+    const auto take = [&browser, selection] {
+        const QString current = selection->currentIndex()
+                                    .siblingAtColumn(FileListModel::nameColumn)
+                                    .data(FileListModel::idRole)
+                                    .toString();
+        browser.selection().set(selectedIds(*selection), current);
+    };
+    QObject::connect(selection, &QItemSelectionModel::selectionChanged, &browser, take);
+    QObject::connect(&browser, &FileBrowserViewModel::sortOrderChanged, &view, [&view, selection] {
+        if (selection->isSelected(view.currentIndex()))
+            view.scrollTo(view.currentIndex()); // it stays in sight
+    });
+    QObject::connect(
+        &browser.selection(), &EntrySelection::changed, selection,
+        [&view, &model, &browser, selection] {
+            if (selectedIds(*selection) == browser.selection().ids())
+                return;
+            const QSignalBlocker quiet(&browser.selection());
+            const QSet<QString> ids = browser.selection().ids();
+            const auto current = browser.selection().currentId();
+            const QModelIndex index = current ? model.indexOf(*current) : QModelIndex();
+            // By way of the view: with Shift its next key or click goes on from there, and not from
+            // where it was used last.
+            view.setCurrentIndex(index.isValid() ? index : view.currentIndex());
+            selection->select(rangesOf(model, ids),
+                              QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+            if (index.isValid())
+                view.scrollTo(index);
+        });
+}
+
 } // namespace
 
-void setUpListing(QAbstractItemView& view, FileListModel& model, FileItemDelegate* delegate) {
+void setUpListing(QAbstractItemView& view, FileListModel& model, FileBrowserViewModel& browser,
+                  FileItemDelegate* delegate) {
     view.setModel(&model);
     view.setItemDelegate(delegate);
     view.setSelectionMode(QAbstractItemView::ExtendedSelection);
     view.setSelectionBehavior(QAbstractItemView::SelectRows);
     view.setEditTriggers(QAbstractItemView::NoEditTriggers); // but by the action's key
     view.setDragDropMode(QAbstractItemView::DragOnly);       // drops are the browser view's
-    view.setContextMenuPolicy(Qt::CustomContextMenu);
     view.setFrameShape(QFrame::NoFrame);
     view.setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    connectSelection(view, model, browser);
+    showThumbnails(view, model, browser);
 }
 
 void dropSelectionBeside(QAbstractItemView& view, const QMouseEvent& press) {
@@ -108,40 +145,6 @@ void dragSelected(QAbstractItemView& view, FileBrowserViewModel& browser) {
     // The data lives as long as the drag, which the view's end would take along.
     if (const auto problem = drag ? data->problem() : std::nullopt)
         browser.showProblem(*problem);
-}
-
-void connectSelection(QAbstractItemView& view, FileListModel& model,
-                      FileBrowserViewModel& browser) {
-    QItemSelectionModel* selection = view.selectionModel();
-    const auto take = [&browser, selection] {
-        const QString current = selection->currentIndex()
-                                    .siblingAtColumn(FileListModel::nameColumn)
-                                    .data(FileListModel::idRole)
-                                    .toString();
-        browser.selection().set(selectedIds(*selection), current);
-    };
-    QObject::connect(selection, &QItemSelectionModel::selectionChanged, &browser, take);
-    QObject::connect(&browser, &FileBrowserViewModel::sortOrderChanged, &view, [&view, selection] {
-        if (selection->isSelected(view.currentIndex()))
-            view.scrollTo(view.currentIndex()); // it stays in sight
-    });
-    QObject::connect(
-        &browser.selection(), &EntrySelection::changed, selection,
-        [&view, &model, &browser, selection] {
-            if (selectedIds(*selection) == browser.selection().ids())
-                return;
-            const QSignalBlocker quiet(&browser.selection());
-            const QSet<QString> ids = browser.selection().ids();
-            const auto current = browser.selection().currentId();
-            const QModelIndex index = current ? model.indexOf(*current) : QModelIndex();
-            // By way of the view: with Shift its next key or click goes on from there, and not from
-            // where it was used last.
-            view.setCurrentIndex(index.isValid() ? index : view.currentIndex());
-            selection->select(rangesOf(model, ids),
-                              QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
-            if (index.isValid())
-                view.scrollTo(index);
-        });
 }
 
 } // namespace tessary

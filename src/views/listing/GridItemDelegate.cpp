@@ -30,17 +30,21 @@ QRect nameOf(const QStyleOptionViewItem& option) {
     return {cell.left() + margin, top, cell.width() - 2 * margin, cell.bottom() + 1 - top};
 }
 
-/// The lines of a name.
-QRect linesPlace(const QStyleOptionViewItem& option, const QStringList& lines) {
-    const int height = QFontMetrics(option.font).lineSpacing() * static_cast<int>(lines.size());
-    return {nameOf(option).topLeft(), QSize(nameOf(option).width(), height)};
-}
+/// The lines that a name takes, and where they and the whole entry stand.
+struct Placed {
+    explicit Placed(const QStyleOptionViewItem& option)
+        : lines(GridItemDelegate::linesOf(option.text, option.font, nameOf(option).width())),
+          name(nameOf(option).topLeft(),
+               QSize(nameOf(option).width(),
+                     QFontMetrics(option.font).lineSpacing() * static_cast<int>(lines.size()))),
+          ground((pictureOf(option) | name)
+                     .adjusted(-margin, -margin, margin, margin)
+                     .intersected(option.rect)) {}
 
-QRect groundAround(const QStyleOptionViewItem& option, const QRect& name) {
-    return (pictureOf(option) | name)
-        .adjusted(-margin, -margin, margin, margin)
-        .intersected(option.rect);
-}
+    QStringList lines;
+    QRect name;
+    QRect ground;
+};
 
 } // namespace
 
@@ -84,10 +88,8 @@ void GridItemDelegate::paint(QPainter* painter, const QStyleOptionViewItem& plai
     const QPalette::ColorGroup group =
         (option.state & QStyle::State_Active) != 0 ? QPalette::Active : QPalette::Inactive;
     const QColor accent = option.palette.color(group, QPalette::Highlight);
-    const QStringList lines = linesOf(option.text, option.font, nameOf(option).width());
-    const QFontMetrics metrics(option.font);
-    const QRect name = linesPlace(option, lines);
-    const QRect ground = groundAround(option, name);
+    const auto [lines, name, ground] = Placed(option);
+    const int height = QFontMetrics(option.font).lineSpacing();
 
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
@@ -114,10 +116,9 @@ void GridItemDelegate::paint(QPainter* painter, const QStyleOptionViewItem& plai
     painter->setPen(
         option.palette.color(group, isSelected ? QPalette::HighlightedText : QPalette::Text));
     for (qsizetype i = 0; i < lines.size(); ++i)
-        painter->drawText(QRect(name.left(),
-                                name.top() + metrics.lineSpacing() * static_cast<int>(i),
-                                name.width(), metrics.lineSpacing()),
-                          Qt::AlignHCenter | Qt::AlignVCenter | Qt::TextSingleLine, lines[i]);
+        painter->drawText(
+            QRect(name.left(), name.top() + height * static_cast<int>(i), name.width(), height),
+            Qt::AlignHCenter | Qt::AlignVCenter | Qt::TextSingleLine, lines[i]);
     if (hasFocus && !isSelected) {
         painter->setPen(QPen(accent, 1, Qt::DotLine));
         painter->setBrush(Qt::NoBrush);
@@ -130,8 +131,7 @@ QRect GridItemDelegate::groundOf(const QStyleOptionViewItem& plain,
                                  const QModelIndex& index) const {
     QStyleOptionViewItem option = plain;
     initStyleOption(&option, index);
-    const QStringList lines = linesOf(option.text, option.font, nameOf(option).width());
-    return groundAround(option, linesPlace(option, lines));
+    return Placed(option).ground;
 }
 
 QSize GridItemDelegate::sizeHint(const QStyleOptionViewItem& option,
