@@ -30,11 +30,6 @@ namespace {
 constexpr int iconSide = 64;
 constexpr int valueWidth = 330;
 
-bool hasFolder(const std::vector<FileItem>& items) {
-    return std::any_of(items.begin(), items.end(),
-                       [](const FileItem& item) { return item.isDirectory; });
-}
-
 /// Room for breaks in a long path: without them it cannot be wrapped.
 QString breakable(QString text) {
     return text.replace(QLatin1Char('/'), QStringLiteral("/\u200B"));
@@ -58,7 +53,6 @@ PropertiesDialog::PropertiesDialog(std::shared_ptr<PhoneFileSystem> files,
       files_(std::move(files)),
       items_(std::move(items)),
       form_(new QFormLayout),
-      title_(new QLabel),
       note_(new QLabel),
       busy_(new QProgressBar),
       stopButton_(new QPushButton) {
@@ -73,14 +67,23 @@ PropertiesDialog::PropertiesDialog(std::shared_ptr<PhoneFileSystem> files,
     form_->setHorizontalSpacing(16);
     form_->setVerticalSpacing(9);
     form_->setLabelAlignment(Qt::AlignRight | Qt::AlignTop);
-    kind_ = addRow(QT_TR_NOOP("Kind"), "propertiesKind");
+    const FileItem& first = items_.front();
+    const bool isOne = items_.size() == 1;
+    const bool isOfOneKind = std::ranges::all_of(
+        items_, [&](FileCategory kind) { return kind == first.category(); }, &FileItem::category);
+    addRow(QT_TR_NOOP("Kind"), "propertiesKind", [&first, isOfOneKind] {
+        return isOfOneKind ? displayName(first.category()) : tr("Various kinds");
+    });
     size_ = addRow(QT_TR_NOOP("Size"), "propertiesSize");
-    if (hasFolder(items_))
+    if (std::ranges::any_of(items_, &FileItem::isDirectory))
         content_ = addRow(QT_TR_NOOP("Content"), "propertiesContent");
-    if (items_.size() == 1)
-        date_ = addRow(QT_TR_NOOP("Date Modified"), "propertiesDate");
-    path_ =
-        addRow(items_.size() == 1 ? QT_TR_NOOP("Path") : QT_TR_NOOP("Folder"), "propertiesPath");
+    if (isOne)
+        addRow(QT_TR_NOOP("Date Modified"), "propertiesDate",
+               [&first] { return dateText(first.modifiedDate); });
+    addRow(isOne ? QT_TR_NOOP("Path") : QT_TR_NOOP("Folder"), "propertiesPath",
+           [path = files_->canonicalPath(isOne ? first.path : parentPath(first.path))] {
+               return breakable(printable(path));
+           });
     column->addLayout(form_);
 
     auto* counting = new QHBoxLayout;
@@ -107,8 +110,11 @@ PropertiesDialog::PropertiesDialog(std::shared_ptr<PhoneFileSystem> files,
             count_.bytes = addByteCounts(count_.bytes, std::max(item.size, qint64{0}));
         }
     keepTranslated(this, [this, close] {
+        setWindowTitle(tr("Properties"));
         close->setText(tr("Close"));
-        setTexts();
+        stopButton_->setText(tr("Stop Counting"));
+        busy_->setAccessibleName(tr("Counting the content"));
+        showCount();
     });
     if (content_ != nullptr)
         startCount();
@@ -122,25 +128,33 @@ PropertiesDialog::~PropertiesDialog() {
 void PropertiesDialog::makeHeading(QVBoxLayout& column) {
     auto* picture = new QLabel;
     const QString first = items_.front().iconName();
-    const bool isOfOneKind = std::all_of(items_.begin(), items_.end(), [&](const FileItem& item) {
-        return item.iconName() == first;
-    });
+    const bool isOfOneKind = std::ranges::all_of(
+        items_, [&](const QString& name) { return name == first; }, &FileItem::iconName);
     picture->setPixmap(
         icon(isOfOneKind ? first : QStringLiteral("text-x-generic")).pixmap(iconSide, iconSide));
-    title_->setObjectName(QStringLiteral("propertiesTitle"));
-    title_->setTextFormat(Qt::PlainText);
-    title_->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    title_->setFont(demiBold(scaled(title_->font(), 1.2)));
-    title_->setWordWrap(true);
-    title_->setMinimumWidth(valueWidth);
+    auto* title = new QLabel;
+    title->setObjectName(QStringLiteral("propertiesTitle"));
+    title->setTextFormat(Qt::PlainText);
+    title->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    title->setFont(demiBold(scaled(title->font(), 1.2)));
+    title->setWordWrap(true);
+    title->setMinimumWidth(valueWidth);
+    keepTranslated(title, [this, title] {
+        constexpr int shownLines = 4;
+        title->setText(items_.size() > 1 ? tr("%Ln items", nullptr, static_cast<int>(items_.size()))
+                                         : title->fontMetrics().elidedText(
+                                               printable(items_.front().name), Qt::ElideMiddle,
+                                               valueWidth * shownLines));
+    });
     auto* row = new QHBoxLayout;
     row->setSpacing(14);
     row->addWidget(picture);
-    row->addWidget(title_, 1);
+    row->addWidget(title, 1);
     column.addLayout(row);
 }
 
-QLabel* PropertiesDialog::addRow(const char* title, const char* objectName) {
+QLabel* PropertiesDialog::addRow(const char* title, const char* objectName,
+                                 std::function<QString()> text) {
     auto* heading = new QLabel;
     heading->setForegroundRole(QPalette::PlaceholderText);
     auto* value = new QLabel;
@@ -150,32 +164,12 @@ QLabel* PropertiesDialog::addRow(const char* title, const char* objectName) {
     value->setWordWrap(true);
     value->setFixedWidth(valueWidth);
     form_->addRow(heading, value);
-    keepTranslated(heading, [heading, value, title] {
+    keepTranslated(heading, [heading, value, title, text = std::move(text)] {
         heading->setText(tr(title));
         value->setAccessibleName(heading->text());
+        value->setText(text());
     });
     return value;
-}
-
-void PropertiesDialog::setTexts() {
-    const FileItem& first = items_.front();
-    const bool isOne = items_.size() == 1;
-    setWindowTitle(tr("Properties"));
-    constexpr int shownLines = 4;
-    title_->setText(isOne ? title_->fontMetrics().elidedText(printable(first.name), Qt::ElideMiddle,
-                                                             valueWidth * shownLines)
-                          : tr("%Ln items", nullptr, static_cast<int>(items_.size())));
-    const bool isOfOneKind = std::all_of(items_.begin(), items_.end(), [&](const FileItem& item) {
-        return item.category() == first.category();
-    });
-    kind_->setText(isOfOneKind ? displayName(first.category()) : tr("Various kinds"));
-    if (date_ != nullptr)
-        date_->setText(dateText(first.modifiedDate));
-    const QString path = files_->canonicalPath(isOne ? first.path : parentPath(first.path));
-    path_->setText(breakable(printable(path)));
-    stopButton_->setText(tr("Stop Counting"));
-    busy_->setAccessibleName(tr("Counting the content"));
-    showCount();
 }
 
 void PropertiesDialog::showCount() {

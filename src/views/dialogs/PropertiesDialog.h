@@ -4,6 +4,7 @@
 
 #include <QDialog>
 
+#include <functional>
 #include <memory>
 #include <stop_token>
 #include <vector>
@@ -33,10 +34,12 @@ public:
 
 private:
     void makeHeading(QVBoxLayout& column);
-    QLabel* addRow(const char* key, const char* objectName);
+    /// A row whose value is the same for as long as the language is.
+    QLabel* addRow(
+        const char* title, const char* objectName,
+        std::function<QString()> text = [] { return QString(); });
     void startCount();
     void stopCount();
-    void setTexts();
     void showCount();
 
     const std::shared_ptr<PhoneFileSystem> files_;
@@ -47,12 +50,8 @@ private:
     std::stop_source stop_{std::nostopstate};
 
     QFormLayout* form_;
-    QLabel* title_;
-    QLabel* kind_ = nullptr;
-    QLabel* size_ = nullptr;
+    QLabel* size_;
     QLabel* content_ = nullptr; ///< null where no folder is among the entries
-    QLabel* date_ = nullptr;    ///< null for several entries
-    QLabel* path_ = nullptr;
     QLabel* note_;
     QProgressBar* busy_;
     QPushButton* stopButton_;
