@@ -29,7 +29,14 @@ SortMenu::SortMenu(FileBrowserViewModel& browser, const QAbstractItemModel& colu
     ascending_ = addChoice(*directions, [this] { choose({order().field, false}); });
     descending_ = addChoice(*directions, [this] { choose({order().field, true}); });
     connect(&browser, &FileBrowserViewModel::sortOrderChanged, this, &SortMenu::showOrder);
-    keepTranslated(this, [this] { showTexts(); });
+    keepTranslated(this, [this] {
+        setTitle(tr("Sort By"));
+        ascending_->setText(tr("Ascending"));
+        descending_->setText(tr("Descending"));
+        for (std::size_t i = 0; i < fields_.size(); ++i)
+            fields_[i]->setText(
+                columns_.headerData(static_cast<int>(i), Qt::Horizontal).toString());
+    });
     showOrder();
 }
 
@@ -39,14 +46,6 @@ FileComparator SortMenu::order() const {
 
 void SortMenu::choose(const FileComparator& order) {
     browser_.setSortOrder({order});
-}
-
-void SortMenu::showTexts() {
-    setTitle(tr("Sort By"));
-    ascending_->setText(tr("Ascending"));
-    descending_->setText(tr("Descending"));
-    for (std::size_t i = 0; i < fields_.size(); ++i)
-        fields_[i]->setText(columns_.headerData(static_cast<int>(i), Qt::Horizontal).toString());
 }
 
 void SortMenu::showOrder() {

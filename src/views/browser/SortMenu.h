@@ -24,7 +24,6 @@ public:
 
 private:
     void choose(const FileComparator& order);
-    void showTexts();
     void showOrder();
     [[nodiscard]] FileComparator order() const;
 

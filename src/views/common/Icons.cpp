@@ -62,10 +62,6 @@ QIcon icon(const char* name) {
     return icon(QString::fromLatin1(name));
 }
 
-QIcon programIcon() {
-    return QIcon::fromTheme(QStringLiteral("tessaryPicture"));
-}
-
 QIcon lineIcon(const QString& name) {
     const QString symbolic = name + QLatin1StringView("-symbolic");
     if (!QIcon::hasThemeIcon(symbolic))

@@ -9,8 +9,6 @@ namespace tessary {
 [[nodiscard]] QIcon icon(const QString& name);
 [[nodiscard]] QIcon icon(const char* name);
 
-/// This program's own.
-[[nodiscard]] QIcon programIcon();
 /// A theme's icon as an outline at every size and scale: themes draw large ones in colour.
 [[nodiscard]] QIcon lineIcon(const QString& name);
 

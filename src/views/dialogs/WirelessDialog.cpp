@@ -97,7 +97,15 @@ WirelessDialog::WirelessDialog(std::shared_ptr<ServiceNetwork> network, ADBWays&
         phones_.start();
     });
     connect(close_, &QPushButton::clicked, this, &QDialog::close);
-    keepTranslated(this, [this] { setTexts(); });
+    keepTranslated(this, [this] {
+        setWindowTitle(tr("Wireless Devices"));
+        intro_->setText(tr("Phones on this network on which wireless debugging is switched on."));
+        list_->setAccessibleName(tr("Wireless Devices"));
+        busy_->setAccessibleName(tr("Looking for phones…"));
+        again_->setText(tr("Search Again"));
+        close_->setText(tr("Close"));
+        showPhones();
+    });
 }
 
 WirelessDialog::~WirelessDialog() {
@@ -114,16 +122,6 @@ void WirelessDialog::hideEvent(QHideEvent* event) {
     QDialog::hideEvent(event);
     if (!event->spontaneous())
         phones_.stop();
-}
-
-void WirelessDialog::setTexts() {
-    setWindowTitle(tr("Wireless Devices"));
-    intro_->setText(tr("Phones on this network on which wireless debugging is switched on."));
-    list_->setAccessibleName(tr("Wireless Devices"));
-    busy_->setAccessibleName(tr("Looking for phones…"));
-    again_->setText(tr("Search Again"));
-    close_->setText(tr("Close"));
-    showPhones();
 }
 
 /// Rows that stay keep their place and the choice, so that nothing moves below the hand.

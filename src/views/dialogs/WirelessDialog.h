@@ -29,7 +29,6 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
 private:
-    void setTexts();
     void showPhones();
     void showButtons();
     [[nodiscard]] const WirelessViewModel::Phone* chosen() const;

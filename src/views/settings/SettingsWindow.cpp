@@ -138,7 +138,7 @@ QWidget* SettingsWindow::makeUpdates() {
 QWidget* SettingsWindow::makeAbout() {
     constexpr int pictureSide = 72;
     auto* picture = new QLabel;
-    picture->setPixmap(programIcon().pixmap(pictureSide, pictureSide));
+    picture->setPixmap(icon("tessaryPicture").pixmap(pictureSide, pictureSide));
     auto* name = new QLabel(QStringLiteral("Tessary"));
     name->setFont(demiBold(scaled(name->font(), 1.8)));
     connect(homepage_, &QPushButton::clicked, this,

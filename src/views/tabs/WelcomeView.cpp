@@ -51,7 +51,7 @@ WelcomeView::WelcomeView(std::function<void()> startDemo, QWidget* parent) : QWi
     setAutoFillBackground(true);
     setBackgroundRole(QPalette::Base);
     auto* picture = new QLabel;
-    picture->setPixmap(programIcon().pixmap(96, 96));
+    picture->setPixmap(icon("tessaryPicture").pixmap(96, 96));
     picture->setAlignment(Qt::AlignCenter);
     auto* title = translated(QT_TR_NOOP("Connect a phone"));
     title->setFont(demiBold(scaled(title->font(), 1.8)));

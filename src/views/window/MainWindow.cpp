@@ -51,7 +51,7 @@ MainWindow::MainWindow(TessaryApp& app, CopyDialogs dialogs, OpenLocalFile openL
           app.copyQueue(),
           {app.setup().showInFolder, [&app](const QUuid& id) { app.rememberedCopies().goOn(id); },
            [this] { showCopyHistory(); }})) {
-    setWindowIcon(programIcon());
+    setWindowIcon(icon("tessaryPicture"));
     resize(1180, 740);
     setMinimumSize(760, 460);
     if (first == nullptr)
