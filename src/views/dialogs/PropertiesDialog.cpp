@@ -167,7 +167,8 @@ QLabel* PropertiesDialog::addRow(const char* title, const char* objectName,
     keepTranslated(heading, [heading, value, title, text = std::move(text)] {
         heading->setText(tr(title));
         value->setAccessibleName(heading->text());
-        value->setText(text());
+        if (text)
+            value->setText(text());
     });
     return value;
 }

@@ -34,10 +34,8 @@ public:
 
 private:
     void makeHeading(QVBoxLayout& column);
-    /// A row whose value is the same for as long as the language is.
-    QLabel* addRow(
-        const char* title, const char* objectName,
-        std::function<QString()> text = [] { return QString(); });
+    /// `text`: the value that follows the language alone; empty for one that changes otherwise.
+    QLabel* addRow(const char* title, const char* objectName, std::function<QString()> text = {});
     void startCount();
     void stopCount();
     void showCount();
