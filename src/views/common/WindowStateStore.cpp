@@ -58,10 +58,22 @@ void WindowStateStore::follow(Shown tab) {
     for (auto signal :
          {&FileBrowserViewModel::viewModeChanged, &FileBrowserViewModel::sortOrderChanged})
         connect(&browser, signal, this, [this, &browser] { keepDevice(browser); });
-    connect(&tab.columns, &TableColumns::choicesChanged, this,
-            [this, &columns = tab.columns] { keepColumns(columns); });
+    followColumns(tab.columns, columnsKey);
     connect(&browser.dayGrouping(), &DayGrouping::choicesChanged, this,
             [this, &browser] { keepDays(browser); });
+}
+
+void WindowStateStore::followColumns(TableColumns& columns, QLatin1StringView key) {
+    connect(&columns, &TableColumns::choicesChanged, this, [this, &columns, key] {
+        if (isOn())
+            defaults_.setValue(key, columns.choices());
+    });
+}
+
+void WindowStateStore::addLocal(TableColumns& columns) {
+    if (isOn())
+        columns.restore(defaults_.value(localColumnsKey).toObject());
+    followColumns(columns, localColumnsKey);
 }
 
 bool WindowStateStore::isOn() const {
@@ -74,11 +86,12 @@ void WindowStateStore::setOn(bool on) {
         const Shown tab = parts_.shown();
         keepWindow();
         keepDevice(tab.browser);
-        keepColumns(tab.columns);
+        defaults_.setValue(columnsKey, tab.columns.choices());
         keepDays(tab.browser);
         return;
     }
-    for (const View key : {windowKey, columnsKey, daysKey, devicesKey, openTabsKey})
+    for (const View key :
+         {windowKey, columnsKey, localColumnsKey, daysKey, devicesKey, openTabsKey})
         defaults_.setValue(key, QJsonValue::Undefined);
 }
 
@@ -110,11 +123,6 @@ void WindowStateStore::restoreWindow() {
     }
     tab.columns.restore(defaults_.value(columnsKey).toObject());
     tab.browser.dayGrouping().restore(defaults_.value(daysKey).toArray());
-}
-
-void WindowStateStore::keepColumns(const TableColumns& columns) {
-    if (isOn())
-        defaults_.setValue(columnsKey, columns.choices());
 }
 
 void WindowStateStore::keepDays(FileBrowserViewModel& browser) {

@@ -22,6 +22,7 @@ public:
     static constexpr QLatin1StringView isOffKey{"Tessary_ForgetsWindow"};
     static constexpr QLatin1StringView windowKey{"Tessary_Window"};
     static constexpr QLatin1StringView columnsKey{"Tessary_Columns"};
+    static constexpr QLatin1StringView localColumnsKey{"Tessary_LocalColumns"};
     static constexpr QLatin1StringView daysKey{"Tessary_GroupedByDay"};
     static constexpr QLatin1StringView devicesKey{"Tessary_DeviceViews"};
     static constexpr QLatin1StringView openTabsKey{"Tessary_OpenTabs"};
@@ -47,6 +48,8 @@ public:
     /// A tab that was just made: it begins as the one that is shown looks, and what the user makes
     /// of it is kept from now on.
     void addTab(Shown tab);
+    /// Of this computer's files beside the phone's: they have other room.
+    void addLocal(TableColumns& columns);
     [[nodiscard]] bool isOn() const;
     /// Off also forgets what is kept.
     void setOn(bool on);
@@ -60,7 +63,7 @@ private:
     void follow(Shown tab);
     void showDevice(FileBrowserViewModel& browser, QString& udid);
     void keepDevice(const FileBrowserViewModel& browser);
-    void keepColumns(const TableColumns& columns);
+    void followColumns(TableColumns& columns, QLatin1StringView key);
     void keepDays(FileBrowserViewModel& browser);
 
     Parts parts_;

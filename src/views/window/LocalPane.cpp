@@ -7,8 +7,6 @@
 #include "views/common/Layouts.h"
 #include "views/common/ProblemText.h"
 #include "views/common/StatusBanner.h"
-#include "views/common/TableColumns.h"
-#include "views/common/WindowStateStore.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -65,7 +63,6 @@ LocalPane::LocalPane(TessaryApp& app, BrowserSetup setup, CopyDialogs dialogs,
     connect(&browser_, &FileBrowserViewModel::stateChanged, this, &LocalPane::showProblem);
     connect(&browser_, &FileBrowserViewModel::pathChanged, this,
             [this] { app_.defaults().setValue(folderKey, browser_.currentPath()); });
-    keepColumns();
     const QString begin =
         QDir::cleanPath(folder.isEmpty() ? app.defaults().value(folderKey).toString() : folder);
     const QString home = QDir::homePath();
@@ -92,20 +89,6 @@ void LocalPane::goElsewhere(const QString& path, const QString& instead) {
             if (!place.file.isEmpty())
                 browser_.goToTyped(place.file, [](bool) {});
         });
-}
-
-/// Its own, and not those of the phone beside it, which has other room.
-void LocalPane::keepColumns() {
-    const auto isKept = [this] {
-        return !app_.defaults().value(WindowStateStore::isOffKey).toBool();
-    };
-    TableColumns& columns = view_->columns();
-    if (isKept())
-        columns.restore(app_.defaults().value(columnsKey).toObject());
-    connect(&columns, &TableColumns::choicesChanged, this, [this, isKept, &columns] {
-        if (isKept())
-            app_.defaults().setValue(columnsKey, columns.choices());
-    });
 }
 
 LocalPane::~LocalPane() {

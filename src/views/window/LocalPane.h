@@ -18,7 +18,6 @@ class LocalPane : public QWidget {
 public:
     /// The folder that is shown where no other is given, in the user's settings.
     static constexpr QLatin1StringView folderKey{"Tessary_LocalFolder"};
-    static constexpr QLatin1StringView columnsKey{"Tessary_LocalColumns"};
 
     /// `app` must outlive it. Begins in `folder`, the last one that was shown where that is empty,
     /// and the user's home where there is none.
@@ -34,7 +33,6 @@ public:
     }
 
 private:
-    void keepColumns();
     void showProblem();
     void goElsewhere(const QString& path, const QString& instead);
 

@@ -104,6 +104,7 @@ PhoneTab* MainWindow::makeTab() {
 QWidget* MainWindow::makeContent() {
     panes_ = new Panes(tabs_, browserView(), *menuBar(), [this](const QString& folder) {
         auto* local = new LocalPane(app_, browserSetup(app_), dialogs_, openLocalFile_, folder);
+        stateStore_->addLocal(local->view().columns());
         makePlain(*local);
         return local;
     });
