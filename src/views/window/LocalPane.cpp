@@ -61,8 +61,10 @@ LocalPane::LocalPane(TessaryApp& app, BrowserSetup setup, CopyDialogs dialogs,
     setMinimumWidth(260);
     connect(&browser_, &FileBrowserViewModel::problemChanged, this, &LocalPane::showProblem);
     connect(&browser_, &FileBrowserViewModel::stateChanged, this, &LocalPane::showProblem);
-    connect(&browser_, &FileBrowserViewModel::pathChanged, this,
-            [this] { app_.defaults().setValue(folderKey, browser_.currentPath()); });
+    connect(&browser_, &FileBrowserViewModel::pathChanged, this, [this] {
+        ++number_;
+        app_.defaults().setValue(folderKey, browser_.currentPath());
+    });
     const QString begin =
         QDir::cleanPath(folder.isEmpty() ? app.defaults().value(folderKey).toString() : folder);
     const QString home = QDir::homePath();
@@ -74,7 +76,10 @@ LocalPane::LocalPane(TessaryApp& app, BrowserSetup setup, CopyDialogs dialogs,
 void LocalPane::goElsewhere(const QString& path, const QString& instead) {
     runInBackground(
         this, [path] { return placeOnDisk(path); },
-        [this, path, instead](BackgroundResult<std::optional<PlaceOnDisk>> result) {
+        [this, path, instead,
+         number = ++number_](BackgroundResult<std::optional<PlaceOnDisk>> result) {
+            if (number != number_)
+                return; // a slow disk, and the user is elsewhere by now
             const auto found = result.succeeded() ? result.take() : std::nullopt;
             if (!found && instead.isEmpty()) {
                 browser_.showProblem({BrowserProblem::What::noSuchPath, path, 1, 1, {}});

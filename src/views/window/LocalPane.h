@@ -6,6 +6,8 @@
 
 #include <QWidget>
 
+#include <cstdint>
+
 namespace tessary {
 
 class StatusBanner;
@@ -40,6 +42,7 @@ private:
     FileBrowserViewModel browser_;
     BrowserView* view_;
     StatusBanner* banner_;
+    std::uint64_t number_ = 0; ///< of the folder gone to: an answer about an older one is dropped
 };
 
 } // namespace tessary
