@@ -14,11 +14,7 @@
 namespace tessary {
 
 ErrorDetails::ErrorDetails(Qt::Alignment alignment, QWidget* parent)
-    : QWidget(parent),
-      fold_(new QToolButton),
-      page_(new QWidget),
-      text_(new QLabel),
-      copy_(new QToolButton) {
+    : QWidget(parent), fold_(new QToolButton), page_(new QWidget), text_(new QLabel) {
     setObjectName(QStringLiteral("errorDetails"));
     fold_->setObjectName(QStringLiteral("errorDetailsFold"));
     fold_->setCheckable(true);
@@ -29,24 +25,25 @@ ErrorDetails::ErrorDetails(Qt::Alignment alignment, QWidget* parent)
     text_->setTextFormat(Qt::PlainText);
     text_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     text_->setForegroundRole(QPalette::PlaceholderText);
-    copy_->setObjectName(QStringLiteral("errorDetailsCopy"));
-    copy_->setAutoRaise(true);
-    copy_->setIcon(icon("edit-copy"));
+    auto* copy = new QToolButton;
+    copy->setObjectName(QStringLiteral("errorDetailsCopy"));
+    copy->setAutoRaise(true);
+    copy->setIcon(icon("edit-copy"));
     connect(fold_, &QToolButton::toggled, this, &ErrorDetails::unfold);
-    connect(copy_, &QToolButton::clicked, this,
+    connect(copy, &QToolButton::clicked, this,
             [this] { QGuiApplication::clipboard()->setText(text_->text()); });
 
     text_->setAlignment(alignment);
     auto* line = new QHBoxLayout(page_);
     line->setContentsMargins(0, 0, 0, 0);
     line->addWidget(text_, 1);
-    line->addWidget(copy_, 0, Qt::AlignTop);
+    line->addWidget(copy, 0, Qt::AlignTop);
     auto* column = makeColumn(*this);
     column->addWidget(fold_, 0, alignment);
     column->addWidget(page_);
-    keepTranslated(this, [this] {
+    keepTranslated(this, [this, copy] {
         fold_->setText(tr("Details"));
-        setName(*copy_, tr("Copy Details"));
+        setName(*copy, tr("Copy Details"));
     });
     setText({});
 }

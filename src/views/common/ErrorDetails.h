@@ -26,7 +26,6 @@ private:
     QToolButton* fold_;
     QWidget* page_;
     QLabel* text_;
-    QToolButton* copy_;
 };
 
 } // namespace tessary

@@ -11,6 +11,19 @@
 
 namespace tessary {
 
+namespace {
+
+/// Without an `action` there is no button.
+void offer(QPushButton& button, const QString& title, const std::function<void()>& action) {
+    QObject::disconnect(&button, &QPushButton::clicked, nullptr, nullptr);
+    if (action)
+        QObject::connect(&button, &QPushButton::clicked, &button, action);
+    button.setText(title);
+    button.setVisible(static_cast<bool>(action));
+}
+
+} // namespace
+
 PlaceholderView::PlaceholderView(QWidget* parent)
     : QWidget(parent),
       picture_(new QLabel),
@@ -32,15 +45,6 @@ PlaceholderView::PlaceholderView(QWidget* parent)
     }
     makeBusy(*busy_);
     busy_->setFixedWidth(160);
-    connect(button_, &QPushButton::clicked, this, [this] {
-        if (action_)
-            action_();
-    });
-    connect(other_, &QPushButton::clicked, this, [this] {
-        if (otherAction_)
-            otherAction_();
-    });
-
     auto* column = new QWidget;
     column->setMaximumWidth(460);
     auto* content = new QVBoxLayout(column);
@@ -64,14 +68,13 @@ PlaceholderView::PlaceholderView(QWidget* parent)
 }
 
 void PlaceholderView::show(const QString& iconName, const QString& title, const QString& detail,
-                           const QString& actionTitle, std::function<void()> action, bool isBusy) {
+                           const QString& actionTitle, const std::function<void()>& action,
+                           bool isBusy) {
     picture_->setPixmap(icon(iconName).pixmap(72, 72, QIcon::Disabled)); // faded
     title_->setText(title);
     detail_->setText(detail);
     detail_->setVisible(!detail.isEmpty());
-    action_ = std::move(action);
-    button_->setText(actionTitle);
-    button_->setVisible(static_cast<bool>(action_));
+    offer(*button_, actionTitle, action);
     other_->setVisible(false);
     details_->setText({});
     busy_->setVisible(isBusy);
@@ -84,10 +87,8 @@ void PlaceholderView::setDetails(const QString& details) {
     details_->setText(details);
 }
 
-void PlaceholderView::addChoice(const QString& title, std::function<void()> action) {
-    otherAction_ = std::move(action);
-    other_->setText(title);
-    other_->setVisible(true);
+void PlaceholderView::addChoice(const QString& title, const std::function<void()>& action) {
+    offer(*other_, title, action);
 }
 
 } // namespace tessary

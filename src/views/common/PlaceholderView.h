@@ -19,12 +19,12 @@ public:
 
     /// Without an `action` there is no button; `isBusy` shows that something is under way.
     void show(const QString& iconName, const QString& title, const QString& detail,
-              const QString& actionTitle = {}, std::function<void()> action = {},
+              const QString& actionTitle = {}, const std::function<void()>& action = {},
               bool isBusy = false);
     /// Until the next show(): ErrorText::details of what is said.
     void setDetails(const QString& details);
     /// Until the next show(): another step, after the first.
-    void addChoice(const QString& title, std::function<void()> action);
+    void addChoice(const QString& title, const std::function<void()>& action);
 
 private:
     QLabel* picture_;
@@ -34,8 +34,6 @@ private:
     QPushButton* button_;
     QPushButton* other_;
     QProgressBar* busy_;
-    std::function<void()> action_;
-    std::function<void()> otherAction_;
 };
 
 } // namespace tessary

@@ -21,8 +21,6 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
-#include <algorithm>
-
 namespace tessary {
 
 namespace {
@@ -40,9 +38,7 @@ FolderChooser::FolderChooser(FileBrowserViewModel& browser, const QString& title
       up_(new QToolButton),
       path_(new QLabel),
       list_(new QListWidget),
-      note_(new QLabel),
-      newFolder_(new QPushButton(tr("New Folder…"))),
-      accept_(new QPushButton(acceptText)) {
+      note_(new QLabel) {
     setObjectName(QStringLiteral("folderChooser"));
     setWindowTitle(title);
     resize(460, 440);
@@ -62,16 +58,15 @@ FolderChooser::FolderChooser(FileBrowserViewModel& browser, const QString& title
     note_->setForegroundRole(QPalette::PlaceholderText);
     note_->setTextFormat(Qt::PlainText);
     note_->setWordWrap(true);
-    newFolder_->setAutoDefault(false);
-    accept_->setDefault(true);
 
     auto* where = new QHBoxLayout;
     where->addWidget(storages_);
     where->addWidget(up_);
     where->addWidget(path_, 1);
     auto* buttons = new QDialogButtonBox;
-    buttons->addButton(newFolder_, QDialogButtonBox::ActionRole);
-    buttons->addButton(accept_, QDialogButtonBox::AcceptRole);
+    QPushButton* newFolder = buttons->addButton(tr("New Folder…"), QDialogButtonBox::ActionRole);
+    newFolder->setAutoDefault(false);
+    buttons->addButton(acceptText, QDialogButtonBox::AcceptRole)->setDefault(true);
     buttons->addButton(QDialogButtonBox::Cancel);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(16, 16, 16, 14);
@@ -83,7 +78,7 @@ FolderChooser::FolderChooser(FileBrowserViewModel& browser, const QString& title
 
     connect(up_, &QToolButton::clicked, this, &FolderChooser::goUp);
     connect(list_, &QListWidget::itemDoubleClicked, this, &FolderChooser::enter);
-    connect(newFolder_, &QPushButton::clicked, this, &FolderChooser::makeFolder);
+    connect(newFolder, &QPushButton::clicked, this, &FolderChooser::makeFolder);
     connect(buttons, &QDialogButtonBox::accepted, this, [this] {
         // The folder that is marked is meant, not the one around it.
         if (const QListWidgetItem* chosen = list_->currentItem();

@@ -7,12 +7,10 @@
 #include <cstdint>
 #include <memory>
 #include <stop_token>
-#include <vector>
 
 class QComboBox;
 class QLabel;
 class QListWidget;
-class QPushButton;
 class QToolButton;
 
 namespace tessary {
@@ -61,8 +59,6 @@ private:
     QLabel* path_;
     QListWidget* list_;
     QLabel* note_;
-    QPushButton* newFolder_;
-    QPushButton* accept_;
 };
 
 } // namespace tessary

@@ -53,13 +53,10 @@ WirelessDialog::WirelessDialog(std::shared_ptr<ServiceNetwork> network, ADBWays&
                                QWidget* parent)
     : QDialog(parent),
       phones_(std::move(network), ways),
-      intro_(new QLabel),
       list_(new QListWidget),
       note_(new QLabel),
       busy_(new QProgressBar),
-      again_(new QPushButton),
-      connect_(new QPushButton),
-      close_(new QPushButton) {
+      connect_(new QPushButton) {
     setObjectName(QStringLiteral("wirelessDialog"));
     resize(500, 380);
     list_->setObjectName(QStringLiteral("wirelessList"));
@@ -69,20 +66,22 @@ WirelessDialog::WirelessDialog(std::shared_ptr<ServiceNetwork> network, ADBWays&
     list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     connect_->setObjectName(QStringLiteral("wirelessConnect"));
     note_->setObjectName(QStringLiteral("wirelessNote"));
-    intro_->setWordWrap(true);
+    auto* intro = new QLabel;
+    intro->setWordWrap(true);
     note_->setWordWrap(true);
     note_->setForegroundRole(QPalette::PlaceholderText);
     makeBusy(*busy_);
-    again_->setAutoDefault(false);
+    auto* again = new QPushButton;
+    again->setAutoDefault(false);
     connect_->setDefault(true);
     auto* buttons = new QDialogButtonBox;
-    buttons->addButton(again_, QDialogButtonBox::ResetRole);
+    buttons->addButton(again, QDialogButtonBox::ResetRole);
     buttons->addButton(connect_, QDialogButtonBox::ActionRole);
-    buttons->addButton(close_, QDialogButtonBox::RejectRole);
+    QPushButton* close = buttons->addButton(QString(), QDialogButtonBox::RejectRole);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(18, 18, 18, 14);
     column->setSpacing(10);
-    column->addWidget(intro_);
+    column->addWidget(intro);
     column->addWidget(list_, 1);
     column->addWidget(busy_);
     column->addWidget(note_);
@@ -92,18 +91,18 @@ WirelessDialog::WirelessDialog(std::shared_ptr<ServiceNetwork> network, ADBWays&
     connect(list_, &QListWidget::currentRowChanged, this, &WirelessDialog::showButtons);
     connect(list_, &QListWidget::itemActivated, this, &WirelessDialog::connectOrPair);
     connect(connect_, &QPushButton::clicked, this, &WirelessDialog::connectOrPair);
-    connect(again_, &QPushButton::clicked, this, [this] {
+    connect(again, &QPushButton::clicked, this, [this] {
         phones_.stop();
         phones_.start();
     });
-    connect(close_, &QPushButton::clicked, this, &QDialog::close);
-    keepTranslated(this, [this] {
+    connect(close, &QPushButton::clicked, this, &QDialog::close);
+    keepTranslated(this, [this, intro, again, close] {
         setWindowTitle(tr("Wireless Devices"));
-        intro_->setText(tr("Phones on this network on which wireless debugging is switched on."));
+        intro->setText(tr("Phones on this network on which wireless debugging is switched on."));
         list_->setAccessibleName(tr("Wireless Devices"));
         busy_->setAccessibleName(tr("Looking for phones…"));
-        again_->setText(tr("Search Again"));
-        close_->setText(tr("Close"));
+        again->setText(tr("Search Again"));
+        close->setText(tr("Close"));
         showPhones();
     });
 }

@@ -35,13 +35,10 @@ private:
     void connectOrPair();
 
     WirelessViewModel phones_;
-    QLabel* intro_;
     QListWidget* list_;
     QLabel* note_;
     QProgressBar* busy_;
-    QPushButton* again_;
     QPushButton* connect_;
-    QPushButton* close_;
 };
 
 } // namespace tessary
