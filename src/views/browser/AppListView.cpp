@@ -11,7 +11,6 @@
 #include "views/common/ProblemText.h"
 #include "views/common/RowGround.h"
 
-#include <QApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>

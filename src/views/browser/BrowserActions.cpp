@@ -6,11 +6,9 @@
 #include <QAction>
 #include <QActionGroup>
 #include <QCoreApplication>
-#include <QKeySequence>
 #include <QMenu>
 #include <QMenuBar>
 #include <QToolButton>
-#include <QWidget>
 
 #include <array>
 

@@ -8,7 +8,6 @@
 #include "views/common/Layouts.h"
 
 #include <QLabel>
-#include <QLocale>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QVBoxLayout>

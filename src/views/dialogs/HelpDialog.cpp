@@ -6,7 +6,6 @@
 #include <QAction>
 #include <QDialogButtonBox>
 #include <QHeaderView>
-#include <QKeySequence>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>

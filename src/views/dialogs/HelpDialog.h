@@ -2,9 +2,7 @@
 
 #include <QDialog>
 
-class QAction;
 class QMenuBar;
-class QTabWidget;
 
 namespace tessary {
 

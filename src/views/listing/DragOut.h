@@ -4,7 +4,6 @@
 #include "browser/model/FileBrowserViewModel.h"
 
 #include <QList>
-#include <QUrl>
 
 #include <memory>
 #include <optional>

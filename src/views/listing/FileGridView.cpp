@@ -2,7 +2,6 @@
 
 #include "app/texts/DisplayNames.h"
 #include "views/common/Layouts.h"
-#include "views/listing/FileViews.h"
 #include "views/listing/GridItemDelegate.h"
 
 #include <QAccessible>

@@ -7,7 +7,6 @@
 #include "views/listing/ThumbnailStore.h"
 #include "views/listing/TranslatedFileModel.h"
 
-#include <QDateTime>
 #include <QLineEdit>
 #include <QLocale>
 #include <QTimer>

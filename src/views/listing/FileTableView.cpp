@@ -2,7 +2,6 @@
 
 #include "views/common/TableColumns.h"
 #include "views/listing/FileItemDelegate.h"
-#include "views/listing/FileViews.h"
 
 #include <QHeaderView>
 #include <QPainter>

@@ -4,8 +4,6 @@
 
 #include <QDir>
 
-#include <utility>
-
 namespace tessary {
 
 BrowserSetup browserSetup(TessaryApp& app) {
