@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QTextDocument>
 
 namespace tessary {
@@ -18,6 +19,11 @@ bool isAgreed(QMessageBox& question, const QString& agree) {
     makePlain(question);
     question.exec();
     return question.clickedButton() == agrees;
+}
+
+QString withoutMnemonic(QString title) {
+    static const QRegularExpression behind(QStringLiteral("\\(&\\w\\)$"));
+    return title.remove(behind).remove(QLatin1Char('&'));
 }
 
 QString plainToolTip(const QString& text) {

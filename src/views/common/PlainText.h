@@ -16,6 +16,10 @@ void makePlain(QWidget& widget);
 /// Runs an event loop of its own.
 [[nodiscard]] bool isAgreed(QMessageBox& question, const QString& agree);
 
+/// The title of a menu or command without the mark of its letter; in some languages that stands
+/// behind the text, in parentheses.
+[[nodiscard]] QString withoutMnemonic(QString title);
+
 /// A text for a tool tip, which shows it as it is.
 [[nodiscard]] QString plainToolTip(const QString& text);
 

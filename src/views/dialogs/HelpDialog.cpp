@@ -17,13 +17,6 @@ namespace tessary {
 
 namespace {
 
-/// Without the mark of its letter; in some languages that stands behind the text, in brackets.
-QString withoutMark(QString text) {
-    if (const qsizetype mark = text.indexOf(QStringLiteral("(&")); mark > 0)
-        text.truncate(mark);
-    return text.remove(QLatin1Char('&'));
-}
-
 QWidget* firstSteps() {
     const QStringList steps{
         HelpDialog::tr("Plug the phone in and unlock it. On an Android phone choose “File "
@@ -60,15 +53,15 @@ QTreeWidget* keysOf(const QMenuBar& menus) {
     for (const QAction* title : menus.actions()) {
         if (title->menu() == nullptr)
             continue;
-        auto* group = new QTreeWidgetItem(keys, {withoutMark(title->text())});
+        auto* group = new QTreeWidgetItem(keys, {withoutMnemonic(title->text())});
         group->setFont(0, demiBold(keys->font()));
         for (const QAction* command : title->menu()->actions()) {
             QStringList sequences;
             for (const QKeySequence& sequence : command->shortcuts())
                 sequences << sequence.toString(QKeySequence::NativeText);
             if (!sequences.isEmpty())
-                new QTreeWidgetItem(
-                    group, {withoutMark(command->text()), sequences.join(QStringLiteral(",  "))});
+                new QTreeWidgetItem(group, {withoutMnemonic(command->text()),
+                                            sequences.join(QStringLiteral(",  "))});
         }
         if (group->childCount() == 0)
             delete group;

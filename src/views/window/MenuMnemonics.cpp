@@ -1,8 +1,9 @@
 #include "views/window/MenuMnemonics.h"
 
+#include "views/common/PlainText.h"
+
 #include <QActionEvent>
 #include <QMenuBar>
-#include <QRegularExpression>
 #include <QScopedValueRollback>
 #include <QShortcut>
 
@@ -15,11 +16,6 @@ constexpr QLatin1StringView spareLetters("FEVGHABCDIJKLMNOPQRSTUWXYZ");
 
 bool isLatin(QChar letter) {
     return letter.unicode() < 0x80 && letter.isLetter();
-}
-
-QString withoutMnemonic(QString title) {
-    static const QRegularExpression behind(QStringLiteral("\\(&\\w\\)$"));
-    return title.remove(behind).remove(QLatin1Char('&'));
 }
 
 } // namespace
