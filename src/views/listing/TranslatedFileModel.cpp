@@ -2,10 +2,12 @@
 
 #include "app/LanguageManager.h"
 #include "app/texts/DisplayNames.h"
+#include "base/threads/Background.h"
 #include "browser/listing/EntryMimeData.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QMimeDatabase>
 
 #include <utility>
 
@@ -14,10 +16,16 @@ namespace tessary {
 TranslatedFileModel::TranslatedFileModel(FileBrowserViewModel& browser, QObject* parent)
     : FileListModel(browser, parent), shown_(browser) {
     connect(&LanguageManager::shared(), &LanguageManager::languageChanged, this, [this] {
+        kinds_.clear();
         Q_EMIT headerDataChanged(Qt::Horizontal, 0, columnsInAll - 1);
         allChanged();
     });
-    connect(&kinds_, &FileKinds::changed, this, &TranslatedFileModel::allChanged);
+    runInBackground(
+        this, [] { (void)QMimeDatabase().mimeTypeForName(QStringLiteral("text/plain")).comment(); },
+        [this](BackgroundResult<void>) {
+            areKindsRead_ = true;
+            allChanged();
+        });
     connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this,
             &TranslatedFileModel::takeClipboard);
     connect(&browser, &FileBrowserViewModel::connectionChanged, this,
@@ -47,7 +55,28 @@ QString TranslatedFileModel::kindOf(const QModelIndex& index) const {
         displayName(static_cast<FileCategory>(FileListModel::data(index, categoryRole).toInt()));
     if (FileListModel::data(index, isDirectoryRole).toBool())
         return category;
-    return kinds_.kindOf(shown_.rows().item(index.row()).name).value_or(category);
+    return desktopKindOf(shown_.rows().item(index.row()).name).value_or(category);
+}
+
+/// No value while the list is read, and for what it does not know.
+std::optional<QString> TranslatedFileModel::desktopKindOf(const QString& fileName) const {
+    constexpr qsizetype mostEndings = 1000; // phones make up endings without end
+    const qsizetype dot = fileName.lastIndexOf(QLatin1Char('.'));
+    if (!areKindsRead_ || dot < 0)
+        return std::nullopt;
+    const QString ending = fileName.mid(dot).toLower();
+    auto known = kinds_.constFind(ending);
+    if (known == kinds_.constEnd()) {
+        if (kinds_.size() >= mostEndings)
+            kinds_.clear();
+        const QMimeType type = QMimeDatabase().mimeTypeForFile(QLatin1Char('x') + ending,
+                                                               QMimeDatabase::MatchExtension);
+        QString kind = type.isDefault() ? QString() : type.comment();
+        if (!kind.isEmpty())
+            kind[0] = kind[0].toUpper(); // "plain text document" stands beside "Folder"
+        known = kinds_.insert(ending, std::move(kind));
+    }
+    return known->isEmpty() ? std::nullopt : std::optional(*known);
 }
 
 /// The heading that the entry stands under, for who does not see it.

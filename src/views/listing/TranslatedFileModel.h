@@ -1,14 +1,17 @@
 #pragma once
 
 #include "browser/model/FileListModel.h"
-#include "views/listing/FileKinds.h"
 
+#include <QHash>
 #include <QSet>
+
+#include <optional>
 
 namespace tessary {
 
 /// The rows of the browser with the column titles and kinds in the interface's language, and with
-/// what was cut and not pasted yet.
+/// what was cut and not pasted yet. Kinds are what the desktop calls files by their names ("PDF
+/// document"); its list is read in the background once.
 class TranslatedFileModel : public FileListModel {
     Q_OBJECT
 
@@ -25,13 +28,15 @@ public:
 
 private:
     [[nodiscard]] QString kindOf(const QModelIndex& index) const;
+    [[nodiscard]] std::optional<QString> desktopKindOf(const QString& fileName) const;
     [[nodiscard]] QString dayOf(int row) const;
     void takeClipboard();
     void allChanged();
 
     FileBrowserViewModel& shown_;
-    mutable FileKinds kinds_;
-    QSet<QString> cut_; ///< ids
+    bool areKindsRead_ = false;
+    mutable QHash<QString, QString> kinds_; ///< by ending; empty texts for what is not known
+    QSet<QString> cut_;                     ///< ids
 };
 
 } // namespace tessary
