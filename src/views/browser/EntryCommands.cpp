@@ -3,6 +3,7 @@
 #include "base/text/PathNames.h"
 #include "base/text/Printable.h"
 #include "base/threads/Background.h"
+#include "browser/actions/OpenFetch.h"
 #include "browser/model/FileListModel.h"
 #include "views/browser/BrowserActions.h"
 #include "views/browser/ShownFolder.h"
@@ -14,15 +15,27 @@
 
 #include <QAbstractItemView>
 #include <QClipboard>
+#include <QCoreApplication>
 #include <QDesktopServices>
 #include <QGuiApplication>
+#include <QLabel>
 #include <QMenu>
 #include <QMessageBox>
+#include <QProgressDialog>
 #include <QUrl>
 
 #include <algorithm>
 
 namespace tessary {
+
+namespace {
+
+/// The context of the texts about what is fetched.
+class OpenProgress {
+    Q_DECLARE_TR_FUNCTIONS(tessary::OpenProgress)
+};
+
+} // namespace
 
 OpenLocalFile systemOpenLocalFile() {
     return [](const QString& path) { return QDesktopServices::openUrl(QUrl::fromLocalFile(path)); };
@@ -113,12 +126,52 @@ void EntryCommands::tellNotOpened(const QString& path) {
     browser_.showProblem(BrowserProblem{BrowserProblem::What::open, lastComponent(path), 1, 1, {}});
 }
 
-/// Gives the selected files as files of this computer; folders are left out.
-void EntryCommands::fetchSelected(WhenHere whenHere) {
+/// Brings the selected files here for a program to open; folders are left out. What takes longer
+/// than a moment is said in a window of its own, where it can be cancelled.
+void EntryCommands::fetchSelected(std::function<void(const QStringList& localPaths)> whenHere) {
     std::vector<FileItem> items = browser_.selection().entries();
     std::erase_if(items, [](const FileItem& item) { return item.isDirectory; });
-    if (!items.empty() && browser_.files())
-        fetchForOpening(browser_, std::move(items), std::move(whenHere), parent_);
+    if (items.empty() || !browser_.files())
+        return;
+    const QString text =
+        items.size() == 1
+            ? OpenProgress::tr("Fetching “%1” to open it…").arg(printable(items.front().name))
+            : OpenProgress::tr("Fetching %Ln files to open them…", nullptr,
+                               static_cast<int>(items.size()));
+    constexpr int whole = 1000;
+    constexpr int aMoment = 600; // ms
+    auto* window = new QProgressDialog(&parent_);
+    window->setObjectName(QStringLiteral("openProgress"));
+    window->setWindowTitle(OpenProgress::tr("Open"));
+    auto* label = new QLabel(text);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    window->setLabel(label);
+    window->setRange(0, whole);
+    window->setAutoReset(false);
+    window->setMinimumDuration(aMoment);
+    window->setValue(0); // the moment begins
+    auto* fetch = new OpenFetch(
+        {browser_.files(), std::move(items), browser_.dragMount(), browser_.stagedFiles()}, window);
+    connect(fetch, &OpenFetch::progress, window, [window](qint64 done, qint64 total) {
+        const double share = total > 0 ? static_cast<double>(done) / static_cast<double>(total) : 0;
+        window->setValue(static_cast<int>(share * whole));
+    });
+    connect(fetch, &OpenFetch::ready, window,
+            [window, whenHere = std::move(whenHere)](const QStringList& localPaths) {
+                window->deleteLater();
+                whenHere(localPaths);
+            });
+    connect(fetch, &OpenFetch::failed, window, [this, window](const BrowserProblem& problem) {
+        window->deleteLater();
+        browser_.showProblem(problem);
+    });
+    const auto giveUp = [window, fetch] {
+        fetch->cancel();
+        window->deleteLater();
+    };
+    connect(window, &QProgressDialog::canceled, fetch, giveUp);
+    connect(window, &QDialog::rejected, fetch, giveUp); // by Esc
 }
 
 /// The desktop's programs are looked up while the menu is open.

@@ -3,7 +3,6 @@
 #include "browser/listing/EntryMimeData.h"
 #include "browser/model/FileBrowserViewModel.h"
 #include "platform/desktop/DesktopPrograms.h"
-#include "views/browser/OpenProgress.h"
 
 #include <QMimeData>
 #include <QObject>
@@ -95,7 +94,7 @@ public:
     void addTo(QMenu& menu, const BrowserActions& actions);
 
 private:
-    void fetchSelected(WhenHere whenHere);
+    void fetchSelected(std::function<void(const QStringList& localPaths)> whenHere);
     [[nodiscard]] bool askToDelete(const std::shared_ptr<PhoneFileSystem>& files,
                                    const std::vector<FileItem>& items,
                                    const QString& copiedTo = {});
