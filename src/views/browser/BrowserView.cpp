@@ -158,20 +158,16 @@ void BrowserView::connectActions() {
 }
 
 void BrowserView::connectBrowser() {
-    const auto on = [this](auto signal, void (BrowserView::*slot)()) {
-        connect(&browser_, signal, this, slot);
-    };
-    on(&FileBrowserViewModel::pathChanged, &BrowserView::updateActions);
-    on(&FileBrowserViewModel::stateChanged, &BrowserView::showContent);
-    on(&FileBrowserViewModel::viewModeChanged, &BrowserView::showContent);
-    on(&FileBrowserViewModel::connectionChanged, &BrowserView::showContent);
-    on(&FileBrowserViewModel::problemChanged, &BrowserView::showContent);
-    on(&FileBrowserViewModel::searchTextChanged, &BrowserView::showContent);
+    using Browser = FileBrowserViewModel;
+    for (auto changed :
+         {&Browser::stateChanged, &Browser::viewModeChanged, &Browser::connectionChanged,
+          &Browser::problemChanged, &Browser::searchTextChanged, &Browser::showsHiddenChanged,
+          &Browser::searchedNameChanged})
+        connect(&browser_, changed, this, &BrowserView::showContent);
+    for (auto changed : {&Browser::pathChanged, &Browser::historyChanged})
+        connect(&browser_, changed, this, &BrowserView::updateActions);
+    connect(&browser_, &Browser::editingChanged, this, &BrowserView::showStatus);
     connect(&browser_.selection(), &EntrySelection::changed, this, &BrowserView::showStatus);
-    on(&FileBrowserViewModel::historyChanged, &BrowserView::updateActions);
-    on(&FileBrowserViewModel::editingChanged, &BrowserView::showStatus);
-    on(&FileBrowserViewModel::showsHiddenChanged, &BrowserView::showContent);
-    on(&FileBrowserViewModel::searchedNameChanged, &BrowserView::showContent);
     connect(&browser_.dayGrouping(), &DayGrouping::changed, this, &BrowserView::updateActions);
     connect(&browser_.changes(), &EntryChanges::undoableChanged, this, &BrowserView::updateActions);
     connect(&model_, &QAbstractItemModel::modelReset, this, &BrowserView::showContent);

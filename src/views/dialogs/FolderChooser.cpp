@@ -140,7 +140,7 @@ void FolderChooser::show(const QString& folder, const Marked& marked) {
             } catch (const CancellationError&) {
                 return;
             } catch (const Error& error) {
-                showFailure(error);
+                note_->setText(errorText(error).text());
             }
         });
 }
@@ -161,10 +161,6 @@ void FolderChooser::take(const Listing& listing, const Marked& marked) {
                                                          : QItemSelectionModel::NoUpdate);
     }
     note_->setText(list_->count() == 0 ? tr("No folders in here.") : QString());
-}
-
-void FolderChooser::showFailure(const Error& error) {
-    note_->setText(errorText(error).text());
 }
 
 void FolderChooser::enter() {
@@ -197,7 +193,7 @@ void FolderChooser::makeFolder() {
             } catch (const CancellationError&) {
                 return;
             } catch (const Error& error) {
-                showFailure(error);
+                note_->setText(errorText(error).text());
             }
         });
 }

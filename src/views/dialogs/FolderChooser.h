@@ -42,7 +42,6 @@ private:
     };
     void show(const QString& folder, const Marked& marked = {});
     void take(const Listing& listing, const Marked& marked);
-    void showFailure(const Error& error);
     void enter();
     void goUp();
     void makeFolder();

@@ -77,6 +77,7 @@ QTreeWidget* keysOf(const QMenuBar& menus) {
 
 HelpDialog::HelpDialog(const QMenuBar& menus, QWidget* parent) : QDialog(parent) {
     setObjectName(QStringLiteral("helpDialog"));
+    setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(tr("Help"));
     resize(560, 480);
     auto* tabs = new QTabWidget;

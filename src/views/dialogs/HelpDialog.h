@@ -11,7 +11,7 @@ class HelpDialog : public QDialog {
     Q_OBJECT
 
 public:
-    /// Lists the keys that the commands have now.
+    /// Lists the keys that the commands have now. Deletes itself when it is closed.
     explicit HelpDialog(const QMenuBar& menus, QWidget* parent = nullptr);
 };
 

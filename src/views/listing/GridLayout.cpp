@@ -43,7 +43,7 @@ QRect GridLayout::cell(int entry) const {
     const int section = sectionOf(entry);
     if (section < 0)
         return {};
-    const Placed& in = sections_[static_cast<std::size_t>(section)];
+    const Placed& in = at(section);
     const int n = entry - in.firstEntry;
     return {QPoint(n % columns_ * cell_.width(),
                    in.top + in.headingHeight + n / columns_ * cell_.height()),
@@ -53,7 +53,7 @@ QRect GridLayout::cell(int entry) const {
 int GridLayout::entryAt(QPoint place) const {
     if (sections_.empty() || place.x() < 0 || place.x() >= columns_ * cell_.width())
         return -1;
-    const Placed& in = sections_[static_cast<std::size_t>(sectionAt(place.y()))];
+    const Placed& in = at(sectionAt(place.y()));
     const int below = place.y() - in.top - in.headingHeight;
     const int n = below / cell_.height() * columns_ + place.x() / cell_.width();
     return below < 0 || n >= in.count ? -1 : in.firstEntry + n;
@@ -66,7 +66,7 @@ std::vector<GridLayout::Range> GridLayout::entriesIn(const QRect& area) const {
     if (sections_.empty() || area.right() < 0 || firstColumn > lastColumn)
         return ranges;
     for (int s = sectionAt(area.top()); s < sectionCount(); ++s) {
-        const Placed& in = sections_[static_cast<std::size_t>(s)];
+        const Placed& in = at(s);
         const int top = in.top + in.headingHeight;
         if (in.top > area.bottom())
             break;
@@ -89,7 +89,7 @@ std::vector<GridLayout::Range> GridLayout::entriesIn(const QRect& area) const {
 
 /// The entry of a line in a column, or the last one of the line.
 int GridLayout::inLine(int section, int line, int column) const {
-    const Placed& in = sections_[static_cast<std::size_t>(section)];
+    const Placed& in = at(section);
     return in.firstEntry + std::min(line * columns_ + column, in.count - 1);
 }
 
@@ -97,20 +97,19 @@ int GridLayout::above(int entry) const {
     const int section = sectionOf(entry);
     if (section < 0)
         return entry;
-    const int n = entry - sections_[static_cast<std::size_t>(section)].firstEntry;
+    const int n = entry - at(section).firstEntry;
     if (n >= columns_)
         return entry - columns_;
     if (section == 0)
         return entry;
-    return inLine(section - 1, lines(sections_[static_cast<std::size_t>(section - 1)]) - 1,
-                  n % columns_);
+    return inLine(section - 1, lines(at(section - 1)) - 1, n % columns_);
 }
 
 int GridLayout::below(int entry) const {
     const int section = sectionOf(entry);
     if (section < 0)
         return entry;
-    const Placed& in = sections_[static_cast<std::size_t>(section)];
+    const Placed& in = at(section);
     const int n = entry - in.firstEntry;
     if (n / columns_ + 1 < lines(in))
         return inLine(section, n / columns_ + 1, n % columns_);
@@ -118,12 +117,12 @@ int GridLayout::below(int entry) const {
 }
 
 GridLayout::Range GridLayout::entriesOf(int section) const {
-    const Placed& in = sections_[static_cast<std::size_t>(section)];
+    const Placed& in = at(section);
     return {in.firstEntry, in.firstEntry + in.count - 1};
 }
 
 QRect GridLayout::heading(int section) const {
-    const Placed& in = sections_[static_cast<std::size_t>(section)];
+    const Placed& in = at(section);
     return {0, in.top, in.headingHeight > 0 ? width_ : 0, in.headingHeight};
 }
 

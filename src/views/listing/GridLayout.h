@@ -60,6 +60,9 @@ private:
         int top = 0;
         int headingHeight = 0;
     };
+    [[nodiscard]] const Placed& at(int section) const {
+        return sections_[static_cast<std::size_t>(section)];
+    }
     [[nodiscard]] int sectionOf(int entry) const;
     [[nodiscard]] int lines(const Placed& section) const;
     [[nodiscard]] int inLine(int section, int line, int column) const;

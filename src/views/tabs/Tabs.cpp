@@ -40,7 +40,7 @@ Tabs::Tabs(Make make, QWidget* parent)
             bar_->setCurrentIndex(rested_);
     });
     connect(bar_, &QTabBar::currentChanged, this, [this](int index) {
-        stack_->setCurrentWidget(tabs_[static_cast<std::size_t>(index)]);
+        stack_->setCurrentWidget(&at(index));
         Q_EMIT currentChanged();
     });
     connect(bar_, &QTabBar::tabMoved, this, [this](int from, int to) {
@@ -51,7 +51,7 @@ Tabs::Tabs(Make make, QWidget* parent)
             std::rotate(at(to), at(from), at(from) + 1);
     });
     connect(bar_, &QTabBar::tabCloseRequested, this,
-            [this](int index) { Q_EMIT closeWanted(*tabs_[static_cast<std::size_t>(index)]); });
+            [this](int index) { Q_EMIT closeWanted(at(index)); });
 }
 
 Tabs::~Tabs() {
@@ -73,7 +73,7 @@ int Tabs::indexOf(const PhoneTab& tab) const {
 }
 
 PhoneTab& Tabs::current() const {
-    return *tabs_[static_cast<std::size_t>(bar_->currentIndex())];
+    return at(bar_->currentIndex());
 }
 
 PhoneTab& Tabs::add() {
@@ -133,7 +133,7 @@ void Tabs::handleDrag(QEvent& event) {
     const int index = bar_->tabAt(drag.position().toPoint());
     if (std::exchange(rested_, index) != index)
         rest_.start(bar_->style()->styleHint(QStyle::SH_TabBar_ChangeCurrentDelay));
-    PhoneTab* tab = index < 0 ? nullptr : tabs_[static_cast<std::size_t>(index)];
+    PhoneTab* tab = index < 0 ? nullptr : &at(index);
     if (event.type() == QEvent::Drop) {
         rest_.stop();
         rested_ = -1;
@@ -160,7 +160,7 @@ bool Tabs::eventFilter(QObject* watched, QEvent* event) {
         const int index = bar_->tabAt(mouse.position().toPoint());
         if (mouse.button() != Qt::MiddleButton || index < 0)
             return false;
-        Q_EMIT closeWanted(*tabs_[static_cast<std::size_t>(index)]);
+        Q_EMIT closeWanted(at(index));
         return true;
     }
     default:

@@ -46,6 +46,9 @@ protected:
 private:
     PhoneTab& insert(int index);
     void showTitle(const PhoneTab& tab);
+    [[nodiscard]] PhoneTab& at(int index) const {
+        return *tabs_[static_cast<std::size_t>(index)];
+    }
     [[nodiscard]] int indexOf(const PhoneTab& tab) const;
     void handleDrag(QEvent& event);
 

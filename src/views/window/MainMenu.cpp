@@ -1,6 +1,7 @@
 #include "app/LanguageManager.h"
 #include "views/common/Icons.h"
 #include "views/common/Layouts.h"
+#include "views/dialogs/HelpDialog.h"
 #include "views/tabs/Tabs.h"
 #include "views/window/MainWindow.h"
 #include "views/window/MenuMnemonics.h"
@@ -65,7 +66,8 @@ void MainWindow::makeMenus() {
                              {Qt::CTRL | Qt::Key_Q}, [this] { quit(); });
     quits->setMenuRole(QAction::QuitRole);
     QAction* help = command("help-contents", QT_TRANSLATE_NOOP("MainMenu", "Help"),
-                            {QKeySequence::HelpContents}, [this] { showHelp(); });
+                            {QKeySequence::HelpContents},
+                            [this, &bar] { (new HelpDialog(bar, this))->show(); });
 
     BrowserView& view = browserView();
     const BrowserActions& a = view.actions();

@@ -5,7 +5,6 @@
 #include "views/common/Icons.h"
 #include "views/common/PlainText.h"
 #include "views/common/WindowStateStore.h"
-#include "views/dialogs/HelpDialog.h"
 #include "views/dialogs/WirelessDialog.h"
 #include "views/settings/SettingsWindow.h"
 #include "views/sync/SyncDialogs.h"
@@ -194,12 +193,6 @@ std::vector<MainWindow*> MainWindow::allWindows() {
         if (other)
             all.push_back(other);
     return all;
-}
-
-void MainWindow::showHelp() {
-    auto* help = new HelpDialog(*menuBar(), this);
-    help->setAttribute(Qt::WA_DeleteOnClose);
-    help->show();
 }
 
 void MainWindow::connectSidebar() {

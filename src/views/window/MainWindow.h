@@ -115,7 +115,6 @@ private:
     [[nodiscard]] QWidget* makeContent();
     void makeMenus();
     void connectSidebar();
-    void showHelp();
     void showSync(const QWidget& anchor);
     void deviceListChanged();
     void tabChanged();

@@ -82,19 +82,14 @@ void WindowSession::reopen() {
     connect(&first_, &MainWindow::placesChanged, this, &WindowSession::keep);
 }
 
-QJsonArray WindowSession::openNow() const {
-    QJsonArray windows;
-    for (MainWindow* window : first_.allWindows())
-        if (window->isVisible())
-            windows.append(written(*window));
-    return windows;
-}
-
 /// The last window that closes is what comes back: without one there is nothing to keep.
 void WindowSession::keep() {
     if (isOver_ || defaults_.value(WindowStateStore::isOffKey).toBool())
         return;
-    const QJsonArray now = openNow();
+    QJsonArray now;
+    for (MainWindow* window : first_.allWindows())
+        if (window->isVisible())
+            now.append(written(*window));
     if (now.isEmpty() || now == kept_)
         return;
     kept_ = now;

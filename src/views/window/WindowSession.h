@@ -24,7 +24,6 @@ public:
     void reopen();
 
 private:
-    [[nodiscard]] QJsonArray openNow() const;
     void keep();
 
     MainWindow& first_;
