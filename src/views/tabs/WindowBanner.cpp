@@ -8,11 +8,7 @@ namespace tessary {
 WindowBanner::WindowBanner(Parts parts) : parts_(parts) {
     FileBrowserViewModel& browser = parts.browser;
     connect(&browser, &FileBrowserViewModel::problemChanged, this, &WindowBanner::update);
-    connect(&browser, &FileBrowserViewModel::stateChanged, this, &WindowBanner::update);
     connect(&parts.notices, &GeneralNotices::changed, this, &WindowBanner::update);
-    connect(&parts.choice, &PhoneChoice::changed, this, &WindowBanner::update);
-    connect(&parts.app.deviceManager(), &DeviceManager::troubleChanged, this,
-            &WindowBanner::update);
     // What went wrong before counts no more once something has worked.
     const auto dismissOld = [&browser] {
         if (!browser.isProblemOfLoad())

@@ -28,7 +28,8 @@ public:
     /// What keeps the files of the phone from being shown at all; then it stands in their place,
     /// and not in the banner.
     [[nodiscard]] std::optional<DeviceTrouble> troubleInTheWay() const;
-    /// Shows what there is to say now.
+    /// Shows what there is to say now. To be called when the phone or its trouble, what is shown of
+    /// it or the browser's state have changed; the rest it follows by itself.
     void update();
 
 private:
