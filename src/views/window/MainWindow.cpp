@@ -150,10 +150,6 @@ PhoneTab& MainWindow::openTab(const TabPlace& place, bool isShown) {
     return opened;
 }
 
-void MainWindow::showTab(PhoneTab& tab) {
-    tabs_->show(tab);
-}
-
 void MainWindow::closeTab(PhoneTab& tab) {
     if (tabs_->all().size() == 1)
         close();

@@ -48,7 +48,6 @@ public:
     PhoneTab& openTab(const TabPlace& place, bool isShown);
     /// The same on the phone of the tab that is shown, at a folder of what that one browses.
     PhoneTab& openTab(const QString& path, bool isShown);
-    void showTab(PhoneTab& tab);
     /// Ends a tab, and with the last one the window, once the user agrees to what ends with it.
     void closeTab(PhoneTab& tab);
     /// Ends the program, once the user agrees to what ends with it; all windows stay otherwise.
@@ -57,7 +56,7 @@ public:
     /// This one and all others, in the order in which they were opened; one that was closed is
     /// there, and hidden, if it is the first.
     [[nodiscard]] std::vector<MainWindow*> allWindows();
-    [[nodiscard]] const Tabs& tabs() const {
+    [[nodiscard]] Tabs& tabs() const {
         return *tabs_;
     }
     [[nodiscard]] Panes& panes() const {

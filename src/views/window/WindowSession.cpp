@@ -47,7 +47,7 @@ void openTabs(MainWindow& window, const std::vector<TabPlace>& places, qsizetype
     for (std::size_t i = places.size(); i-- > 1;)
         window.openTab(places[i], false);
     const auto& tabs = window.tabs().all();
-    window.showTab(*tabs[static_cast<std::size_t>(
+    window.tabs().show(*tabs[static_cast<std::size_t>(
         std::clamp<qsizetype>(shown, 0, static_cast<qsizetype>(tabs.size()) - 1))]);
 }
 
