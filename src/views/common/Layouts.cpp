@@ -35,6 +35,23 @@ QFont demiBold(QFont font) {
     return font;
 }
 
+QVBoxLayout* makeMiddle(QWidget& page, int above, int below) {
+    constexpr int widest = 460;
+    page.setAutoFillBackground(true);
+    page.setBackgroundRole(QPalette::Base);
+    auto* column = new QWidget;
+    column->setMaximumWidth(widest);
+    auto* row = new QHBoxLayout;
+    row->addStretch(1);
+    row->addWidget(column, 1000); // all of it, up to its own width
+    row->addStretch(1);
+    auto* outer = new QVBoxLayout(&page);
+    outer->addStretch(above);
+    outer->addLayout(row);
+    outer->addStretch(below);
+    return new QVBoxLayout(column);
+}
+
 void makeBusy(QProgressBar& bar) {
     bar.setRange(0, 0);
     bar.setTextVisible(false);

@@ -27,6 +27,11 @@ void addCommands(QMenu& menu, std::initializer_list<QAction*> commands);
 /// The font for what stands above other text.
 [[nodiscard]] QFont demiBold(QFont font);
 
+/// Lays out a page as one column in its middle, which is no wider than texts are well read in, with
+/// so many shares of the free room above and below it. Its ground is a list's. The page owns the
+/// layout.
+[[nodiscard]] QVBoxLayout* makeMiddle(QWidget& page, int above, int below);
+
 /// Makes a bar of something whose end is not known.
 void makeBusy(QProgressBar& bar);
 

@@ -34,8 +34,6 @@ PlaceholderView::PlaceholderView(QWidget* parent)
       other_(new QPushButton),
       busy_(new QProgressBar) {
     setObjectName(QStringLiteral("placeholder"));
-    setAutoFillBackground(true);
-    setBackgroundRole(QPalette::Base); // the list's, whose place it takes
     title_->setFont(demiBold(scaled(title_->font(), 1.35)));
     for (QLabel* label : {picture_, title_, detail_})
         label->setAlignment(Qt::AlignCenter);
@@ -45,9 +43,7 @@ PlaceholderView::PlaceholderView(QWidget* parent)
     }
     makeBusy(*busy_);
     busy_->setFixedWidth(160);
-    auto* column = new QWidget;
-    column->setMaximumWidth(460);
-    auto* content = new QVBoxLayout(column);
+    auto* content = makeMiddle(*this, 2, 3);
     content->setSpacing(10);
     content->addWidget(picture_);
     content->addWidget(title_);
@@ -57,14 +53,6 @@ PlaceholderView::PlaceholderView(QWidget* parent)
     content->addWidget(button_, 0, Qt::AlignHCenter);
     content->addWidget(other_, 0, Qt::AlignHCenter);
     content->addWidget(details_);
-    auto* outer = new QVBoxLayout(this);
-    outer->addStretch(2);
-    auto* middle = new QHBoxLayout;
-    middle->addStretch(1);
-    middle->addWidget(column, 1000); // all of it, up to its own width
-    middle->addStretch(1);
-    outer->addLayout(middle);
-    outer->addStretch(3);
 }
 
 void PlaceholderView::show(const QString& iconName, const QString& title, const QString& detail,

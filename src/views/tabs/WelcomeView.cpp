@@ -48,8 +48,6 @@ QWidget* step(int number, const char* title, const char* detail) {
 
 WelcomeView::WelcomeView(std::function<void()> startDemo, QWidget* parent) : QWidget(parent) {
     setObjectName(QStringLiteral("welcomeView"));
-    setAutoFillBackground(true);
-    setBackgroundRole(QPalette::Base);
     auto* picture = new QLabel;
     picture->setPixmap(icon("tessaryPicture").pixmap(96, 96));
     picture->setAlignment(Qt::AlignCenter);
@@ -66,9 +64,7 @@ WelcomeView::WelcomeView(std::function<void()> startDemo, QWidget* parent) : QWi
     });
     connect(demo, &QPushButton::clicked, this, [run = std::move(startDemo)] { run(); });
 
-    auto* column = new QWidget;
-    column->setMaximumWidth(460);
-    auto* content = new QVBoxLayout(column);
+    auto* content = makeMiddle(*this, 1, 2);
     content->setSpacing(16);
     content->addWidget(picture);
     content->addWidget(title);
@@ -83,15 +79,6 @@ WelcomeView::WelcomeView(std::function<void()> startDemo, QWidget* parent) : QWi
                    "transfer”. iPhone: tap “Trust”.")));
     content->addSpacing(8);
     content->addWidget(demo, 0, Qt::AlignCenter);
-
-    auto* row = new QHBoxLayout;
-    row->addStretch(1);
-    row->addWidget(column, 1000);
-    row->addStretch(1);
-    auto* outer = new QVBoxLayout(this);
-    outer->addStretch(1);
-    outer->addLayout(row);
-    outer->addStretch(2);
 }
 
 } // namespace tessary
