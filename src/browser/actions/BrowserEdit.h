@@ -23,6 +23,12 @@ struct BrowserEditReport {
     bool isDeviceLost = false;
 };
 
+/// How far a deletion or a move of several entries is.
+struct EditProgress {
+    int done = 0;
+    int total = 0;
+};
+
 /// Does something to one entry; blocking.
 using EditAction = std::function<void(PhoneFileSystem&, const FileItem&, const std::stop_token&)>;
 

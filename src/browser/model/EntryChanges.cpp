@@ -3,6 +3,8 @@
 #include "base/local/LocalError.h"
 #include "base/local/Trash.h"
 #include "base/text/PathNames.h"
+#include "base/threads/Background.h"
+#include "base/threads/TellLatest.h"
 #include "browser/model/FileBrowserViewModel.h"
 #include "phone/TreeLimits.h"
 #include "transfer/local/LocalFileSystem.h"
@@ -94,7 +96,6 @@ void takeBack(PhoneFileSystem& files, const UndoStep& step, const UndoStep::Chan
 } // namespace
 
 EntryChanges::EntryChanges(FileBrowserViewModel& browser) : browser_(browser) {
-    connect(&edits_, &BrowserEdits::changed, this, &EntryChanges::runningChanged);
     connect(&browser.queue(), &CopyQueue::recordChanged, this, [this](const QUuid& id) {
         const CopyQueue& queue = browser_.queue();
         const int index = queue.indexOf(id);
@@ -108,6 +109,44 @@ EntryChanges::EntryChanges(FileBrowserViewModel& browser) : browser_(browser) {
     });
 }
 
+EntryChanges::~EntryChanges() {
+    cancel();
+}
+
+void EntryChanges::cancel() {
+    for (std::stop_source& stop : running_)
+        stop.request_stop();
+}
+
+/// Does something to each entry in the background; `whenDone` is called on the main thread, unless
+/// this is gone by then.
+void EntryChanges::start(const std::shared_ptr<PhoneFileSystem>& files, std::vector<FileItem> items,
+                         What what, EditAction action, Done whenDone) {
+    if (running_.empty())
+        progress_ = {};
+    progress_.total += static_cast<int>(items.size());
+    const auto tell = tellLatest<int>(this, [this, before = progress_.done](int count) {
+        if (!isRunning())
+            return;
+        progress_.done = before + count;
+        Q_EMIT runningChanged();
+    });
+    const auto source = std::make_shared<std::stop_source>(std::nostopstate);
+    *source = runInBackground(
+        this,
+        [files, items = std::move(items), what, action = std::move(action),
+         tell](const std::stop_token& stop) {
+            return editEach(*files, items, what, action, tell, stop);
+        },
+        [this, source, whenDone = std::move(whenDone)](BackgroundResult<BrowserEditReport> result) {
+            running_.erase(std::find(running_.begin(), running_.end(), *source));
+            Q_EMIT runningChanged();
+            whenDone(result.succeeded() ? result.take() : BrowserEditReport());
+        });
+    running_.push_back(*source);
+    Q_EMIT runningChanged();
+}
+
 void EntryChanges::run(const std::shared_ptr<PhoneFileSystem>& files, std::vector<FileItem> items,
                        What what, EditAction action, Done whenDone, const QStringList& newPaths) {
     if (!files || items.empty())
@@ -115,23 +154,22 @@ void EntryChanges::run(const std::shared_ptr<PhoneFileSystem>& files, std::vecto
     QStringList changedPaths = newPaths;
     for (const FileItem& item : items)
         changedPaths << item.path;
-    edits_.start(files, std::move(items), what, std::move(action),
-                 [this, whenDone = std::move(whenDone), changedPaths, files,
-                  path = browser_.currentPath()](const BrowserEditReport& report) {
-                     for (const QString& changed : changedPaths)
-                         browser_.folders().entryChanged(files->identity(), changed);
-                     whenDone(report);
-                     if (report.problem)
-                         browser_.showProblem(*report.problem);
-                     // The user may be in another folder by now, which this has changed as well.
-                     const QString shown = browser_.currentPath();
-                     const bool isTouched =
-                         std::ranges::any_of(changedPaths, [&](const QString& changed) {
-                             return files->canonicalPath(parentPath(changed)) == shown;
-                         });
-                     browser_.refreshAfterChange(files->identity(), isTouched ? shown : path,
-                                                 report.isDeviceLost);
-                 });
+    start(files, std::move(items), what, std::move(action),
+          [this, whenDone = std::move(whenDone), changedPaths, files,
+           path = browser_.currentPath()](const BrowserEditReport& report) {
+              for (const QString& changed : changedPaths)
+                  browser_.folders().entryChanged(files->identity(), changed);
+              whenDone(report);
+              if (report.problem)
+                  browser_.showProblem(*report.problem);
+              // The user may be in another folder by now, which this has changed as well.
+              const QString shown = browser_.currentPath();
+              const bool isTouched = std::ranges::any_of(changedPaths, [&](const QString& changed) {
+                  return files->canonicalPath(parentPath(changed)) == shown;
+              });
+              browser_.refreshAfterChange(files->identity(), isTouched ? shown : path,
+                                          report.isDeviceLost);
+          });
 }
 
 void EntryChanges::record(UndoStep step) {
@@ -201,8 +239,7 @@ void EntryChanges::rename(const FileItem& item, const QString& newName) {
                 return;
             const QString& path = report.donePaths.front();
             record({UndoStep::Kind::rename, identity, {{path, newPath}}});
-            if (folder == browser_.currentPath() && browser_.files() &&
-                browser_.files()->identity() == identity)
+            if (folder == browser_.currentPath() && isShown(identity))
                 browser_.awaitEntry(newName);
             Q_EMIT renamed(path, newPath);
         },
@@ -301,8 +338,7 @@ void EntryChanges::takenBack(const UndoStep& step, const BrowserEditReport& repo
     const auto first =
         std::ranges::find(step.changes, report.donePaths.front(), &UndoStep::Change::now);
     const QString& back = first->before;
-    if (browser_.files() && browser_.files()->identity() == step.identity &&
-        parentPath(back) == browser_.currentPath())
+    if (isShown(step.identity) && parentPath(back) == browser_.currentPath())
         browser_.awaitEntry(lastComponent(back));
     if (step.kind == UndoStep::Kind::rename)
         Q_EMIT renamed(first->now, back);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "browser/actions/BrowserEdits.h"
+#include "browser/actions/BrowserEdit.h"
 #include "browser/actions/UndoHistory.h"
 
 #include <QObject>
@@ -9,6 +9,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <stop_token>
 #include <vector>
 
 namespace tessary {
@@ -24,17 +25,17 @@ class EntryChanges : public QObject {
 public:
     /// `browser` outlives it.
     explicit EntryChanges(FileBrowserViewModel& browser);
+    /// Stops what is under way.
+    ~EntryChanges() override;
 
     [[nodiscard]] bool isRunning() const {
-        return edits_.isRunning();
+        return !running_.empty();
     }
     [[nodiscard]] const EditProgress& progress() const {
-        return edits_.progress();
+        return progress_;
     }
     /// What is done stays done.
-    void cancel() {
-        edits_.cancel();
-    }
+    void cancel();
 
     /// In the folder shown.
     void createFolder(const QString& name);
@@ -69,13 +70,16 @@ private:
     void run(const std::shared_ptr<PhoneFileSystem>& files, std::vector<FileItem> items,
              BrowserProblem::What what, EditAction action, Done whenDone,
              const QStringList& newPaths = {});
+    void start(const std::shared_ptr<PhoneFileSystem>& files, std::vector<FileItem> items,
+               BrowserProblem::What what, EditAction action, Done whenDone);
     void record(UndoStep step);
     [[nodiscard]] bool isShown(const QString& identity) const;
     void tellRemoved(const QString& identity, const QStringList& paths);
     void takenBack(const UndoStep& step, const BrowserEditReport& report);
 
     FileBrowserViewModel& browser_;
-    BrowserEdits edits_;
+    std::vector<std::stop_source> running_; ///< one for each that is under way
+    EditProgress progress_;
     UndoHistory history_;
 };
 
