@@ -34,14 +34,10 @@ FileBrowserViewModel::FileBrowserViewModel(CopyQueue& queue, BrowserSetup setup,
       dragMount_(setup.dragMount),
       loader_([&queue] { return queue.summary().isIdle() ? reloadPause : reloadPauseInQueue; }),
       copies_(*this, queue, std::move(setup.comparesCopies)),
-      changes_(*this),
-      preview_(staged_) {
+      changes_(*this) {
     connect(&changes_, &EntryChanges::runningChanged, this, &FileBrowserViewModel::editingChanged);
     connect(&changes_, &EntryChanges::removed, this, &FileBrowserViewModel::itemsDeleted);
     connect(&changes_, &EntryChanges::renamed, this, &FileBrowserViewModel::itemRenamed);
-    connect(&preview_, &PreviewFetch::progress, this, &FileBrowserViewModel::previewProgress);
-    connect(&preview_, &PreviewFetch::ready, this, &FileBrowserViewModel::previewReady);
-    connect(&preview_, &PreviewFetch::failed, this, &FileBrowserViewModel::previewFailed);
     connect(&loader_, &FolderLoader::againDue, this, &FileBrowserViewModel::reload);
     connect(&loader_, &FolderLoader::partCame, this,
             [this](const std::shared_ptr<const FileListing>& part) { rows_.update(part); });
@@ -66,7 +62,6 @@ FileBrowserViewModel::~FileBrowserViewModel() {
 void FileBrowserViewModel::stopAll() {
     loader_.stop();
     loader_.forgetAgain();
-    preview_.cancel();
     changes_.cancel();
 }
 
@@ -90,7 +85,6 @@ void FileBrowserViewModel::connect(const QString& udid, const QString& bundleId,
 void FileBrowserViewModel::open(std::shared_ptr<PhoneFileSystem> files,
                                 const std::optional<DeviceInfo>& device,
                                 const QString& initialPath) {
-    preview_.cancel();
     if (files_)
         left_.insert(files_->identity(), history_);
     std::swap(files_, files);
@@ -415,13 +409,6 @@ void FileBrowserViewModel::deleteItems(const QStringList& ids) {
 void FileBrowserViewModel::renameItem(const QString& id, const QString& newName) {
     if (const FileItem* item = itemWithId(id))
         changes_.rename(*item, newName);
-}
-
-void FileBrowserViewModel::cacheFileForPreview(const QString& id) {
-    const FileItem* item = itemWithId(id);
-    preview_.cancel();
-    if (files_ && item)
-        preview_.start(files_, *item, id);
 }
 
 std::stop_source

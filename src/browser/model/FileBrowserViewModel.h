@@ -2,7 +2,6 @@
 
 #include "browser/actions/BrowserProblem.h"
 #include "browser/actions/DragFiles.h"
-#include "browser/actions/PreviewFetch.h"
 #include "browser/listing/FileRows.h"
 #include "browser/listing/ListingCache.h"
 #include "browser/model/BrowserCopies.h"
@@ -303,11 +302,6 @@ public:
     [[nodiscard]] BrowserCopies& copies() {
         return copies_;
     }
-    /// Answers with previewReady or previewFailed. A call drops the one before it.
-    void cacheFileForPreview(const QString& id);
-    void cancelPreview() {
-        preview_.cancel();
-    }
     /// `whenReady` is called on the main thread, unless this is gone by then or the result
     /// was asked to stop. Where a DragMount can show them the paths are there at once, and the
     /// entries are copied as another program reads them. Elsewhere they are copied beforehand:
@@ -334,10 +328,6 @@ Q_SIGNALS:
     void folderCreated(const QString& id);
     void itemRenamed(const QString& oldPath, const QString& newPath);
     void itemsDeleted(const QStringList& paths);
-    /// Bytes of the copy that a preview waits for; not for each piece.
-    void previewProgress(const QString& id, qint64 done, qint64 total);
-    void previewReady(const QString& id, const QString& localFile);
-    void previewFailed(const QString& id, const tessary::Error& error);
 
 private:
     /// An entry to select once a listing shows it.
@@ -402,7 +392,6 @@ private:
     FolderLoader loader_;
     BrowserCopies copies_;
     EntryChanges changes_;
-    PreviewFetch preview_;
 };
 
 } // namespace tessary

@@ -2,11 +2,14 @@
 
 #include "app/LanguageManager.h"
 #include "app/texts/ErrorText.h"
+#include "base/log/DiagnosticsLogger.h"
 #include "base/text/Printable.h"
 #include "base/threads/Background.h"
 #include "base/threads/CancellationError.h"
+#include "base/threads/TellLatest.h"
 #include "preview/FilmPicture.h"
 #include "preview/PhoneThumbnail.h"
+#include "transfer/staging/StagedFiles.h"
 #include "views/common/Icons.h"
 #include "views/common/Layouts.h"
 #include "views/common/PageStack.h"
@@ -94,21 +97,10 @@ PreviewWindow::PreviewWindow(FileBrowserViewModel& browser, std::function<int()>
 
     connect(&browser.selection(), &EntrySelection::changed, this, &PreviewWindow::follow);
     connect(&browser, &FileBrowserViewModel::stateChanged, this, &PreviewWindow::follow);
-    connect(&browser, &FileBrowserViewModel::previewProgress, this,
-            [this](const QString& id, qint64 done, qint64 total) {
-                if (isShowing(id))
-                    facts_->showProgress(done, total);
-            });
-    connect(&browser, &FileBrowserViewModel::previewReady, this,
-            [this](const QString& id, const QString& localFile) {
-                if (isShowing(id))
-                    showFile(localFile);
-            });
-    connect(&browser, &FileBrowserViewModel::previewFailed, this,
-            [this](const QString& id, const Error& error) {
-                if (isShowing(id))
-                    showFacts(errorText(error).what);
-            });
+}
+
+PreviewWindow::~PreviewWindow() {
+    stop_.request_stop();
 }
 
 QWidget* PreviewWindow::makeFooter() {
@@ -166,16 +158,11 @@ void PreviewWindow::drop() {
     ++number_;
     fetchTimer_.stop();
     stop_.request_stop();
-    browser_.cancelPreview();
     localFile_.clear();
     page_ = 0;
     pages_ = 1;
     picture_->setImage({});
     text_->clear();
-}
-
-bool PreviewWindow::isShowing(const QString& id) const {
-    return isVisible() && item_ && item_->id() == id;
 }
 
 /// Shows the entry that the keyboard is on.
@@ -185,8 +172,12 @@ void PreviewWindow::follow() {
     const auto& current = browser_.selection().currentId();
     const FileItem* item = current ? browser_.itemWithId(*current) : nullptr;
     if (item == nullptr || browser_.state() != BrowserState::ready) {
-        if (!browser_.isLoading()) // else it may come yet
+        if (!browser_.isLoading()) { // else it may come yet
             hide();
+        } else if (localFile_.isEmpty()) { // nor does another folder wait for what is on its way
+            drop();
+            item_.reset();
+        }
         return;
     }
     previous_->setEnabled(browser_.selection().canMove(-1));
@@ -212,12 +203,34 @@ void PreviewWindow::follow() {
 
 void PreviewWindow::fetch() {
     facts_->showProgress(0, 0);
-    if (kind_ != PreviewKind::film)
-        browser_.cacheFileForPreview(item_->id());
-    else
+    if (kind_ == PreviewKind::film) {
         decode([decoder = decoder_, files = browser_.files(),
                 item = *item_](const std::stop_token& stop) {
             return pictureOfFilm(*files, item, decoder, stop);
+        });
+        return;
+    }
+    const auto tell =
+        tellLatest<qint64>(this, [this, number = number_, total = item_->size](qint64 done) {
+            if (number == number_)
+                facts_->showProgress(done, total);
+        });
+    stop_ = runInBackground(
+        this,
+        [&copies = browser_.stagedFiles(), files = browser_.files(), item = *item_,
+         tell](const std::stop_token& stop) { return copies.fetch(*files, item, tell, stop); },
+        [this, number = number_](BackgroundResult<QString> result) {
+            if (number != number_)
+                return;
+            try {
+                showFile(result.take());
+            } catch (const CancellationError&) {
+                // Nobody waits for it.
+            } catch (const Error& error) {
+                DiagnosticsLogger::shared().ui.error("Failed to cache file for preview: %s",
+                                                     {error.logText()});
+                showFacts(errorText(error).what);
+            }
         });
 }
 

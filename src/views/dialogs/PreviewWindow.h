@@ -34,6 +34,9 @@ public:
     /// another in the listing.
     PreviewWindow(FileBrowserViewModel& browser, std::function<int()> columns, QWidget* parent);
 
+    /// Gives up what is under way.
+    ~PreviewWindow() override;
+
     /// Opens the window on the current entry, or closes it.
     void toggle();
     /// The entry that is shown.
@@ -57,7 +60,6 @@ private:
     void decode(std::function<Picture(const std::stop_token&)> work);
     void drop();
     bool handleKey(const QKeyEvent& event);
-    [[nodiscard]] bool isShowing(const QString& id) const;
 
     FileBrowserViewModel& browser_;
     const std::function<int()> columns_;
