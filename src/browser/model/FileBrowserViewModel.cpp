@@ -94,7 +94,7 @@ void FileBrowserViewModel::open(std::shared_ptr<PhoneFileSystem> files,
     isMedia_ = false;
     isConnecting_ = false;
     history_ = initialPath.isEmpty() ? left_.value(files_->identity()) : BrowserHistory();
-    typed_.known().clear();
+    typed_.clear();
     setSearchText({});
     folders_.open(files_->identity(), device ? device->id() : QString());
     Q_EMIT connectionChanged();
@@ -299,7 +299,7 @@ void FileBrowserViewModel::applyLoad(const BrowserLoad& load, Meanwhile meanwhil
     isConnecting_ = false;
     unreadable_ = load.unreadable;
     if (searchedName_.isEmpty())
-        typed_.known().note(currentPath(), load.listing->items());
+        typed_.note(currentPath(), load.listing->items());
     // What has come of a long listing is shown already.
     if (meanwhile == Meanwhile::nothing && rows_.listing().size() == 0)
         rows_.reset(load.listing);
