@@ -11,12 +11,12 @@ BrowserPlace BrowserPlace::of(const PhoneFileSystem& files, const std::optional<
         for (const StorageVolume& volume : device->volumes)
             if (root.path == QStringLiteral("/storage/") + volume.id && !volume.name.isEmpty())
                 root.name = volume.name;
-    BrowserPlace place{path, root.path, {{QUuid::createUuid(), root.name, root.path}}};
+    BrowserPlace place{path, root.path, {{root.name, root.path}}};
     QString soFar = root.path;
     for (const QString& name :
          path.mid(root.path.size()).split(QLatin1Char('/'), Qt::SkipEmptyParts)) {
         soFar = joinPath(soFar, name);
-        place.components.push_back({QUuid::createUuid(), name, soFar});
+        place.components.push_back({name, soFar});
     }
     return place;
 }

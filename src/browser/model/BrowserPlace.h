@@ -4,7 +4,6 @@
 #include "phone/records/DeviceInfo.h"
 
 #include <QString>
-#include <QUuid>
 
 #include <optional>
 #include <vector>
@@ -13,7 +12,6 @@ namespace tessary {
 
 /// One step of the path bar.
 struct PathComponent {
-    QUuid id;
     QString name;
     QString path; ///< where a click goes
 };

@@ -21,7 +21,6 @@
 
 #include <QHash>
 #include <QObject>
-#include <QUuid>
 
 #include <functional>
 #include <memory>

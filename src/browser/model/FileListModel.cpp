@@ -1,7 +1,6 @@
 #include "browser/model/FileListModel.h"
 
 #include "base/text/PathNames.h"
-#include "browser/listing/EntryMimeData.h"
 
 #include <array>
 
@@ -83,16 +82,12 @@ QVariant FileListModel::data(const QModelIndex& index, int role) const {
                                             : QVariant();
     case idRole:
         return browser_.rows().id(index.row());
-    case pathRole:
-        return item.path;
     case isDirectoryRole:
         return item.isDirectory;
     case iconNameRole:
         return item.iconName();
     case categoryRole:
         return static_cast<int>(item.category());
-    case sizeRole:
-        return item.size;
     case dateRole:
         return item.modifiedDate.value_or(QDateTime());
     default:
@@ -128,53 +123,16 @@ QVariant FileListModel::headerData(int section, Qt::Orientation orientation, int
 
 Qt::ItemFlags FileListModel::flags(const QModelIndex& index) const {
     if (!index.isValid())
-        return Qt::ItemIsDropEnabled; // on the folder itself
+        return Qt::NoItemFlags;
     Qt::ItemFlags flags = QAbstractTableModel::flags(index) | Qt::ItemIsDragEnabled;
     if (index.column() == nameColumn)
         flags |= Qt::ItemIsEditable;
-    if (browser_.rows().isFolder(index.row()))
-        flags |= Qt::ItemIsDropEnabled;
     return flags;
 }
 
 void FileListModel::sort(int column, Qt::SortOrder order) {
     if (column >= 0 && column < folderColumn)
         browser_.setSortOrder({{static_cast<FileField>(column), order == Qt::DescendingOrder}});
-}
-
-QHash<int, QByteArray> FileListModel::roleNames() const {
-    QHash<int, QByteArray> names = QAbstractTableModel::roleNames();
-    names.insert({{idRole, "id"},
-                  {pathRole, "path"},
-                  {isDirectoryRole, "isDirectory"},
-                  {iconNameRole, "iconName"},
-                  {categoryRole, "category"},
-                  {sizeRole, "size"},
-                  {dateRole, "date"}});
-    return names;
-}
-
-QStringList FileListModel::mimeTypes() const {
-    return {QString(EntryMimeData::format)};
-}
-
-QMimeData* FileListModel::mimeData(const QModelIndexList& indexes) const {
-    const std::shared_ptr<PhoneFileSystem>& files = browser_.files();
-    std::vector<FileItem> items;
-    for (const QModelIndex& index : indexes)
-        if (index.column() == nameColumn)
-            items.push_back(browser_.rows().item(index.row()));
-    if (files == nullptr || items.empty())
-        return nullptr;
-    return new EntryMimeData(files, std::move(items));
-}
-
-Qt::DropActions FileListModel::supportedDragActions() const {
-    return Qt::CopyAction | Qt::MoveAction;
-}
-
-Qt::DropActions FileListModel::supportedDropActions() const {
-    return Qt::CopyAction | Qt::MoveAction;
 }
 
 QModelIndex FileListModel::indexOf(const QString& id) const {

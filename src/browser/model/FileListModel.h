@@ -3,9 +3,6 @@
 #include "browser/model/FileBrowserViewModel.h"
 
 #include <QAbstractTableModel>
-#include <QPersistentModelIndex>
-
-#include <vector>
 
 namespace tessary {
 
@@ -19,11 +16,9 @@ public:
     enum Column { nameColumn, sizeColumn, dateColumn, kindColumn, folderColumn, columnsInAll };
     enum Role {
         idRole = Qt::UserRole + 1,
-        pathRole,
         isDirectoryRole,
         iconNameRole, ///< FileItem::iconName()
         categoryRole, ///< int of FileCategory
-        sizeRole,     ///< bytes, qint64
         dateRole,     ///< QDateTime; invalid when unknown
     };
 
@@ -37,16 +32,9 @@ public:
     bool setData(const QModelIndex& index, const QVariant& value, int role) override;
     [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation,
                                       int role) const override;
-    /// Names can be edited, entries dragged, and things dropped on folders.
+    /// Names can be edited, and entries dragged.
     [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
     void sort(int column, Qt::SortOrder order) override;
-    [[nodiscard]] QHash<int, QByteArray> roleNames() const override;
-
-    [[nodiscard]] QStringList mimeTypes() const override;
-    /// An EntryMimeData of these rows' entries.
-    [[nodiscard]] QMimeData* mimeData(const QModelIndexList& indexes) const override;
-    [[nodiscard]] Qt::DropActions supportedDragActions() const override;
-    [[nodiscard]] Qt::DropActions supportedDropActions() const override;
 
     /// The first column's index of an entry; invalid when it is not shown.
     [[nodiscard]] QModelIndex indexOf(const QString& id) const;

@@ -35,9 +35,6 @@ public:
     void start(const Wanted& wanted, Done whenDone);
     /// Drops the reading.
     void stop();
-    [[nodiscard]] bool isRunning() const {
-        return isRunning_;
-    }
     /// Has the folder read again, after the reading that is under way: a phone that is busy copying
     /// would else never come to the end of one. `isUrgent`: the pause begins anew.
     void againSoon(bool isUrgent);
