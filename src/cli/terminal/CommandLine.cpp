@@ -6,8 +6,11 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <array>
+#include <iterator>
 #include <string>
+#include <string_view>
 
 namespace tessary {
 
@@ -19,40 +22,8 @@ QString text(const std::string& bytes) {
     return QFile::decodeName(QByteArray::fromStdString(bytes));
 }
 
-/// What CLI11 fills while it parses.
-struct Raw {
-    bool json = false;
-    bool demo = false;
-    std::string demoFolder;
-    std::string protocol;
-    std::vector<std::string> usb;
-    std::string device;
-    std::string app;
-    bool media = false;
-    bool onlyNew = false;
-    bool verify = false;
-    std::string pattern;
-    bool skip = false;
-    bool replace = false;
-    bool keepBoth = false;
-    std::vector<std::string> paths;
-    std::string path;
-    std::string target;
-    std::string local;
-    std::string mode;
-    bool move = false;
-    bool noDelete = false;
-    bool yes = false;
-    bool yesAll = false;
-    bool keep = false;
-    bool dryRun = false;
-    std::vector<std::string> excludes;
-    bool byDate = false;
-    bool deleteFetched = false;
-};
-
 struct ModeName {
-    const char* name;
+    std::string_view name;
     SyncMode mode;
 };
 
@@ -87,67 +58,111 @@ void refuseEmptyWords(CLI::App& app) {
         refuseEmptyWords(*sub);
 }
 
-struct Subcommand {
-    CLI::App* app = nullptr;
-    CliRequest::Command command = CliRequest::Command::devices;
-};
+// The options of CLI11 that fill a request while it parses.
 
-template <typename AddDevice>
-void addSync(CLI::App& sync, Raw& raw, const AddDevice& addDevice) {
-    addDevice(sync);
-    sync.add_option("LOCAL", raw.local, "Folder here")->required();
-    sync.add_option("PATH", raw.path, "Folder on the device")->required();
+CLI::Option* addWord(CLI::App& app, const char* name, QString& word, const char* help) {
+    return app.add_option_function<std::string>(
+        name, [&word](const std::string& given) { word = text(given); }, help);
+}
+
+/// A path on this machine.
+CLI::Option* addLocal(CLI::App& app, const char* name, QString& path, const char* help) {
+    return app.add_option_function<std::string>(
+        name,
+        [&path](const std::string& given) { path = QFileInfo(text(given)).absoluteFilePath(); },
+        help);
+}
+
+/// A path on the device, behind those before it.
+CLI::Option* addPath(CLI::App& app, const char* name, QStringList& paths, const char* help) {
+    return app.add_option_function<std::string>(
+        name, [&paths](const std::string& given) { paths.append(text(given)); }, help);
+}
+
+CLI::Option* addWords(CLI::App& app, const char* name, QStringList& words, const char* help) {
+    return app.add_option_function<std::vector<std::string>>(
+        name,
+        [&words](const std::vector<std::string>& given) {
+            std::transform(given.begin(), given.end(), std::back_inserter(words), text);
+        },
+        help);
+}
+
+/// A flag that chooses one of several values.
+template <typename T>
+CLI::Option* addChoice(CLI::App& app, const char* name, T& chosen, T value, const char* help) {
+    return app.add_flag_callback(
+        name, [&chosen, value] { chosen = value; }, help);
+}
+
+void addAnyDevice(CLI::App& sub, CliRequest& request) {
+    addWord(sub, "DEVICE", request.device, "udid, a unique prefix of one, or a unique name")
+        ->required();
+}
+
+void addDevice(CLI::App& sub, CliRequest& request) {
+    addAnyDevice(sub, request);
+    CLI::Option* app =
+        addWord(sub, "--app", request.app, "Bundle identifier of the iPhone app to work in");
+    sub.add_flag("--media", request.media, "Work in the photos and videos of an iPhone")
+        ->excludes(app);
+}
+
+void addClashes(CLI::App& sub, CliRequest& request) {
+    sub.add_flag("--new", request.onlyNew, "Leave what is there with the same size and date");
+    sub.add_flag("--verify", request.verifies, "Compare each copy with its source");
+    ClashAnswer& clash = request.clash;
+    CLI::Option* skip =
+        addChoice(sub, "--skip", clash, ClashAnswer::skip, "Leave files whose name is taken");
+    CLI::Option* replace = addChoice(sub, "--replace", clash, ClashAnswer::replace,
+                                     "Replace files whose name is taken (as usual)");
+    CLI::Option* both = addChoice(sub, "--keep-both", clash, ClashAnswer::keepBoth,
+                                  "Give such a copy a number: \"a (2).txt\"");
+    skip->excludes(replace)->excludes(both);
+    replace->excludes(both);
+}
+
+void addSync(CLI::App& sync, CliRequest& request) {
+    using Answer = CliRequest::Answer;
+    addDevice(sync, request);
+    addLocal(sync, "LOCAL", request.localPath, "Folder here")->required();
+    addPath(sync, "PATH", request.paths, "Folder on the device")->required();
     std::vector<std::string> names;
     for (const ModeName& mode : modeNames)
         names.emplace_back(mode.name);
-    sync.add_option("--mode", raw.mode, "Which way files flow")
+    sync.add_option_function<std::string>(
+            "--mode",
+            [&request](const std::string& name) {
+                request.mode = std::ranges::find(modeNames, name, &ModeName::name)->mode;
+            },
+            "Which way files flow")
         ->required()
         ->check(CLI::IsMember(names));
-    sync.add_flag("--move", raw.move, "One way only: delete each file that has arrived");
-    sync.add_flag("--no-delete", raw.noDelete, "Copy back what was deleted on one side");
-    CLI::Option* yes =
-        sync.add_flag("--yes", raw.yes, "Delete without asking; refuse what looks like a mistake");
-    CLI::Option* yesAll = sync.add_flag("--yes-all", raw.yesAll, "Delete without asking at all");
-    CLI::Option* keep = sync.add_flag("--keep", raw.keep, "Delete nothing in this run");
+    sync.add_flag("--move", request.moves, "One way only: delete each file that has arrived");
+    addChoice(sync, "--no-delete", request.deletes, false,
+              "Copy back what was deleted on one side");
+    CLI::Option* yes = addChoice(sync, "--yes", request.answer, Answer::yes,
+                                 "Delete without asking; refuse what looks like a mistake");
+    CLI::Option* yesAll = addChoice(sync, "--yes-all", request.answer, Answer::yesAll,
+                                    "Delete without asking at all");
+    CLI::Option* keep =
+        addChoice(sync, "--keep", request.answer, Answer::keep, "Delete nothing in this run");
     yes->excludes(yesAll)->excludes(keep);
     yesAll->excludes(keep);
-    sync.add_flag("--dry-run", raw.dryRun, "Print what would be done, and do nothing");
-    sync.add_option("--exclude", raw.excludes, "Leave out what matches, as .gitignore has it")
+    sync.add_flag("--dry-run", request.isDryRun, "Print what would be done, and do nothing");
+    addWords(sync, "--exclude", request.excludes, "Leave out what matches, as .gitignore has it")
         ->type_name("PATTERN")
         ->allow_extra_args(false);
 }
 
-std::vector<Subcommand> addSubcommands(CLI::App& app, Raw& raw) {
+void addSubcommands(CLI::App& app, CliRequest& request) {
     using Command = CliRequest::Command;
-    std::vector<Subcommand> commands;
     const auto add = [&](const char* name, const char* help, Command command,
                          const char* jsonHelp = "Print one JSON document") -> CLI::App& {
         CLI::App* sub = app.add_subcommand(name, help);
-        sub->add_flag("--json", raw.json, jsonHelp);
-        commands.push_back({sub, command});
+        sub->add_flag("--json", request.json, jsonHelp);
+        sub->callback([&request, command] { request.command = command; });
         return *sub;
-    };
-    const auto addAnyDevice = [&](CLI::App& sub) {
-        sub.add_option("DEVICE", raw.device, "udid, a unique prefix of one, or a unique name")
-            ->required();
-    };
-    const auto addDevice = [&](CLI::App& sub) {
-        addAnyDevice(sub);
-        CLI::Option* oneApp =
-            sub.add_option("--app", raw.app, "Bundle identifier of the iPhone app to work in");
-        sub.add_flag("--media", raw.media, "Work in the photos and videos of an iPhone")
-            ->excludes(oneApp);
-    };
-    const auto addClashes = [&](CLI::App& sub) {
-        sub.add_flag("--new", raw.onlyNew, "Leave what is there with the same size and date");
-        sub.add_flag("--verify", raw.verify, "Compare each copy with its source");
-        CLI::Option* skip = sub.add_flag("--skip", raw.skip, "Leave files whose name is taken");
-        CLI::Option* replace =
-            sub.add_flag("--replace", raw.replace, "Replace files whose name is taken (as usual)");
-        CLI::Option* both =
-            sub.add_flag("--keep-both", raw.keepBoth, "Give such a copy a number: \"a (2).txt\"");
-        skip->excludes(replace)->excludes(both);
-        replace->excludes(both);
     };
 
     add("devices", "List the devices that are attached", Command::devices);
@@ -155,117 +170,73 @@ std::vector<Subcommand> addSubcommands(CLI::App& app, Raw& raw) {
         "Print one JSON object a line");
 
     CLI::App& apps = add("apps", "List the apps of an iPhone that share files", Command::apps);
-    addAnyDevice(apps);
+    addAnyDevice(apps, request);
 
     CLI::App& list = add("ls", "List a folder of a device", Command::list);
-    addDevice(list);
-    list.add_option("PATH", raw.path, "Folder on the device; / when left out");
+    addDevice(list, request);
+    addPath(list, "PATH", request.paths, "Folder on the device; / when left out");
 
     CLI::App& info =
         add("info", "Show what is known of a device, or of one path on it", Command::info);
-    addDevice(info);
-    info.add_option("PATH", raw.path, "File or folder on the device");
+    addDevice(info, request);
+    addPath(info, "PATH", request.paths, "File or folder on the device");
 
     CLI::App& find =
         add("find", "Search a folder of a device, and all below it, by name", Command::find);
-    addDevice(find);
-    find.add_option("PATTERN", raw.pattern, "Part of a name, or a pattern: \"*.jpg\"")->required();
-    find.add_option("PATH", raw.path, "Folder on the device; / when left out");
+    addDevice(find, request);
+    addWord(find, "PATTERN", request.pattern, "Part of a name, or a pattern: \"*.jpg\"")
+        ->required();
+    addPath(find, "PATH", request.paths, "Folder on the device; / when left out");
 
     CLI::App& mount =
         add("mount", "Show a device's files as a folder here, to read, until it is unmounted",
             Command::mount);
-    addDevice(mount);
-    mount.add_option("FOLDER", raw.local, "Empty folder here")->required();
+    addDevice(mount, request);
+    addLocal(mount, "FOLDER", request.localPath, "Empty folder here")->required();
 
     CLI::App& get = add("get", "Copy a file or folder from a device", Command::get);
-    addDevice(get);
-    get.add_option("PATH", raw.path, "File or folder on the device")->required();
-    get.add_option("LOCAL", raw.local, "Folder here, or the name of the copy")->required();
-    addClashes(get);
+    addDevice(get, request);
+    addPath(get, "PATH", request.paths, "File or folder on the device")->required();
+    addLocal(get, "LOCAL", request.localPath, "Folder here, or the name of the copy")->required();
+    addClashes(get, request);
 
     CLI::App& put = add("put", "Copy a file or folder into a folder of a device", Command::put);
-    addDevice(put);
-    put.add_option("LOCAL", raw.local, "File or folder here")->required();
-    put.add_option("PATH", raw.path, "Folder on the device")->required();
-    addClashes(put);
+    addDevice(put, request);
+    addLocal(put, "LOCAL", request.localPath, "File or folder here")->required();
+    addPath(put, "PATH", request.paths, "Folder on the device")->required();
+    addClashes(put, request);
 
     CLI::App& makeFolder = add("mkdir", "Make folders on a device", Command::makeFolder);
-    addDevice(makeFolder);
-    makeFolder.add_option("PATH", raw.paths, "The new folders")->required();
+    addDevice(makeFolder, request);
+    addWords(makeFolder, "PATH", request.paths, "The new folders")->required();
 
     CLI::App& remove =
         add("rm", "Delete files, and folders with everything in them", Command::remove);
-    addDevice(remove);
-    remove.add_option("PATH", raw.paths, "Files and folders on the device")->required();
+    addDevice(remove, request);
+    addWords(remove, "PATH", request.paths, "Files and folders on the device")->required();
 
     CLI::App& move = add("mv", "Rename or move a file or folder on a device", Command::move);
-    addDevice(move);
-    move.add_option("PATH", raw.path, "File or folder on the device")->required();
-    move.add_option("TARGET", raw.target, "A new name, a new path, or a folder that exists")
+    addDevice(move, request);
+    addPath(move, "PATH", request.paths, "File or folder on the device")->required();
+    addPath(move, "TARGET", request.paths, "A new name, a new path, or a folder that exists")
         ->required();
 
-    addSync(add("sync", "Keep a folder here and a folder on a device in step", Command::sync), raw,
-            addDevice);
+    addSync(add("sync", "Keep a folder here and a folder on a device in step", Command::sync),
+            request);
 
     CLI::App& photos =
         add("import", "Copy the photos and videos that were not copied from a phone yet",
             Command::importPhotos);
-    addAnyDevice(photos);
-    photos.add_option("LOCAL", raw.local, "Folder here; made when it is missing")->required();
-    photos.add_flag("--by-date", raw.byDate, "Into folders by date: 2026/2026-10-31");
-    CLI::Option* dryRun =
-        photos.add_flag("--dry-run", raw.dryRun, "Print what would be copied, and do nothing");
+    addAnyDevice(photos, request);
+    addLocal(photos, "LOCAL", request.localPath, "Folder here; made when it is missing")
+        ->required();
+    photos.add_flag("--by-date", request.byDate, "Into folders by date: 2026/2026-10-31");
+    CLI::Option* dryRun = photos.add_flag("--dry-run", request.isDryRun,
+                                          "Print what would be copied, and do nothing");
     photos
-        .add_flag("--delete", raw.deleteFetched,
+        .add_flag("--delete", request.deletesFromPhone,
                   "Then delete from the phone what lies here whole, compared once more")
         ->excludes(dryRun);
-    return commands;
-}
-
-CliRequest requestOf(const Raw& raw, CliRequest::Command command) {
-    CliRequest request;
-    request.command = command;
-    request.json = raw.json;
-    request.demo = raw.demo || !raw.demoFolder.empty();
-    if (!raw.demoFolder.empty())
-        request.demoFolder = QFileInfo(text(raw.demoFolder)).absoluteFilePath();
-    request.device = text(raw.device);
-    request.app = text(raw.app);
-    request.media = raw.media;
-    request.onlyNew = raw.onlyNew;
-    request.verifies = raw.verify;
-    request.pattern = text(raw.pattern);
-    request.clash = raw.skip       ? ClashAnswer::skip
-                    : raw.keepBoth ? ClashAnswer::keepBoth
-                                   : ClashAnswer::replace;
-    for (const std::string& path : raw.paths)
-        request.paths.append(text(path));
-    if (!raw.path.empty())
-        request.paths.append(text(raw.path));
-    const bool startsAtTop =
-        command == CliRequest::Command::list || command == CliRequest::Command::find;
-    if (startsAtTop && raw.path.empty())
-        request.paths.append(QStringLiteral("/"));
-    if (!raw.target.empty())
-        request.paths.append(text(raw.target));
-    for (const ModeName& mode : modeNames)
-        if (raw.mode == mode.name)
-            request.mode = mode.mode;
-    request.moves = raw.move;
-    request.deletes = !raw.noDelete;
-    request.isDryRun = raw.dryRun;
-    request.byDate = raw.byDate;
-    request.deletesFromPhone = raw.deleteFetched;
-    request.answer = raw.yesAll ? CliRequest::Answer::yesAll
-                     : raw.yes  ? CliRequest::Answer::yes
-                     : raw.keep ? CliRequest::Answer::keep
-                                : CliRequest::Answer::ask;
-    for (const std::string& pattern : raw.excludes)
-        request.excludes.append(text(pattern));
-    if (!raw.local.empty())
-        request.localPath = QFileInfo(text(raw.local)).absoluteFilePath();
-    return request;
 }
 
 } // namespace
@@ -276,16 +247,22 @@ std::variant<CliRequest, CliUsage> parseCommandLine(const QStringList& arguments
     app.fallthrough();
     app.set_version_flag("--version", "tessary-cli " + productVersion().toStdString(),
                          "Print the version and end");
-    Raw raw;
-    app.add_option("--usb", raw.usb,
+    CliRequest request;
+    std::vector<std::string> usb;
+    app.add_option("--usb", usb,
                    "Also accept this USB device (VID:PID, hexadecimal) as an MTP phone")
         ->allow_extra_args(false);
-    app.add_option("--protocol", raw.protocol, "Reach an Android phone in this way: mtp or adb")
+    app.add_option_function<std::string>(
+           "--protocol",
+           [&request](const std::string& name) {
+               request.protocol = name == "adb" ? ProtocolMode::adbTurbo : ProtocolMode::mtp;
+           },
+           "Reach an Android phone in this way: mtp or adb")
         ->check(CLI::IsMember({"mtp", "adb"}));
-    app.add_flag("--demo", raw.demo, "Start virtual phones, and use only those");
-    app.add_option("--demo-folder", raw.demoFolder,
-                   "The same, with the phones' files kept in this folder from run to run");
-    const std::vector<Subcommand> commands = addSubcommands(app, raw);
+    app.add_flag("--demo", request.demo, "Start virtual phones, and use only those");
+    addLocal(app, "--demo-folder", request.demoFolder,
+             "The same, with the phones' files kept in this folder from run to run");
+    addSubcommands(app, request);
     refuseEmptyWords(app);
 
     std::vector<std::string> reversed;
@@ -296,34 +273,29 @@ std::variant<CliRequest, CliUsage> parseCommandLine(const QStringList& arguments
     } catch (const CLI::CallForVersion& version) {
         return CliUsage{0, text(version.what()) + QLatin1Char('\n')};
     } catch (const CLI::Success&) {
-        for (const Subcommand& sub : commands)
-            if (sub.app->parsed())
-                return CliUsage{0, text(sub.app->help("tessary-cli"))};
-        return CliUsage{0, text(app.help())};
+        const auto chosen = app.get_subcommands();
+        return CliUsage{0, text(chosen.empty() ? app.help() : chosen.front()->help("tessary-cli"))};
     } catch (const CLI::ParseError& error) {
         return CliUsage{wrongUsage,
                         text(std::string(error.what()) + "\nRun tessary-cli --help for help.\n")};
     }
-    for (const Subcommand& sub : commands) {
-        if (!sub.app->parsed())
-            continue;
-        CliRequest request = requestOf(raw, sub.command);
-        if (request.moves && request.mode == SyncMode::biDirectional)
-            return CliUsage{wrongUsage,
-                            QStringLiteral("--move goes one way: not with --mode both.\n")};
-        if (!raw.protocol.empty())
-            request.protocol = raw.protocol == "adb" ? ProtocolMode::adbTurbo : ProtocolMode::mtp;
-        for (const std::string& ids : raw.usb) {
-            const auto parsed = parseIds(ids);
-            if (!parsed)
-                return CliUsage{wrongUsage,
-                                QStringLiteral("--usb takes VID:PID in hexadecimal, not \"%1\".\n")
-                                    .arg(text(ids))};
-            request.alsoAccept.push_back(*parsed);
-        }
-        return request;
+    using Command = CliRequest::Command;
+    const bool startsAtTop = request.command == Command::list || request.command == Command::find;
+    if (startsAtTop && request.paths.isEmpty())
+        request.paths.append(QStringLiteral("/"));
+    if (!request.demoFolder.isEmpty())
+        request.demo = true;
+    if (request.moves && request.mode == SyncMode::biDirectional)
+        return CliUsage{wrongUsage, QStringLiteral("--move goes one way: not with --mode both.\n")};
+    for (const std::string& ids : usb) {
+        const auto parsed = parseIds(ids);
+        if (!parsed)
+            return CliUsage{
+                wrongUsage,
+                QStringLiteral("--usb takes VID:PID in hexadecimal, not \"%1\".\n").arg(text(ids))};
+        request.alsoAccept.push_back(*parsed);
     }
-    return CliUsage{wrongUsage, text(app.help())};
+    return request;
 }
 
 } // namespace tessary
