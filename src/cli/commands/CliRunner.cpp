@@ -3,13 +3,10 @@
 #include "app/texts/ErrorText.h"
 #include "base/text/Printable.h"
 #include "base/threads/CancellationError.h"
-#include "cli/commands/DeviceCommands.h"
-#include "cli/commands/FileCommands.h"
-#include "cli/commands/FindCommand.h"
-#include "cli/commands/ImportCommand.h"
-#include "cli/commands/MountCommand.h"
-#include "cli/commands/SyncCommand.h"
+#include "cli/commands/Commands.h"
 
+#include <algorithm>
+#include <array>
 #include <exception>
 
 namespace tessary {
@@ -26,39 +23,21 @@ void sayIfDamaged(const CliSetup& setup) {
                      qUtf8Printable(printable(trouble->file)));
 }
 
-void carryOut(CliSession& session) {
-    using Command = CliRequest::Command;
-    switch (session.request().command) {
-    case Command::devices:
-        return listDevices(session);
-    case Command::watch:
-        return watchDevices(session);
-    case Command::apps:
-        return listApps(session);
-    case Command::list:
-        return listFolder(session);
-    case Command::info:
-        return showInfo(session);
-    case Command::get:
-        return getFiles(session);
-    case Command::put:
-        return putFiles(session);
-    case Command::makeFolder:
-        return makeFolders(session);
-    case Command::remove:
-        return removeFiles(session);
-    case Command::move:
-        return moveFile(session);
-    case Command::sync:
-        return syncFolders(session);
-    case Command::importPhotos:
-        return importPhotos(session);
-    case Command::find:
-        return findFiles(session);
-    case Command::mount:
-        return mountFiles(session);
-    }
-}
+using Command = CliRequest::Command;
+
+struct Deed {
+    Command command;
+    void (*carryOut)(CliSession&);
+};
+constexpr std::array deeds{
+    Deed{Command::devices, listDevices}, Deed{Command::watch, watchDevices},
+    Deed{Command::apps, listApps},       Deed{Command::list, listFolder},
+    Deed{Command::info, showInfo},       Deed{Command::get, getFiles},
+    Deed{Command::put, putFiles},        Deed{Command::makeFolder, makeFolders},
+    Deed{Command::remove, removeFiles},  Deed{Command::move, moveFile},
+    Deed{Command::sync, syncFolders},    Deed{Command::importPhotos, importPhotos},
+    Deed{Command::find, findFiles},      Deed{Command::mount, mountFiles},
+};
 
 } // namespace
 
@@ -67,7 +46,7 @@ CliRunner::ExitStatus CliRunner::run(const CliRequest& request,
     CliSession session(setup_, request, stop);
     try {
         sayIfDamaged(setup_);
-        carryOut(session);
+        std::ranges::find(deeds, request.command, &Deed::command)->carryOut(session);
         session.flushOutput();
     } catch (const CancellationError&) {
         session.fail(QStringLiteral("Interrupted."));

@@ -1,4 +1,4 @@
-#include "cli/commands/DeviceCommands.h"
+#include "cli/commands/Commands.h"
 
 #include "app/texts/DisplayNames.h"
 #include "base/text/Printable.h"

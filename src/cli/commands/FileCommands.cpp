@@ -1,4 +1,4 @@
-#include "cli/commands/FileCommands.h"
+#include "cli/commands/Commands.h"
 
 #include "app/texts/ErrorText.h"
 #include "base/text/NameOrder.h"

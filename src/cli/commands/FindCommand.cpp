@@ -1,4 +1,4 @@
-#include "cli/commands/FindCommand.h"
+#include "cli/commands/Commands.h"
 
 #include "app/texts/ErrorText.h"
 #include "cli/terminal/FileLine.h"

@@ -1,4 +1,4 @@
-#include "cli/commands/MountCommand.h"
+#include "cli/commands/Commands.h"
 
 #include "app/texts/ErrorText.h"
 #include "base/threads/CancellationError.h"

@@ -1,4 +1,4 @@
-#include "cli/commands/SyncCommand.h"
+#include "cli/commands/Commands.h"
 
 #include "app/texts/ErrorText.h"
 #include "app/texts/SyncTexts.h"
