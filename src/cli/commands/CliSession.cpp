@@ -1,5 +1,6 @@
 #include "cli/commands/CliSession.h"
 
+#include "app/texts/ErrorText.h"
 #include "base/text/Printable.h"
 #include "cli/devices/ChosenDevice.h"
 #include "cli/terminal/CliFailure.h"
@@ -105,6 +106,10 @@ void CliSession::warn(const QString& message) {
 void CliSession::fail(const QString& message) {
     warn(message);
     hasFailed_ = true;
+}
+
+void CliSession::fail(const char* what, const QString& path, const Error& error) {
+    fail(QStringLiteral("%1: %2: %3").arg(QLatin1StringView(what), path, reasonText(error)));
 }
 
 } // namespace tessary

@@ -74,6 +74,8 @@ public:
     void warn(const QString& message);
     /// Says what went wrong, and makes the run one that failed.
     void fail(const QString& message);
+    /// The same of one entry: "Not copied: PATH: why".
+    void fail(const char* what, const QString& path, const Error& error);
     [[nodiscard]] bool hasFailed() const {
         return hasFailed_;
     }

@@ -1,6 +1,5 @@
 #include "cli/commands/CopyRun.h"
 
-#include "app/texts/ErrorText.h"
 #include "base/threads/CancellationError.h"
 #include "cli/terminal/ProgressPrinter.h"
 
@@ -20,8 +19,7 @@ CopyOutcome runCopy(CliSession& session, TreeCopyRequest request) {
 
 void sayLeftOut(CliSession& session, const CopyOutcome& outcome) {
     for (const LeftOut& left : outcome.leftOut)
-        session.fail(
-            QStringLiteral("Not copied: %1: %2").arg(left.item.item.path, reasonText(left.error)));
+        session.fail("Not copied", left.item.item.path, left.error);
     if (outcome.failure)
         throw *outcome.failure;
 }

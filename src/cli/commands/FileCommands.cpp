@@ -1,6 +1,5 @@
 #include "cli/commands/Commands.h"
 
-#include "app/texts/ErrorText.h"
 #include "base/text/NameOrder.h"
 #include "base/text/PathNames.h"
 #include "base/threads/CancellationError.h"
@@ -62,7 +61,7 @@ void listFolder(CliSession& session) {
     }
     // What is there and cannot be listed is not left out in silence.
     for (const UnreadableEntry& entry : listing.unreadable)
-        session.fail(QStringLiteral("Not listed: %1: %2").arg(entry.path, reasonText(entry.error)));
+        session.fail("Not listed", entry.path, entry.error);
 }
 
 void getFiles(CliSession& session) {

@@ -1,6 +1,5 @@
 #include "cli/commands/Commands.h"
 
-#include "app/texts/ErrorText.h"
 #include "cli/terminal/FileLine.h"
 #include "cli/terminal/RecordJson.h"
 #include "phone/FileSearch.h"
@@ -23,10 +22,7 @@ void findFiles(CliSession& session) {
             if (!request.json)
                 session.flushOutput();
         },
-        [&](UnreadableEntry&& entry) {
-            session.fail(
-                QStringLiteral("Not searched: %1: %2").arg(entry.path, reasonText(entry.error)));
-        }};
+        [&](UnreadableEntry&& entry) { session.fail("Not searched", entry.path, entry.error); }};
     searchFiles(session.files(), request.paths.front(), NamePattern(request.pattern), receiver,
                 session.stop());
     if (request.json)

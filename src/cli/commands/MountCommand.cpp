@@ -1,6 +1,5 @@
 #include "cli/commands/Commands.h"
 
-#include "app/texts/ErrorText.h"
 #include "base/threads/CancellationError.h"
 #include "cli/devices/DeviceFollower.h"
 #include "cli/terminal/CliFailure.h"
@@ -50,11 +49,11 @@ void mountFiles(CliSession& session) {
     for (const FileTreeRoot& tree : trees) // says now what is wrong, and not each reader later
         (void)requireFolder(session.files(), tree.path, session.stop());
     std::mutex outputMutex; // readers fail on threads of their own
-    const auto mount = PhoneMount::mount(
-        session.sharedFiles(), trees, folder, [&](const FileItem& item, const Error& error) {
-            const std::scoped_lock lock(outputMutex);
-            session.fail(QStringLiteral("Not read: %1: %2").arg(item.path, reasonText(error)));
-        });
+    const auto mount = PhoneMount::mount(session.sharedFiles(), trees, folder,
+                                         [&](const FileItem& item, const Error& error) {
+                                             const std::scoped_lock lock(outputMutex);
+                                             session.fail("Not read", item.path, error);
+                                         });
     if (!mount)
         throw CliFailure(QStringLiteral("This computer cannot show folders on demand: FUSE "
                                         "(fusermount3, /dev/fuse) is missing."));

@@ -61,6 +61,20 @@ const DeedWords& wordsOf(SyncDeed deed) {
     return deedWords[static_cast<std::size_t>(deed)];
 }
 
+/// Two deeds that reports tell together.
+struct DeedKind {
+    const char* name;
+    SyncDeed first;
+    SyncDeed second;
+};
+constexpr std::array deedKinds{
+    DeedKind{"uploaded", SyncDeed::upload, SyncDeed::replaceOnDevice},
+    DeedKind{"downloaded", SyncDeed::download, SyncDeed::replaceHere},
+    DeedKind{"moved", SyncDeed::moveToDevice, SyncDeed::moveHere},
+    DeedKind{"deleted", SyncDeed::deleteOnDevice, SyncDeed::deleteHere},
+    DeedKind{"renamed", SyncDeed::renameOnDevice, SyncDeed::renameHere},
+};
+
 QJsonObject toJson(const SyncPreview& preview) {
     QJsonArray items;
     for (const SyncPreviewItem& item : preview.items) {
@@ -89,9 +103,6 @@ QJsonObject toJson(const SyncPreview& preview) {
 
 /// The report, and its paths by what was done beside it.
 QJsonObject toJson(const SyncReport& report) {
-    const auto list = [&report](std::initializer_list<SyncDeed> deeds) {
-        return QJsonArray::fromStringList(report.paths(deeds));
-    };
     QJsonObject object = encodeReport(report);
     QJsonArray skipped;
     for (const SyncSkippedItem& item : report.skipped)
@@ -105,11 +116,9 @@ QJsonObject toJson(const SyncReport& report) {
     if (report.failure)
         errors.append(errorText(*report.failure).text());
     object.insert(View("skipped"), skipped);
-    object.insert(View("uploaded"), list({SyncDeed::upload, SyncDeed::replaceOnDevice}));
-    object.insert(View("downloaded"), list({SyncDeed::download, SyncDeed::replaceHere}));
-    object.insert(View("deleted"), list({SyncDeed::deleteOnDevice, SyncDeed::deleteHere}));
-    object.insert(View("moved"), list({SyncDeed::moveToDevice, SyncDeed::moveHere}));
-    object.insert(View("renamed"), list({SyncDeed::renameOnDevice, SyncDeed::renameHere}));
+    for (const DeedKind& kind : deedKinds)
+        object.insert(View(kind.name),
+                      QJsonArray::fromStringList(report.paths({kind.first, kind.second})));
     object.insert(View("conflicts"), conflicts);
     object.insert(View("errors"), errors);
     return object;
@@ -131,24 +140,14 @@ QString previewLine(const SyncPreviewItem& item) {
 
 /// "2 uploaded, 1 deleted, 1 skipped" or "Up to date".
 QString summary(const SyncReport& report) {
-    const std::pair<const char*, std::vector<SyncDeed>> kinds[] = {
-        {"uploaded", {SyncDeed::upload, SyncDeed::replaceOnDevice}},
-        {"downloaded", {SyncDeed::download, SyncDeed::replaceHere}},
-        {"moved", {SyncDeed::moveToDevice, SyncDeed::moveHere}},
-        {"deleted", {SyncDeed::deleteOnDevice, SyncDeed::deleteHere}},
-        {"renamed", {SyncDeed::renameOnDevice, SyncDeed::renameHere}},
-        {"kept twice", {SyncDeed::keepBoth}},
-    };
-    const auto counts = report.counts();
     QStringList parts;
-    for (const auto& [name, deeds] : kinds) {
-        qint64 count = 0;
-        for (const SyncDeed deed : deeds)
-            if (const auto found = counts.find(deed); found != counts.end())
-                count += found->second;
-        if (count > 0)
-            parts.append(QStringLiteral("%1 %2").arg(count).arg(QLatin1StringView(name)));
-    }
+    const auto add = [&](const char* name, std::initializer_list<SyncDeed> deeds) {
+        if (const auto count = report.paths(deeds).size(); count > 0)
+            parts.append(QStringLiteral("%1 %2").arg(count).arg(View(name)));
+    };
+    for (const DeedKind& kind : deedKinds)
+        add(kind.name, {kind.first, kind.second});
+    add("kept twice", {SyncDeed::keepBoth});
     if (parts.isEmpty())
         parts.append(QStringLiteral("Up to date"));
     if (!report.skipped.empty())
