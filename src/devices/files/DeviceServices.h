@@ -47,8 +47,6 @@ public:
     void onADBChange(std::function<void()> changed);
 
 private:
-    [[nodiscard]] PhoneFileSystems::Ways ways(const Setup& setup);
-
     void tellADBChange();
 
     std::mutex mutex_;

@@ -1,17 +1,16 @@
 #include "devices/files/PhoneFileSystems.h"
 
+#include "adb/files/ADBFileSystem.h"
 #include "base/threads/EndInBackground.h"
+#include "ios/files/AFCFileSystem.h"
+#include "mtp/files/MTPFileSystem.h"
 
 #include <utility>
 
 namespace tessary {
 
-PhoneFileSystems::PhoneFileSystems(Ways ways) : ways_(std::move(ways)) {}
-
-std::shared_ptr<PhoneFileSystem> PhoneFileSystems::once(
-    const QString& way, const PhoneIdentity& phone,
-    const std::function<std::shared_ptr<PhoneFileSystem>(const std::shared_ptr<PhoneQueue>&)>&
-        make) {
+std::shared_ptr<PhoneFileSystem>
+PhoneFileSystems::once(const QString& way, const PhoneIdentity& phone, const Make& make) {
     const QString key = way + QLatin1Char(' ') + phone.key();
     const std::scoped_lock lock(mutex_);
     const auto queue = queues_.of(phone); // which learns the name, too
@@ -31,35 +30,45 @@ std::shared_ptr<PhoneFileSystem> PhoneFileSystems::once(
 }
 
 std::shared_ptr<PhoneFileSystem> PhoneFileSystems::open(const DeviceInfo& device) {
+    if (auto files = openADB(device))
+        return files;
     const PhoneIdentity phone = identityOf(device);
-    if (device.protocolMode == ProtocolMode::adbTurbo)
-        if (auto files = once(QStringLiteral("adb"), phone,
-                              [&](const auto& queue) { return ways_.adb(phone, queue); }))
-            return files;
-    return once(QStringLiteral("mtp"), phone,
-                [&](const auto& queue) { return ways_.mtp(phone, queue); });
+    return once(QStringLiteral("mtp"), phone, [&](const auto& queue) {
+        return std::make_shared<MTPFileSystem>(bus_, phone, queue);
+    });
+}
+
+/// Null where adb is not to be used, or this machine has no such way.
+std::shared_ptr<PhoneFileSystem> PhoneFileSystems::openADB(const DeviceInfo& device) {
+    if (device.protocolMode != ProtocolMode::adbTurbo)
+        return nullptr;
+    const PhoneIdentity phone = identityOf(device);
+    return once(QStringLiteral("adb"), phone,
+                [&](const auto& queue) -> std::shared_ptr<PhoneFileSystem> {
+                    if (!adb_.canReach(phone))
+                        return nullptr;
+                    return std::make_shared<ADBFileSystem>(phone, queue, adb_.connectionTo(phone));
+                });
 }
 
 std::shared_ptr<PhoneFileSystem> PhoneFileSystems::openApp(const DeviceInfo& device,
                                                            const AppInfo& app) {
-    if (isMediaFolder(app.bundleIdentifier))
-        return openMedia(device);
-    const PhoneIdentity phone = identityOf(device);
-    return once(QStringLiteral("app ") + app.bundleIdentifier, phone,
-                [&](const auto& queue) { return ways_.app(phone, app, queue); });
+    return isMediaFolder(app.bundleIdentifier) ? openMedia(device) : openAFC(device, app);
 }
 
 std::shared_ptr<PhoneFileSystem> PhoneFileSystems::openMedia(const DeviceInfo& device) {
-    const PhoneIdentity phone = identityOf(device);
-    return once(QStringLiteral("media"), phone,
-                [&](const auto& queue) { return ways_.media(phone, queue); });
+    return openAFC(device, std::nullopt);
 }
 
-bool PhoneFileSystems::usesADB(const DeviceInfo& device) {
+/// Without an app the photos and videos.
+std::shared_ptr<PhoneFileSystem> PhoneFileSystems::openAFC(const DeviceInfo& device,
+                                                           const std::optional<AppInfo>& app) {
     const PhoneIdentity phone = identityOf(device);
-    return device.protocolMode == ProtocolMode::adbTurbo &&
-           once(QStringLiteral("adb"), phone,
-                [&](const auto& queue) { return ways_.adb(phone, queue); }) != nullptr;
+    const QString way =
+        app ? QStringLiteral("app ") + app->bundleIdentifier : QStringLiteral("media");
+    return once(way, phone, [&](const auto& queue) {
+        return std::make_shared<AFCFileSystem>(phone, app, queue);
+    });
 }
 
 /// Lets go of what nobody uses once there are many: a phone in another port is another one.

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "adb/ways/ADBWays.h"
 #include "phone/PhoneFileSystem.h"
 #include "phone/PhoneQueue.h"
 #include "phone/records/AppInfo.h"
 #include "phone/records/DeviceInfo.h"
+#include "platform/usb/USBBus.h"
 
 #include <QHash>
 #include <QString>
@@ -11,6 +13,7 @@
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <optional>
 
 namespace tessary {
 
@@ -18,21 +21,8 @@ namespace tessary {
 /// same way again gets the same one, with its connection. Thread-safe; asks no phone.
 class PhoneFileSystems {
 public:
-    using Make = std::function<std::shared_ptr<PhoneFileSystem>(
-        const PhoneIdentity&, const std::shared_ptr<PhoneQueue>&)>;
-    using MakeApp = std::function<std::shared_ptr<PhoneFileSystem>(
-        const PhoneIdentity&, const AppInfo&, const std::shared_ptr<PhoneQueue>&)>;
-
-    /// How the file systems of each way are made, soon and without asking a phone. A null result of
-    /// `adb` means that this machine has no such way.
-    struct Ways {
-        Make mtp;
-        Make adb;
-        MakeApp app;
-        Make media;
-    };
-
-    explicit PhoneFileSystems(Ways ways);
+    /// Both outlive it.
+    PhoneFileSystems(USBBus& bus, ADBWays& adb) : bus_(bus), adb_(adb) {}
 
     /// An Android phone in the mode that it is to be used in: by adb in Turbo mode where this
     /// machine has it, else over MTP.
@@ -48,13 +38,19 @@ public:
         return queues_.of(identityOf(device));
     }
     /// Whether open() would use adb.
-    [[nodiscard]] bool usesADB(const DeviceInfo& device);
+    [[nodiscard]] bool usesADB(const DeviceInfo& device) {
+        return openADB(device) != nullptr;
+    }
 
 private:
-    std::shared_ptr<PhoneFileSystem>
-    once(const QString& way, const PhoneIdentity& phone,
-         const std::function<std::shared_ptr<PhoneFileSystem>(const std::shared_ptr<PhoneQueue>&)>&
-             make);
+    using Make =
+        std::function<std::shared_ptr<PhoneFileSystem>(const std::shared_ptr<PhoneQueue>&)>;
+
+    std::shared_ptr<PhoneFileSystem> once(const QString& way, const PhoneIdentity& phone,
+                                          const Make& make);
+    std::shared_ptr<PhoneFileSystem> openADB(const DeviceInfo& device);
+    std::shared_ptr<PhoneFileSystem> openAFC(const DeviceInfo& device,
+                                             const std::optional<AppInfo>& app);
     void limit();
 
     struct Opened {
@@ -62,7 +58,8 @@ private:
         std::shared_ptr<PhoneFileSystem> files;
     };
 
-    const Ways ways_;
+    USBBus& bus_;
+    ADBWays& adb_;
     PhoneQueues queues_;
     std::mutex mutex_;
     QHash<QString, Opened> opened_; ///< by way and phone; guarded by mutex_
