@@ -35,10 +35,10 @@ std::optional<Error> readNames(std::vector<DeviceInfo>& devices, const std::stop
 
 DeviceInfo chooseDevice(DeviceSources sources, const CliRequest& request,
                         const std::stop_token& stop, const std::vector<ADBDevice>& reachedByADB) {
-    std::vector<DeviceInfo> all = scanAndroidDevices(sources.usb, request.alsoAccept);
+    std::vector<DeviceInfo> all = androidDevices(sources.usb.devices(), request.alsoAccept);
     addADBPhones(all, reachedByADB);
     if (sources.multiplexer != nullptr)
-        for (DeviceInfo& phone : scanIPhoneDevices(*sources.multiplexer))
+        for (DeviceInfo& phone : iosDevices(sources.multiplexer->devices()))
             all.push_back(std::move(phone));
     using Test = bool (*)(const DeviceInfo&, const QString&);
     struct Rule {

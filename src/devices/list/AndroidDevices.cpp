@@ -146,8 +146,4 @@ std::vector<DeviceInfo> androidDevices(std::span<const USBDeviceEntry> entries,
     return devices;
 }
 
-std::vector<DeviceInfo> scanAndroidDevices(USBBus& bus, const std::vector<USBIds>& alsoAccept) {
-    return androidDevices(bus.devices(), alsoAccept);
-}
-
 } // namespace tessary

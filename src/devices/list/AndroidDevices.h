@@ -36,8 +36,4 @@ using AttachedUdids = QHash<std::uint64_t, QString>;
                                                      std::span<const USBIds> alsoAccept,
                                                      const AttachedUdids& named = {});
 
-/// The Android devices of a bus. Opens no device.
-[[nodiscard]] std::vector<DeviceInfo> scanAndroidDevices(USBBus& bus,
-                                                         const std::vector<USBIds>& alsoAccept);
-
 } // namespace tessary

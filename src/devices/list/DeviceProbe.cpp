@@ -4,7 +4,8 @@
 #include "base/threads/CombinedStopToken.h"
 #include "base/threads/Deadline.h"
 #include "devices/files/DeviceServices.h"
-#include "devices/list/IPhoneProbe.h"
+#include "ios/helper/IPhoneHelper.h"
+#include "phone/PhoneQueue.h"
 
 namespace tessary {
 
@@ -20,6 +21,20 @@ DeviceAnswer answerTo(const Error& error) {
         return {Outcome::answered};
     DeviceAnswer answer{Outcome::failed};
     answer.trouble = DeviceTrouble{error};
+    return answer;
+}
+
+/// By a helper of its own. Throws as askIPhoneFacts() does.
+DeviceAnswer askIPhone(DeviceServices& services, const DeviceInfo& device,
+                       const std::stop_token& stop) {
+    const auto turn = services.files().queueOf(device)->tryTake();
+    if (!turn)
+        return {Outcome::busy};
+    const IPhoneFacts facts = askIPhoneFacts(device.udid, stop);
+    DeviceAnswer answer{Outcome::answered};
+    answer.deviceName = facts.name;
+    answer.storage = facts.storage;
+    answer.figures.battery = facts.battery;
     return answer;
 }
 

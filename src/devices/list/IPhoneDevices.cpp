@@ -34,8 +34,4 @@ std::vector<DeviceInfo> iosDevices(std::span<const MultiplexerEntry> entries) {
     return devices;
 }
 
-std::vector<DeviceInfo> scanIPhoneDevices(Multiplexer& multiplexer) {
-    return iosDevices(multiplexer.devices());
-}
-
 } // namespace tessary

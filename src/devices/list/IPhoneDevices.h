@@ -12,7 +12,4 @@ namespace tessary {
 /// cable counts, else what came first. Their details are not known yet. Pure.
 [[nodiscard]] std::vector<DeviceInfo> iosDevices(std::span<const MultiplexerEntry> entries);
 
-/// The iPhones that are attached; none without a multiplexer. Blocking.
-[[nodiscard]] std::vector<DeviceInfo> scanIPhoneDevices(Multiplexer& multiplexer);
-
 } // namespace tessary
