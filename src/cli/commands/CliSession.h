@@ -39,20 +39,9 @@ public:
     [[nodiscard]] const std::stop_token& stop() const {
         return stop_;
     }
-    [[nodiscard]] const DeviceSources& sources() const {
-        return setup_.sources;
-    }
-    [[nodiscard]] DeviceServices& services() {
-        return setup_.services;
-    }
-    [[nodiscard]] SettingsStore& defaults() {
-        return setup_.defaults;
-    }
-    [[nodiscard]] const QString& ledgers() const {
-        return setup_.ledgers;
-    }
-    [[nodiscard]] std::FILE* errors() const {
-        return setup_.error;
+    /// What it works with.
+    [[nodiscard]] const CliSetup& setup() const {
+        return setup_;
     }
 
     /// The device that the request names. Blocking; throws where none or several fit.

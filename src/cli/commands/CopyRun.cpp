@@ -8,7 +8,7 @@
 namespace tessary {
 
 CopyOutcome runCopy(CliSession& session, TreeCopyRequest request) {
-    ProgressPrinter printer(session.errors());
+    ProgressPrinter printer(session.setup().error);
     CopyOutcome outcome =
         TreeCopy(std::move(request))
             .run([&](const TransferProgress& progress) { printer.show(progress); }, session.stop());

@@ -44,39 +44,41 @@ void addPhoneInfo(DeviceInfo& device, const std::stop_token& stop) {
     }
 }
 
+void printField(CliSession& session, const char* name, const QString& value) {
+    constexpr qsizetype nameWidth = 10;
+    session.printLine(QString::fromLatin1(name).leftJustified(nameWidth) + value);
+}
+
 void printDevice(CliSession& session, const DeviceInfo& device) {
-    session.printLine(
-        QStringLiteral("name      %1").arg(printable(device.deviceName.value_or(QString()))));
-    session.printLine(QStringLiteral("udid      %1").arg(printable(device.udid)));
-    session.printLine(QStringLiteral("platform  %1").arg(rawValue(device.platform)));
-    session.printLine(QStringLiteral("mode      %1").arg(rawValue(device.protocolMode)));
-    const QString place = device.platform == DevicePlatform::android ? device.usbLocation
-                          : device.connectionType == ConnectionType::usb
-                              ? QStringLiteral("USB")
-                              : QStringLiteral("network");
-    session.printLine(QStringLiteral("plugged   %1").arg(place));
+    printField(session, "name", device.deviceName.value_or(QString()));
+    printField(session, "udid", device.udid);
+    printField(session, "platform", rawValue(device.platform));
+    printField(session, "mode", rawValue(device.protocolMode));
+    printField(session, "plugged",
+               device.platform == DevicePlatform::android     ? device.usbLocation
+               : device.connectionType == ConnectionType::usb ? QStringLiteral("USB")
+                                                              : QStringLiteral("network"));
     if (device.batteryLevel)
-        session.printLine(QStringLiteral("battery   %1 %").arg(*device.batteryLevel));
+        printField(session, "battery", QStringLiteral("%1 %").arg(*device.batteryLevel));
     for (const StorageVolume& volume : device.volumes) {
         const QString space = freeSpaceText(volume.freeBytes, volume.totalBytes);
-        session.printLine(QStringLiteral("storage   %1: %2 (/storage/%3)")
-                              .arg(printable(volume.name),
-                                   space.isEmpty() ? QStringLiteral("-") : space, volume.id));
+        printField(session, "storage",
+                   QStringLiteral("%1: %2 (/storage/%3)")
+                       .arg(volume.name, space.isEmpty() ? QStringLiteral("-") : space, volume.id));
     }
     if (device.totalStorageBytes)
-        session.printLine(QStringLiteral("storage   %1").arg(freeSpaceText(device)));
+        printField(session, "storage", freeSpaceText(device));
     if (device.isLocked)
-        session.printLine(
-            QStringLiteral("storage   none: unlock the phone and choose File transfer on "
-                           "it"));
+        printField(session, "storage",
+                   QStringLiteral("none: unlock the phone and choose File transfer on it"));
 }
 
 } // namespace
 
 /// Devices that have not told their figures by then are listed without.
 void listDevices(CliSession& session) {
-    DeviceFollower follower(DeviceFollower::Mode::once, session.sources(), session.services(),
-                            session.request().alsoAccept);
+    DeviceFollower follower(DeviceFollower::Mode::once, session.setup().sources,
+                            session.setup().services, session.request().alsoAccept);
     const auto end = std::chrono::steady_clock::now() + detailsPatience;
     DeviceSnapshot now;
     while (!now.isSettled) {
@@ -105,8 +107,8 @@ void listDevices(CliSession& session) {
 
 /// Ends with a stop request only.
 void watchDevices(CliSession& session) {
-    DeviceFollower follower(DeviceFollower::Mode::listening, session.sources(), session.services(),
-                            session.request().alsoAccept);
+    DeviceFollower follower(DeviceFollower::Mode::listening, session.setup().sources,
+                            session.setup().services, session.request().alsoAccept);
     DeviceSnapshot before;
     while (true) {
         auto after = follower.next(session.stop(), DeviceManager::storageInterval);
@@ -130,7 +132,7 @@ void listApps(CliSession& session) {
         throw CliFailure(
             QStringLiteral("\"%1\" is no iPhone: it has files of its own, not of apps.")
                 .arg(session.request().device));
-    const std::vector<AppInfo> apps = session.services().apps(device, session.stop());
+    const std::vector<AppInfo> apps = session.setup().services.apps(device, session.stop());
     if (session.request().json) {
         QJsonArray array;
         for (const AppInfo& app : apps)
@@ -153,18 +155,19 @@ void showInfo(CliSession& session) {
             session.print(toJson(item));
             return;
         }
-        session.printLine(QStringLiteral("name      %1").arg(printable(item.name)));
-        session.printLine(QStringLiteral("path      %1").arg(printable(item.path)));
-        session.printLine(QStringLiteral("kind      %1").arg(rawValue(item.category())));
-        session.printLine(QStringLiteral("size      %1").arg(item.formattedSize()));
-        session.printLine(QStringLiteral("modified  %1").arg(shownDate(item)));
+        printField(session, "name", item.name);
+        printField(session, "path", item.path);
+        printField(session, "kind", rawValue(item.category()));
+        printField(session, "size", item.formattedSize());
+        printField(session, "modified", shownDate(item));
         return;
     }
     DeviceInfo device = session.device();
     if (device.platform == DevicePlatform::iOS)
         addPhoneInfo(device, session.stop());
     else
-        addLiveInfo(device, session.services().files().open(device)->liveInfo(session.stop()));
+        addLiveInfo(device,
+                    session.setup().services.files().open(device)->liveInfo(session.stop()));
     if (session.request().json) {
         session.print(toJson(device));
         return;

@@ -106,7 +106,7 @@ void importPhotos(CliSession& session) {
     session.useMedia();
     const CliRequest& request = session.request();
     FoundPhotos found =
-        findPhotos(session.files(), session.device(), session.ledgers(), {}, session.stop());
+        findPhotos(session.files(), session.device(), session.setup().ledgers, {}, session.stop());
     if (!request.isDryRun)
         makeFolders(request.localPath);
     const auto to = std::make_shared<LocalFileSystem>(request.localPath);

@@ -66,8 +66,8 @@ void mountFiles(CliSession& session) {
                 QStringLiteral("Mounted. End it with Ctrl-C or fusermount3 -u %1").arg(folder));
         session.flushOutput();
     }
-    DeviceFollower devices(DeviceFollower::Mode::listening, session.sources(), session.services(),
-                           session.request().alsoAccept);
+    DeviceFollower devices(DeviceFollower::Mode::listening, session.setup().sources,
+                           session.setup().services, session.request().alsoAccept);
     const bool isOnUSB = !session.device().usbLocation.isEmpty();
     bool wasThere = false;
     while (isMounted(folder)) {

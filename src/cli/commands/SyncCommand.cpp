@@ -233,11 +233,11 @@ SyncAnswer answerTo(const CliSession& session, const SyncQuestion& question) {
     using Kind = SyncQuestion::Kind;
     const bool isGuarded = question.guard.kind != SyncGuard::Kind::nothing;
     const bool mayAsk = session.request().answer == Answer::ask && isatty(STDIN_FILENO) != 0 &&
-                        isatty(fileno(session.errors())) != 0;
+                        isatty(fileno(session.setup().error)) != 0;
     if (!mayAsk)
         throw unanswered(question);
     const auto print = [&session](const QString& text) {
-        std::fprintf(session.errors(), "%s", qUtf8Printable(text));
+        std::fprintf(session.setup().error, "%s", qUtf8Printable(text));
     };
     for (std::size_t n = 0; n < std::min(shownCandidates, question.candidates.size()); ++n) {
         const DeletionCandidate& file = question.candidates[n];
@@ -260,7 +260,7 @@ SyncAnswer answerTo(const CliSession& session, const SyncQuestion& question) {
     else
         print(QStringLiteral("The folder %1 is gone. Make it again? [y]es, [S]top: ")
                   .arg(printable(question.path)));
-    std::fflush(session.errors());
+    std::fflush(session.setup().error);
     const char word = readAnswer(session.stop());
     if (question.kind == Kind::deletions)
         return word == 'd'   ? SyncAnswer::deleteAll(question)
@@ -302,17 +302,17 @@ void syncFolders(CliSession& session) {
     pair.patterns += session.request().excludes;
 
     // Whoever forgets who he is takes deleted files for new ones the next time.
-    const QString hostID = session.request().isDryRun ? foreseenHostID(session.defaults())
-                                                      : syncHostID(session.defaults());
+    const QString hostID = session.request().isDryRun ? foreseenHostID(session.setup().defaults)
+                                                      : syncHostID(session.setup().defaults);
     if (!session.request().isDryRun)
-        requireStored(session.defaults());
+        requireStored(session.setup().defaults);
 
     LocalFileSystem folder(pair.localFolderPath);
     SyncComputer computer = syncComputer(folder);
     computer.trash = moveToTrash;
     SyncReport report;
     {
-        ProgressPrinter printer(session.errors());
+        ProgressPrinter printer(session.setup().error);
         SyncRunEvents events;
         events.progress = [&session, &printer](const SyncProgress& progress) {
             if (progress.stage == SyncStage::waiting)
