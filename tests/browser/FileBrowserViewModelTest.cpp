@@ -202,7 +202,8 @@ TEST_F(FileBrowserEditTest, withoutAMountOnlyWholeCopiesAreDragged) {
     };
     for (const auto& [entries, copies, obstacle] : table) {
         std::optional<DragFiles> drag;
-        browser_.prepareDragURLs(entries, [&](const DragFiles& ready) { drag = ready; });
+        prepareDrag(&browser_, {files_, browser_.itemsWithIds(entries), nullptr, staged_},
+                    [&](const DragFiles& ready) { drag = ready; });
         ASSERT_TRUE(eventually([&] { return drag.has_value(); }));
         EXPECT_EQ(drag->localPaths.size(), copies);
         ASSERT_EQ(drag->notReady.empty(), !obstacle);
@@ -211,7 +212,8 @@ TEST_F(FileBrowserEditTest, withoutAMountOnlyWholeCopiesAreDragged) {
     Gate never;
     holdAt(never, Operation::read, "/root/d.txt");
     std::optional<DragFiles> late;
-    browser_.prepareDragURLs(ids({"/root/d.txt"}), [&](const DragFiles& ready) { late = ready; });
+    prepareDrag(&browser_, {files_, browser_.itemsWithIds(ids({"/root/d.txt"})), nullptr, staged_},
+                [&](const DragFiles& ready) { late = ready; });
     ASSERT_TRUE(eventually([&] { return late.has_value(); }));
     ASSERT_EQ(late->notReady.size(), 1U);
     EXPECT_EQ(late->notReady.front().obstacle, Obstacle::stillCopying);

@@ -411,15 +411,6 @@ void FileBrowserViewModel::renameItem(const QString& id, const QString& newName)
         changes_.rename(*item, newName);
 }
 
-std::stop_source
-FileBrowserViewModel::prepareDragURLs(const QStringList& ids,
-                                      std::function<void(const DragFiles&)> whenReady) {
-    if (!files_)
-        return std::stop_source(std::nostopstate);
-    return prepareDrag(this, {files_, itemsWithIds(ids), dragMount_, staged_},
-                       std::move(whenReady));
-}
-
 QStringList FileBrowserViewModel::pathCompletions(const QString& typed) const {
     return files_ ? typed_.completions(*files_, typed, currentPath()) : QStringList();
 }

@@ -25,7 +25,6 @@
 #include <functional>
 #include <memory>
 #include <optional>
-#include <stop_token>
 #include <utility>
 #include <vector>
 
@@ -301,13 +300,6 @@ public:
     [[nodiscard]] BrowserCopies& copies() {
         return copies_;
     }
-    /// `whenReady` is called on the main thread, unless this is gone by then or the result
-    /// was asked to stop. Where a DragMount can show them the paths are there at once, and the
-    /// entries are copied as another program reads them. Elsewhere they are copied beforehand:
-    /// folders and what takes more than about two seconds are not ready then; with a folder
-    /// nothing is.
-    std::stop_source prepareDragURLs(const QStringList& ids,
-                                     std::function<void(const DragFiles&)> whenReady);
 
 Q_SIGNALS:
     void connectionChanged(); ///< activeDevice, files, appName

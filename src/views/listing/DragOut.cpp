@@ -13,19 +13,13 @@ constexpr QLatin1StringView uriList("text/uri-list");
 /// What file managers of GNOME put beside it: a word, and a line each address.
 constexpr QLatin1StringView gnomeFiles("x-special/gnome-copied-files");
 
-QStringList idsOf(const std::vector<FileItem>& items) {
-    QStringList ids;
-    for (const FileItem& item : items)
-        ids.append(item.id());
-    return ids;
-}
-
 } // namespace
 
 DragOutData::DragOutData(FileBrowserViewModel& browser, std::vector<FileItem> items, Use use)
     : EntryMimeData(browser.files(), std::move(items), use) {
-    stop_ =
-        browser.prepareDragURLs(idsOf(this->items()), [copies = copies_](const DragFiles& files) {
+    stop_ = prepareDrag(
+        &browser, {browser.files(), this->items(), browser.dragMount(), browser.stagedFiles()},
+        [copies = copies_](const DragFiles& files) {
             copies->areMade = true;
             // All or nothing: half of what was dragged would look like all of it.
             if (!files.notReady.empty()) {
