@@ -1,5 +1,8 @@
 #include "preview/FilmPicture.h"
 
+#include "base/local/FileHandle.h"
+#include "preview/PictureDecoder.h"
+
 #include <QtEndian>
 
 #include <algorithm>
@@ -46,6 +49,9 @@ struct Box {
     }
 };
 
+/// A file in memory, as long as the film, that holds those parts of it that its first picture is in
+/// or is found by, and holes for all else: the beginning, and in MP4 and its kin the index, which
+/// cameras write behind the film.
 class FilmParts {
 public:
     FilmParts(PhoneFileSystem& files, const FileItem& film, const Call& call)
@@ -70,8 +76,8 @@ public:
         else
             followBoxes();
     }
-    [[nodiscard]] FileHandle take() {
-        return std::move(file_);
+    [[nodiscard]] const FileHandle& file() const {
+        return file_;
     }
 
 private:
@@ -127,27 +133,19 @@ private:
     PhoneFileSystem& files_;
     const FileItem& film_;
     const Call& call_;
-    FileHandle file_;
+    const FileHandle file_;
     QByteArray head_; ///< what was fetched first
     qint64 fetched_ = 0;
 };
 
 } // namespace
 
-FileHandle fetchFilmParts(PhoneFileSystem& files, const FileItem& film, const Call& call) {
-    FilmParts parts(files, film, call);
-    parts.fetchWhatIsNeeded();
-    return parts.take();
-}
-
-PictureDecoder filmDecoder() {
-    return PictureDecoder(installedHelper(QStringLiteral("tessary-film")));
-}
-
 Picture firstPictureOf(PhoneFileSystem& files, const FileItem& film, int maxSide,
                        const Call& call) {
-    const FileHandle parts = fetchFilmParts(files, film, call);
-    return filmDecoder().decode(parts, maxSide, 0, call.stop);
+    FilmParts parts(files, film, call);
+    parts.fetchWhatIsNeeded();
+    return PictureDecoder(installedHelper(QStringLiteral("tessary-film")))
+        .decode(parts.file(), maxSide, 0, call.stop);
 }
 
 } // namespace tessary
