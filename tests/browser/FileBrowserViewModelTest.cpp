@@ -192,22 +192,22 @@ TEST_F(FileBrowserEditTest, withoutAMountOnlyWholeCopiesAreDragged) {
     for (const FileItem& item : browser_.items())
         if (item.name.contains(u'/'))
             hostile = item.id();
-    using Obstacle = DragFiles::Obstacle;
-    const std::tuple<QStringList, int, std::optional<Obstacle>> table[] = {
+    using What = BrowserProblem::What;
+    const std::tuple<QStringList, int, std::optional<What>> table[] = {
         // entries, local copies, why not
         {ids({"/root/a.txt", "/root/b.txt"}), 2, std::nullopt},
-        {ids({"/root/a.txt", "/root/c.txt"}), 1, Obstacle::failed},
-        {ids({"/root/a.txt", "/root/dir"}), 0, Obstacle::folder},
-        {ids({"/root/a.txt"}) + QStringList(hostile), 0, Obstacle::name},
+        {ids({"/root/a.txt", "/root/c.txt"}), 1, What::fetch},
+        {ids({"/root/a.txt", "/root/dir"}), 0, What::dragFolder},
+        {ids({"/root/a.txt"}) + QStringList(hostile), 0, What::fetch},
     };
-    for (const auto& [entries, copies, obstacle] : table) {
+    for (const auto& [entries, copies, what] : table) {
         std::optional<DragFiles> drag;
         prepareDrag(&browser_, {files_, browser_.itemsWithIds(entries), nullptr, staged_},
                     [&](const DragFiles& ready) { drag = ready; });
         ASSERT_TRUE(eventually([&] { return drag.has_value(); }));
         EXPECT_EQ(drag->localPaths.size(), copies);
-        ASSERT_EQ(drag->notReady.empty(), !obstacle);
-        EXPECT_TRUE(!obstacle || drag->notReady.front().obstacle == *obstacle);
+        ASSERT_EQ(drag->notReady.empty(), !what);
+        EXPECT_TRUE(!what || drag->notReady.front().what == *what);
     }
     Gate never;
     holdAt(never, Operation::read, "/root/d.txt");
@@ -216,7 +216,7 @@ TEST_F(FileBrowserEditTest, withoutAMountOnlyWholeCopiesAreDragged) {
                 [&](const DragFiles& ready) { late = ready; });
     ASSERT_TRUE(eventually([&] { return late.has_value(); }));
     ASSERT_EQ(late->notReady.size(), 1U);
-    EXPECT_EQ(late->notReady.front().obstacle, Obstacle::stillCopying);
+    EXPECT_EQ(late->notReady.front().what, What::dragLong);
 }
 
 } // namespace

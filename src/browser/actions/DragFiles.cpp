@@ -24,7 +24,12 @@ using namespace std::chrono_literals;
 /// How long the pointer may be kept waiting for copies.
 constexpr auto patience = 2s;
 
-using Obstacle = DragFiles::Obstacle;
+using What = BrowserProblem::What;
+
+/// One that could not be had as a file here.
+BrowserProblem notFetched(const FileItem& item, const Error& error) {
+    return BrowserProblem::of(What::fetch, lastComponent(item.path), error);
+}
 
 /// Copies each file. Where `until` is reached first the rest is not ready; `stop` throws.
 DragFiles copyEach(PhoneFileSystem& files, const std::vector<FileItem>& items, StagedFiles& copies,
@@ -42,9 +47,9 @@ DragFiles copyEach(PhoneFileSystem& files, const std::vector<FileItem>& items, S
             drag.localPaths << copies.fetch(files, item, tell, either.token());
         } catch (const CancellationError&) {
             throwIfStopped(stop);
-            drag.notReady.push_back({item.path, Obstacle::stillCopying});
+            drag.notReady.push_back({What::dragLong, lastComponent(item.path), 1, 1, {}});
         } catch (const Error& error) {
-            drag.notReady.push_back({item.path, Obstacle::failed, error});
+            drag.notReady.push_back(notFetched(item, error));
         }
         before = addByteCounts(before, item.size);
     }
@@ -58,7 +63,7 @@ DragFiles copyBeforehand(PhoneFileSystem& files, const std::vector<FileItem>& it
     // With one that cannot come nothing can be dropped, and a move within the window needs no copy.
     for (const FileItem& item : items)
         if (item.isDirectory)
-            drag.notReady.push_back({item.path, Obstacle::folder});
+            drag.notReady.push_back({What::dragFolder, lastComponent(item.path), 1, 1, {}});
     if (!drag.notReady.empty())
         return drag;
     const Deadline deadline(patience);
@@ -71,7 +76,8 @@ DragFiles atOnce(const DragRequest& request) {
     DragFiles drag;
     for (const FileItem& item : request.items)
         if (!isSafeName(item.name) || isTooLongName(item.name))
-            drag.notReady.push_back({item.path, Obstacle::name});
+            drag.notReady.push_back(
+                notFetched(item, Error(LocalError::nameNotUsable, {lastComponent(item.path)})));
     if (!drag.notReady.empty())
         return drag;
     if (dynamic_cast<const LocalFileSystem*>(request.files.get()) != nullptr) {
@@ -88,24 +94,6 @@ bool isDecided(const DragFiles& drag) {
 }
 
 } // namespace
-
-BrowserProblem problemOf(const DragFiles::NotReady& entry) {
-    const QString name = lastComponent(entry.path);
-    const auto because = [&name](const Error& error) {
-        return BrowserProblem::of(BrowserProblem::What::fetch, name, error);
-    };
-    switch (entry.obstacle) {
-    case Obstacle::name:
-        return because(Error(LocalError::nameNotUsable, {name}));
-    case Obstacle::folder:
-        return {BrowserProblem::What::dragFolder, name, 1, 1, {}};
-    case Obstacle::stillCopying:
-        return {BrowserProblem::What::dragLong, name, 1, 1, {}};
-    case Obstacle::failed:
-        break;
-    }
-    return because(entry.error.value_or(Error(PhoneError::unreadable, {entry.path})));
-}
 
 DragFiles prepareDrag(const DragRequest& request, const std::stop_token& stop) {
     DragFiles drag = atOnce(request);

@@ -19,24 +19,9 @@ class StagedFiles;
 
 /// Local copies for dragging entries out.
 struct DragFiles {
-    enum class Obstacle {
-        name,         ///< this computer cannot hold its name
-        folder,       ///< folders are not copied beforehand
-        stillCopying, ///< the copy takes longer than a drag
-        failed,       ///< with an error
-    };
-    struct NotReady {
-        QString path;
-        Obstacle obstacle = Obstacle::failed;
-        std::optional<Error> error{}; ///< of `failed`
-    };
-
     QStringList localPaths;
-    std::vector<NotReady> notReady; ///< then there are no paths
+    std::vector<BrowserProblem> notReady; ///< why, for each that is not; then there are no paths
 };
-
-/// What kept an entry from being had here, as a problem of the browser.
-[[nodiscard]] BrowserProblem problemOf(const DragFiles::NotReady& entry);
 
 /// What is to be had as local files.
 struct DragRequest {

@@ -26,7 +26,7 @@ OpenFetch::OpenFetch(DragRequest request, QObject* parent) : QObject(parent) {
             if (!files.localPaths.isEmpty())
                 Q_EMIT ready(files.localPaths);
             if (!files.notReady.empty())
-                Q_EMIT failed(problemOf(files.notReady.front()));
+                Q_EMIT failed(files.notReady.front());
         });
 }
 

@@ -23,7 +23,7 @@ DragOutData::DragOutData(FileBrowserViewModel& browser, std::vector<FileItem> it
             copies->areMade = true;
             // All or nothing: half of what was dragged would look like all of it.
             if (!files.notReady.empty()) {
-                copies->problem = problemOf(files.notReady.front());
+                copies->problem = files.notReady.front();
                 return;
             }
             for (const QString& path : files.localPaths)
