@@ -8,7 +8,7 @@
 #include "phone/PhoneError.h"
 
 #include <algorithm>
-#include <array>
+#include <iterator>
 
 namespace tessary {
 
@@ -40,43 +40,34 @@ DeviceInfo chooseDevice(DeviceSources sources, const CliRequest& request,
     if (sources.multiplexer != nullptr)
         for (DeviceInfo& phone : iosDevices(sources.multiplexer->devices()))
             all.push_back(std::move(phone));
-    using Test = bool (*)(const DeviceInfo&, const QString&);
-    struct Rule {
-        bool needsNames;
-        Test fits;
-    };
-    static constexpr std::array rules{
-        Rule{false,
-             [](const DeviceInfo& device, const QString& wanted) { return device.udid == wanted; }},
-        Rule{false, [](const DeviceInfo& device,
-                       const QString& wanted) { return device.udid.startsWith(wanted); }},
-        Rule{true, [](const DeviceInfo& device, const QString& wanted) {
-                 return device.deviceName.value_or(QString()).compare(wanted,
-                                                                      Qt::CaseInsensitive) == 0;
-             }}};
-    std::optional<Error> refusal;
-    for (const Rule& rule : rules) {
-        if (rule.needsNames)
-            refusal = readNames(all, stop);
+    const QString& wanted = request.device;
+    const auto theOne = [&](const auto& fits) -> std::optional<DeviceInfo> {
         std::vector<DeviceInfo> matching;
-        std::copy_if(all.begin(), all.end(), std::back_inserter(matching),
-                     [&](const DeviceInfo& device) { return rule.fits(device, request.device); });
+        std::copy_if(all.begin(), all.end(), std::back_inserter(matching), fits);
         if (matching.size() > 1)
             throw CliFailure(
                 QStringLiteral("\"%1\" fits %2 devices. Give more of the udid: see tessary-cli "
                                "devices.")
-                    .arg(request.device)
+                    .arg(wanted)
                     .arg(matching.size()));
-        if (matching.size() == 1)
-            return matching.front();
-    }
+        return matching.empty() ? std::nullopt : std::optional(matching.front());
+    };
+    if (const auto one = theOne([&](const DeviceInfo& any) { return any.udid == wanted; }))
+        return *one;
+    if (const auto one = theOne([&](const DeviceInfo& any) { return any.udid.startsWith(wanted); }))
+        return *one;
+    const std::optional<Error> refusal = readNames(all, stop);
+    if (const auto one = theOne([&](const DeviceInfo& any) {
+            return any.deviceName.value_or(QString()).compare(wanted, Qt::CaseInsensitive) == 0;
+        }))
+        return *one;
     // It may be the one that is meant: what it waits for helps more than that it is missing.
     if (refusal && !refusal->is(PhoneError::notConnected) && !refusal->is(PhoneError::unplugged))
         throw *refusal;
     throw CliFailure(
         QStringLiteral("\"%1\" is not attached. Plug it in, unlock it and choose File transfer on "
                        "it; tessary-cli devices lists what is there.")
-            .arg(request.device));
+            .arg(wanted));
 }
 
 } // namespace tessary
