@@ -30,20 +30,16 @@ void UndoHistory::forget(const QString& identity) {
 }
 
 std::optional<UndoStep> UndoHistory::newestOf(const QString& identity) const {
-    const auto found = std::find_if(steps_.rbegin(), steps_.rend(), [&](const UndoStep& step) {
-        return step.identity == identity;
-    });
+    const auto found =
+        std::ranges::find(steps_.rbegin(), steps_.rend(), identity, &UndoStep::identity);
     return found == steps_.rend() ? std::nullopt : std::optional(*found);
 }
 
-std::optional<UndoStep> UndoHistory::take(const QString& identity) {
-    auto step = newestOf(identity);
-    if (step)
-        steps_.erase(
-            std::prev(std::find_if(steps_.rbegin(), steps_.rend(), [&](const UndoStep& one) {
-                          return one.identity == identity;
-                      }).base()));
-    return step;
+void UndoHistory::dropNewestOf(const QString& identity) {
+    const auto found =
+        std::ranges::find(steps_.rbegin(), steps_.rend(), identity, &UndoStep::identity);
+    if (found != steps_.rend())
+        steps_.erase(std::prev(found.base()));
 }
 
 } // namespace tessary

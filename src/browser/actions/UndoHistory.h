@@ -50,8 +50,7 @@ public:
     void forget(const QString& identity);
     /// The newest step of a connection; no value when there is none.
     [[nodiscard]] std::optional<UndoStep> newestOf(const QString& identity) const;
-    /// Takes that step out.
-    std::optional<UndoStep> take(const QString& identity);
+    void dropNewestOf(const QString& identity);
 
 private:
     std::vector<UndoStep> steps_;

@@ -300,10 +300,10 @@ std::optional<UndoStep> EntryChanges::undoable() const {
 }
 
 void EntryChanges::undo() {
-    const auto newest = undoable();
-    if (!newest || newest->changes.empty() || isRunning())
+    const auto step = undoable();
+    if (!step || step->changes.empty() || isRunning())
         return;
-    const auto step = history_.take(newest->identity);
+    history_.dropNewestOf(step->identity);
     Q_EMIT undoableChanged();
     std::vector<FileItem> items;
     QStringList oldPaths;
