@@ -29,6 +29,10 @@ bool endsEverything(const Error& error) {
     return code && *code <= PhoneError::nonsense;
 }
 
+bool isDeviceLost(const Error& error) {
+    return error.is(PhoneError::unplugged) || error.is(PhoneError::notConnected);
+}
+
 bool concernsOneItem(const Error& error) {
     const auto code = error.code().as<PhoneError>();
     return code && *code > PhoneError::busy && *code < PhoneError::full;

@@ -58,6 +58,8 @@ enum class PhoneError {
 
 /// The phone is lost for whoever uses it now: another item cannot do better.
 [[nodiscard]] bool endsEverything(const Error& error);
+/// Whether a failure means that the connection to the phone is gone.
+[[nodiscard]] bool isDeviceLost(const Error& error);
 /// One item failed, and the next may go well: it is skipped and named.
 [[nodiscard]] bool concernsOneItem(const Error& error);
 

@@ -1,7 +1,6 @@
 #include "browser/actions/BrowserEdit.h"
 
 #include "base/threads/CancellationError.h"
-#include "browser/actions/BrowserLoad.h"
 #include "phone/PhoneError.h"
 #include "phone/PhoneQueue.h"
 

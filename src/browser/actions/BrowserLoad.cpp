@@ -71,10 +71,6 @@ BrowserLoad failed(const QString& path, const Error& error) {
 
 } // namespace
 
-bool isDeviceLost(const Error& error) {
-    return error.is(PhoneError::unplugged) || error.is(PhoneError::notConnected);
-}
-
 BrowserLoad loadFolder(PhoneFileSystem& files, const QString& path, const QLocale& locale,
                        const PartialListing& partial, const std::stop_token& stop) {
     throwIfStopped(stop);

@@ -27,9 +27,6 @@ struct BrowserLoad {
 /// Takes what has arrived of a long listing so far; on the thread of the call.
 using PartialListing = std::function<void(std::shared_ptr<const FileListing>)>;
 
-/// Whether a failure means that the connection to the device is gone.
-[[nodiscard]] bool isDeviceLost(const Error& error);
-
 /// Reads a folder; blocking. What takes its time is handed to `partial` meanwhile, where there is
 /// one: soon after the start, and each time that much more has come. When the folder is not there
 /// the folders above it are asked which one is. Throws nothing but CancellationError.

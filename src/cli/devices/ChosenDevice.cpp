@@ -62,7 +62,7 @@ DeviceInfo chooseDevice(DeviceSources sources, const CliRequest& request,
         }))
         return *one;
     // It may be the one that is meant: what it waits for helps more than that it is missing.
-    if (refusal && !refusal->is(PhoneError::notConnected) && !refusal->is(PhoneError::unplugged))
+    if (refusal && !isDeviceLost(*refusal))
         throw *refusal;
     throw CliFailure(
         QStringLiteral("\"%1\" is not attached. Plug it in, unlock it and choose File transfer on "

@@ -14,7 +14,7 @@ namespace {
 using Outcome = DeviceAnswer::Outcome;
 
 DeviceAnswer answerTo(const Error& error) {
-    if (error.is(PhoneError::unplugged) || error.is(PhoneError::notConnected))
+    if (isDeviceLost(error))
         return {Outcome::gone};
     // What a locked phone shows: none.
     if (error.is(PhoneError::noStorage))
