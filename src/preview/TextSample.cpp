@@ -50,10 +50,10 @@ bool looksBinary(const QString& text) {
 std::optional<QString> textOf(const QByteArray& bytes) {
     if (const auto marked = QStringConverter::encodingForData(bytes))
         return decoded(bytes, *marked);
+    if (const auto wide = utf16Of(bytes)) // before UTF-8, in which zeros are valid
+        return decoded(bytes, *wide);
     if (const auto utf8 = decoded(bytes, QStringConverter::Utf8))
         return utf8;
-    if (const auto wide = utf16Of(bytes))
-        return decoded(bytes, *wide);
     return decoded(bytes, QStringConverter::Latin1);
 }
 
@@ -61,10 +61,6 @@ std::optional<QString> textOf(const QByteArray& bytes) {
 
 std::optional<TextSample> textSampleOf(const QByteArray& bytes) {
     auto text = textOf(bytes.left(TextSample::maxBytes));
-    // Zeros are valid UTF-8, and UTF-16 without a mark has them.
-    if (text && text->contains(QChar::Null))
-        if (const auto wide = utf16Of(bytes.left(TextSample::maxBytes)))
-            text = decoded(bytes.left(TextSample::maxBytes), *wide);
     if (!text || looksBinary(*text))
         return std::nullopt;
     return TextSample{*std::move(text), bytes.size() > TextSample::maxBytes};

@@ -95,12 +95,6 @@ bool isDecided(const DragFiles& drag) {
 
 } // namespace
 
-DragFiles prepareDrag(const DragRequest& request, const std::stop_token& stop) {
-    DragFiles drag = atOnce(request);
-    return isDecided(drag) ? drag
-                           : copyBeforehand(*request.files, request.items, request.copies, stop);
-}
-
 DragFiles fetchToOpen(const DragRequest& request, const ByteProgress& progress,
                       const std::stop_token& stop) {
     DragFiles drag = atOnce(request);
@@ -114,7 +108,10 @@ std::stop_source prepareDrag(QObject* context, DragRequest request,
     return runInBackground(
         context,
         [request = std::move(request)](const std::stop_token& stop) {
-            return prepareDrag(request, stop);
+            DragFiles drag = atOnce(request);
+            return isDecided(drag)
+                       ? drag
+                       : copyBeforehand(*request.files, request.items, request.copies, stop);
         },
         [whenReady = std::move(whenReady)](BackgroundResult<DragFiles> result) {
             if (result.succeeded())

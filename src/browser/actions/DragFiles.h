@@ -34,16 +34,14 @@ struct DragRequest {
 /// Local paths for entries; those of this computer have theirs. Where this system can show them on
 /// demand (`mount` is not null) they are there at once, and copied as another program reads them;
 /// elsewhere they are copied beforehand into `copies`: folders, and what takes more than about two
-/// seconds, are not ready then. Blocking; throws nothing but CancellationError.
-[[nodiscard]] DragFiles prepareDrag(const DragRequest& request, const std::stop_token& stop);
-/// The same for files that somebody wants to open: what has to be copied takes as long as it takes.
-/// `progress` gets the bytes of all.
-[[nodiscard]] DragFiles fetchToOpen(const DragRequest& request, const ByteProgress& progress,
-                                    const std::stop_token& stop);
-/// prepareDrag() off the main thread, on which `whenReady` is called; not when it was asked to
+/// seconds, are not ready then. `whenReady` is called on the main thread; not when it was asked to
 /// stop, or `context` is gone by then.
 std::stop_source prepareDrag(QObject* context, DragRequest request,
                              std::function<void(const DragFiles&)> whenReady);
+/// The same for files that somebody wants to open: what has to be copied takes as long as it takes.
+/// `progress` gets the bytes of all. Blocking; throws nothing but CancellationError.
+[[nodiscard]] DragFiles fetchToOpen(const DragRequest& request, const ByteProgress& progress,
+                                    const std::stop_token& stop);
 
 /// Has what goes wrong with files that other programs read told on the main thread, while `context`
 /// is there.

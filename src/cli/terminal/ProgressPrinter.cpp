@@ -53,10 +53,6 @@ void ProgressPrinter::show(const TransferProgress& progress) {
         line += QStringLiteral("  finishing");
     else if (const auto left = speed_.timeLeft(progress.totalBytes - done))
         line += QStringLiteral("  %1 left").arg(formatDuration(*left));
-    write(line);
-}
-
-void ProgressPrinter::write(const QString& line) {
     hasLine_ = true;
     std::fprintf(stream_, "\r\033[K%s", qUtf8Printable(line));
     std::fflush(stream_);

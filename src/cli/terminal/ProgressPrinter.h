@@ -3,8 +3,6 @@
 #include "phone/TransferProgress.h"
 #include "transfer/queue/TransferSpeed.h"
 
-#include <QString>
-
 #include <cstdio>
 
 namespace tessary {
@@ -22,8 +20,6 @@ public:
     void show(const TransferProgress& progress);
 
 private:
-    void write(const QString& line);
-
     std::FILE* stream_;
     const bool isTerminal_;
     bool hasLine_ = false;

@@ -57,10 +57,10 @@ public:
 /// Asks phones by way of their file systems, which order it with everything else that uses them.
 class PhoneProbe : public DeviceProbe {
 public:
-    /// `services` must outlive it.
-    explicit PhoneProbe(DeviceServices& services) : services_(services) {}
-    /// With another limit of one question.
-    PhoneProbe(DeviceServices& services, std::chrono::milliseconds limit)
+    /// `services` must outlive it. A phone that answers, but never to the end, keeps others from it
+    /// for `limit`.
+    explicit PhoneProbe(DeviceServices& services,
+                        std::chrono::milliseconds limit = std::chrono::minutes(1))
         : services_(services), limit_(limit) {}
 
     [[nodiscard]] DeviceAnswer ask(const DeviceInfo& device, const std::stop_token& stop) override;
@@ -71,8 +71,7 @@ public:
 
 private:
     DeviceServices& services_;
-    /// A phone that answers, but never to the end, keeps others from it for so long.
-    const std::chrono::milliseconds limit_ = std::chrono::minutes(1);
+    const std::chrono::milliseconds limit_;
 };
 
 } // namespace tessary
