@@ -122,7 +122,6 @@ void ImportViewModel::show(FoundPhotos found) {
 /// What is new now, all of it chosen.
 void ImportViewModel::takeStock() {
     isNew_.clear();
-    chosen_.clear();
     shown_.clear();
     places_.clear();
     for (const Photo& photo : found_.photos) {

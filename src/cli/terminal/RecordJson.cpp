@@ -19,8 +19,6 @@ void insertIf(QJsonObject& object, QLatin1StringView key, const std::optional<T>
 
 using View = QLatin1StringView;
 
-} // namespace
-
 QJsonObject toJson(const StorageVolume& volume) {
     return {{View("id"), volume.id},
             {View("name"), volume.name},
@@ -28,6 +26,8 @@ QJsonObject toJson(const StorageVolume& volume) {
             {View("freeBytes"), static_cast<qint64>(volume.freeBytes)},
             {View("isSDCard"), volume.isSDCard}};
 }
+
+} // namespace
 
 QJsonObject toJson(const DeviceInfo& device) {
     QJsonObject object{

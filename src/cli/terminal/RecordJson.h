@@ -13,7 +13,6 @@ namespace tessary {
 // Records as JSON objects with their field names. Absent values are left out; dates are ISO 8601
 // in UTC; enumerations are their raw values.
 
-[[nodiscard]] QJsonObject toJson(const StorageVolume& volume);
 [[nodiscard]] QJsonObject toJson(const DeviceInfo& device);
 [[nodiscard]] QJsonObject toJson(const AppInfo& app);
 [[nodiscard]] QJsonObject toJson(const FileItem& item);

@@ -69,7 +69,13 @@ DeviceManager::~DeviceManager() {
 
 void DeviceManager::startListening() {
     startAndroidListening();
-    startADBListening();
+    if (asksADB_)
+        inquiry_->onADBChange([guard = QPointer<DeviceManager>(this), period = period_] {
+            MainThread::post([guard, period] {
+                if (guard && guard->period_ == period)
+                    guard->askADB();
+            });
+        });
     iphones_.start();
     timer_.start();
     storageTimer_.start();
@@ -84,16 +90,6 @@ void DeviceManager::stopListening() {
     if (asksADB_)
         inquiry_->onADBChange({});
     ++period_;
-}
-
-void DeviceManager::startADBListening() {
-    if (asksADB_)
-        inquiry_->onADBChange([guard = QPointer<DeviceManager>(this), period = period_] {
-            MainThread::post([guard, period] {
-                if (guard && guard->period_ == period)
-                    guard->askADB();
-            });
-        });
 }
 
 /// What the bus tells by itself is read only now and then, should an event have been lost. The

@@ -103,7 +103,6 @@ private:
     using Attachment = std::pair<bool, std::uint64_t>;
 
     void startAndroidListening();
-    void startADBListening();
     void poll();
     void askADB();
     [[nodiscard]] Attachment adbAttachment(const QString& serial) const;
