@@ -1,6 +1,7 @@
 #include "Round.h"
 
 #include "Story.h"
+#include "base/threads/Background.h"
 
 #include <QDir>
 
@@ -34,22 +35,12 @@ void Round::run() {
     bench_.content.fillUp(outbox_, 8);
     for (SoakPhone* phone : phones_)
         prepare(*phone);
-    const auto watch = QObject::connect(&program_.browser, &FileBrowserViewModel::previewReady,
-                                        [this](const QString&, const QString& localFile) {
-                                            story_.tell("previewed", localFile);
-                                            try {
-                                                (void)Content::seedOf(localFile);
-                                            } catch (const Broken& broken) {
-                                                problem_ = QString::fromUtf8(broken.what());
-                                            }
-                                        });
     for (int steps = dice_.between(4, 14); steps > 0; --steps) {
         act(*dice_.oneOf(phones_));
         Program::turnFor(std::chrono::milliseconds(dice_.between(0, 250)));
     }
     settle();
     goesOn_.reset(); // what is prepared from now on would end in the next round
-    QObject::disconnect(watch);
     if (!problem_.isEmpty())
         throw Broken(problem_);
     checkJobs();
@@ -229,13 +220,35 @@ void Round::look(SoakPhone& phone) {
     const QStringList ids = someIds(3);
     if (dice_.happens(60)) {
         story_.tell("preview", ids.front());
-        program_.browser.cacheFileForPreview(ids.front());
+        preview(*program_.browser.itemWithId(ids.front()));
         return;
     }
     story_.tell("drag", ids.join(u' '));
-    std::stop_source drag = program_.browser.prepareDragURLs(ids, [](const DragFiles&) {});
+    FileBrowserViewModel& browser = program_.browser;
+    std::stop_source drag = prepareDrag(
+        &browser, {browser.files(), browser.itemsWithIds(ids), nullptr, program_.staged},
+        [](const DragFiles&) {});
     if (dice_.happens(30))
         drag.request_stop();
+}
+
+void Round::preview(const FileItem& item) {
+    preview_.request_stop();
+    preview_ = runInBackground(
+        &program_.browser,
+        [&copies = program_.staged, files = program_.browser.files(),
+         item](const std::stop_token& stop) { return copies.fetch(*files, item, {}, stop); },
+        [this, goesOn = std::weak_ptr(goesOn_)](BackgroundResult<QString> result) {
+            if (goesOn.expired() || !result.succeeded())
+                return;
+            const QString localFile = result.take();
+            story_.tell("previewed", localFile);
+            try {
+                (void)Content::seedOf(localFile);
+            } catch (const Broken& broken) {
+                problem_ = QString::fromUtf8(broken.what());
+            }
+        });
 }
 
 void Round::cancelSomething() {
@@ -253,7 +266,7 @@ void Round::cancelSomething() {
         break;
     case 2:
         program_.browser.cancelLoading();
-        program_.browser.cancelPreview();
+        preview_.request_stop();
         break;
     case 3:
         bench_.pairs.cancel();

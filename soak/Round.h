@@ -9,6 +9,7 @@
 
 #include <functional>
 #include <memory>
+#include <stop_token>
 #include <vector>
 
 namespace tessary {
@@ -51,6 +52,7 @@ private:
     void upload(SoakPhone& phone);
     void edit(SoakPhone& phone);
     void look(SoakPhone& phone);
+    void preview(const FileItem& item);
     void cancelSomething();
     void disturb(SoakPhone& phone);
     [[nodiscard]] bool show(SoakPhone& phone, const QString& path);
@@ -77,6 +79,7 @@ private:
     QHash<SoakPhone*, Tree> edits_; ///< what lay in "Edits" before
     bool hasDeleted_ = false;
     std::shared_ptr<const bool> goesOn_ = std::make_shared<const bool>(true); ///< until it settled
+    std::stop_source preview_{std::nostopstate};                              ///< the last one
     QString problem_; ///< that a signal brought, which must not throw
 };
 
