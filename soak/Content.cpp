@@ -115,7 +115,7 @@ Tree Content::read(const QString& folder, QStringList* parts) {
     const QDir top(folder);
     for (QDirIterator walk = filesBelow(folder); walk.hasNext();) {
         const QString path = walk.next();
-        if (isPartName(walk.fileName())) {
+        if (path.contains(u"/.tessary-part-"_s)) {
             if (parts != nullptr)
                 parts->append(path);
             const auto part = partNameOf(walk.fileName(), {});
