@@ -7,8 +7,6 @@
 #include "phone/PartNames.h"
 #include "transfer/copy/ContentCount.h"
 
-#include <QSet>
-
 #include <algorithm>
 
 namespace tessary {
@@ -76,20 +74,12 @@ CopyCheck checkCopy(const TreeCopyRequest& request, const CopyCheckFacts& facts,
     for (FileItem& item : orNothing([&] { return listAll(to, request.folder, stop); }).items)
         if (!isPartName(item.name))
             there.insert(rules.key(item.name), std::move(item));
-    QSet<QString> given;
     for (const CopyItem& item : request.items) {
         throwIfStopped(stop);
-        CheckedItem one{item, {}, {}, 0};
-        if (rules.accepts(item.name)) {
-            const auto existing = there.constFind(rules.key(item.name));
-            if (existing != there.constEnd())
-                one.existing = *existing;
-            one.freeName =
-                freeNameUnder(rules, item.name, item.item.isDirectory, [&](const QString& key) {
-                    return given.contains(key) || there.contains(key);
-                });
-            given.insert(rules.key(one.freeName));
-        }
+        CheckedItem one{item, {}, 0};
+        const auto existing = there.constFind(rules.key(item.name));
+        if (rules.accepts(item.name) && existing != there.constEnd())
+            one.existing = *existing;
         if (!item.item.isDirectory || mayNotFit)
             one.bytes = bytesOf(*request.from, item.item, check.isPartial, stopCounting, stop);
         check.items.push_back(std::move(one));

@@ -10,9 +10,7 @@ namespace tessary {
 struct CheckedItem {
     CopyItem item;
     std::optional<FileItem> existing; ///< what has its name
-    /// What "keep both" calls the copy; empty when the target cannot hold its name at all.
-    QString freeName;
-    qint64 bytes = 0; ///< to be moved
+    qint64 bytes = 0;                 ///< to be moved
 };
 
 using CopyAnswers = QHash<QString, ClashAnswer>; ///< by FileItem::id(); keepBoth for all else
