@@ -56,11 +56,7 @@ SerialQueue::~SerialQueue() {
 }
 
 void SerialQueue::post(std::function<void()> work) {
-    const std::scoped_lock lock(state_->mutex);
-    if (state_->isOver)
-        return;
-    state_->waiting.push_back(std::make_shared<Task>(Task{std::move(work)}));
-    state_->changed.notify_all();
+    (void)add(std::move(work));
 }
 
 std::shared_ptr<SerialQueue::Task> SerialQueue::add(std::function<void()> work) {
