@@ -14,10 +14,6 @@ public:
     /// Called on a thread of the file's own when it cannot be fetched.
     using Failed = std::function<void(const FileItem&, const Error&)>;
 
-    /// By range where the phone `readsRanges`, else as one that arrives whole. Asks it for nothing.
-    [[nodiscard]] static std::shared_ptr<MountedFile>
-    open(std::shared_ptr<PhoneFileSystem> files, FileItem item, bool readsRanges, Failed failed);
-
     virtual ~MountedFile() = default;
 
     /// Fills `into` with what lies at `offset`, once it is there; less only at the end of the file.

@@ -5,6 +5,8 @@
 #include "base/threads/CancellationError.h"
 #include "phone/PartNames.h"
 #include "phone/PhoneQueue.h"
+#include "transfer/mount/ArrivingFile.h"
+#include "transfer/mount/RangedFile.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -210,7 +212,10 @@ std::shared_ptr<MountedFile> PhoneFolder::open(const QStringList& names) {
     if (file && file->isLost())
         lost = std::exchange(file, nullptr);
     if (!file) {
-        file = MountedFile::open(files_, item, isByRange, failed_);
+        if (isByRange)
+            file = std::make_shared<RangedFile>(files_, item, failed_);
+        else
+            file = std::make_shared<ArrivingFile>(files_, item, failed_);
         open_[key] = file;
     }
     before = std::exchange(lastOpen_, file);
