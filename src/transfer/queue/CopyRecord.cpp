@@ -60,6 +60,47 @@ CopyItem itemFromJson(const QJsonObject& json) {
             json[u"isContinued"_s].toBool()};
 }
 
+/// Calls `visit` with each field that stands in the JSON as it is, and its key.
+template <typename Record, typename Visit>
+void visitPlainFields(Record& record, const Visit& visit) {
+    auto& job = record.job;
+    visit(u"name"_s, job.name);
+    visit(u"things"_s, job.things);
+    visit(u"isFolder"_s, job.isFolder);
+    visit(u"sourcePath"_s, job.sourcePath);
+    visit(u"targetFolder"_s, job.targetFolder);
+    visit(u"phone"_s, job.phone);
+    visit(u"sourcePhone"_s, job.sourcePhone);
+    visit(u"source"_s, job.source);
+    visit(u"target"_s, job.target);
+    visit(u"sourceApp"_s, job.sourceApp);
+    visit(u"targetApp"_s, job.targetApp);
+    visit(u"files"_s, job.progress.completedFiles);
+    visit(u"bytes"_s, job.progress.completedBytes);
+    visit(u"totalFiles"_s, job.progress.totalFiles);
+    visit(u"totalBytes"_s, job.progress.totalBytes);
+    visit(u"alreadyThere"_s, job.alreadyThere);
+    visit(u"removesSource"_s, record.removesSource);
+    visit(u"verifies"_s, record.verifies);
+    visit(u"wasOffered"_s, record.wasOffered);
+}
+
+void read(const QJsonValue& json, QString& field) {
+    field = json.toString();
+}
+
+void read(const QJsonValue& json, bool& field) {
+    field = json.toBool();
+}
+
+void read(const QJsonValue& json, int& field) {
+    field = json.toInt(field);
+}
+
+void read(const QJsonValue& json, qint64& field) {
+    field = json.toInteger(field);
+}
+
 } // namespace
 
 bool CopyRecord::hasBrokenOff() const {
@@ -96,11 +137,8 @@ bool CopyRecord::matches(const QString& search) const {
 QJsonObject toJson(const CopyRecord& record) {
     const CopyJob& job = record.job;
     QJsonArray leftOut;
-    for (const LeftOut& one : job.leftOut) {
-        if (static_cast<std::size_t>(leftOut.size()) == CopyRecord::mostLeftOut)
-            break;
+    for (const LeftOut& one : job.leftOut)
         leftOut.append(QJsonObject{{u"item"_s, toJson(one.item)}, {u"error"_s, toJson(one.error)}});
-    }
     QJsonArray rest;
     for (const CopyItem& item : record.rest)
         rest.append(toJson(item));
@@ -108,28 +146,10 @@ QJsonObject toJson(const CopyRecord& record) {
                      {u"ended"_s, record.ended.toMSecsSinceEpoch()},
                      {u"direction"_s, static_cast<int>(job.direction)},
                      {u"status"_s, static_cast<int>(job.status)},
-                     {u"name"_s, job.name},
-                     {u"things"_s, job.things},
-                     {u"isFolder"_s, job.isFolder},
-                     {u"sourcePath"_s, job.sourcePath},
-                     {u"targetFolder"_s, job.targetFolder},
-                     {u"phone"_s, job.phone},
-                     {u"sourcePhone"_s, job.sourcePhone},
-                     {u"source"_s, job.source},
-                     {u"target"_s, job.target},
-                     {u"sourceApp"_s, job.sourceApp},
-                     {u"targetApp"_s, job.targetApp},
-                     {u"files"_s, job.progress.completedFiles},
-                     {u"bytes"_s, job.progress.completedBytes},
-                     {u"totalFiles"_s, job.progress.totalFiles},
-                     {u"totalBytes"_s, job.progress.totalBytes},
-                     {u"alreadyThere"_s, job.alreadyThere},
                      {u"made"_s, QJsonArray::fromStringList(job.made)},
                      {u"leftOut"_s, leftOut},
-                     {u"rest"_s, rest},
-                     {u"removesSource"_s, record.removesSource},
-                     {u"verifies"_s, record.verifies},
-                     {u"wasOffered"_s, record.wasOffered}};
+                     {u"rest"_s, rest}};
+    visitPlainFields(record, [&json](const QString& key, const auto& field) { json[key] = field; });
     if (job.error)
         json[u"error"_s] = toJson(*job.error);
     return json;
@@ -150,22 +170,7 @@ std::optional<CopyRecord> copyRecordFromJson(const QJsonObject& json) {
     job.status = static_cast<CopyJob::Status>(status);
     if (!job.isFinished())
         job.status = CopyJob::Status::failed;
-    job.name = json[u"name"_s].toString();
-    job.things = json[u"things"_s].toInt(1);
-    job.isFolder = json[u"isFolder"_s].toBool();
-    job.sourcePath = json[u"sourcePath"_s].toString();
-    job.targetFolder = json[u"targetFolder"_s].toString();
-    job.phone = json[u"phone"_s].toString();
-    job.sourcePhone = json[u"sourcePhone"_s].toString();
-    job.source = json[u"source"_s].toString();
-    job.target = json[u"target"_s].toString();
-    job.sourceApp = json[u"sourceApp"_s].toString();
-    job.targetApp = json[u"targetApp"_s].toString();
-    job.progress.completedFiles = json[u"files"_s].toInteger();
-    job.progress.completedBytes = json[u"bytes"_s].toInteger();
-    job.progress.totalFiles = json[u"totalFiles"_s].toInteger();
-    job.progress.totalBytes = json[u"totalBytes"_s].toInteger();
-    job.alreadyThere = json[u"alreadyThere"_s].toInteger();
+    visitPlainFields(record, [&json](const QString& key, auto& field) { read(json[key], field); });
     for (const QJsonValue& path : json[u"made"_s].toArray())
         job.made << path.toString();
     for (const QJsonValue& one : json[u"leftOut"_s].toArray())
@@ -175,9 +180,6 @@ std::optional<CopyRecord> copyRecordFromJson(const QJsonObject& json) {
         job.error = errorFromJson(json[u"error"_s].toObject());
     for (const QJsonValue& item : json[u"rest"_s].toArray())
         record.rest.push_back(itemFromJson(item.toObject()));
-    record.removesSource = json[u"removesSource"_s].toBool();
-    record.verifies = json[u"verifies"_s].toBool();
-    record.wasOffered = json[u"wasOffered"_s].toBool();
     return record;
 }
 
