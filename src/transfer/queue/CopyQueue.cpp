@@ -7,6 +7,7 @@
 #include <QSet>
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 #include <mutex>
 #include <set>
@@ -43,6 +44,12 @@ void keepBothOf(TreeCopyRequest& request, const std::vector<LeftOut>& leftOut) {
         request.policy = [given = request.policy, fromFolders](const Clash& clash) {
             return fromFolders.contains(clash.coming.id()) ? ClashAnswer::keepBoth : given(clash);
         };
+}
+
+Status statusAfter(CopyOutcome::End end) {
+    constexpr std::array statuses{Status::done, Status::incomplete, Status::cancelled,
+                                  Status::failed}; // in the order of the ends
+    return statuses[static_cast<std::size_t>(end)];
 }
 
 } // namespace
@@ -248,20 +255,7 @@ void CopyQueue::takeOutcome(const QUuid& id, const std::shared_ptr<Work>& work,
         startNext();
         return;
     }
-    switch (end) {
-    case CopyOutcome::End::done:
-        finish(*job, Status::done);
-        break;
-    case CopyOutcome::End::incomplete:
-        finish(*job, Status::incomplete);
-        break;
-    case CopyOutcome::End::failed:
-        finish(*job, Status::failed);
-        break;
-    case CopyOutcome::End::cancelled:
-        finish(*job, Status::cancelled);
-        break;
-    }
+    finish(*job, statusAfter(end));
     Q_EMIT recordChanged(id);
     startNext();
 }
