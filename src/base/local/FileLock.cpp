@@ -5,7 +5,6 @@
 #include <QFile>
 
 #include <cerrno>
-#include <cstring>
 #include <thread>
 
 #include <fcntl.h>
@@ -35,7 +34,7 @@ bool FileLock::tryLock(std::chrono::milliseconds limit) {
 }
 
 void FileLock::fail() const {
-    throw Error(LocalError::cannotWrite, {path_, QString::fromLocal8Bit(std::strerror(errno))});
+    throw Error(LocalError::cannotWrite, {path_, qt_error_string(errno)});
 }
 
 } // namespace tessary

@@ -11,7 +11,6 @@
 #include <QStandardPaths>
 
 #include <cerrno>
-#include <cstring>
 #include <ctime>
 #include <utility>
 #include <vector>
@@ -29,7 +28,7 @@ constexpr mode_t forUsAlone = S_IRWXU;
 
 /// By errno.
 Error cannotMake(const QString& path) {
-    return {LocalError::cannotMakeFolder, {path, QString::fromLocal8Bit(std::strerror(errno))}};
+    return {LocalError::cannotMakeFolder, {path, qt_error_string(errno)}};
 }
 
 /// Whether only this user, or root, can change what is in an open folder.

@@ -7,7 +7,6 @@
 #include <QUuid>
 
 #include <cerrno>
-#include <cstring>
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -31,8 +30,7 @@ ScratchFolder::ScratchFolder(const PrivateFolder& in)
     if (!folder_.isOpen()) {
         const int error = errno;
         (void)removeTreeAt(parent_.get(), name_);
-        throw Error(LocalError::cannotMakeFolder,
-                    {path_, QString::fromLocal8Bit(std::strerror(error))});
+        throw Error(LocalError::cannotMakeFolder, {path_, qt_error_string(error)});
     }
     // On a disk without locks it never looks abandoned.
     (void)flock(folder_.get(), LOCK_EX | LOCK_NB);

@@ -8,7 +8,6 @@
 #include <QSaveFile>
 
 #include <cerrno>
-#include <cstring>
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -40,7 +39,7 @@ void writeWholeFile(const QString& path, const QByteArray& content) {
     if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.flush())
         fail(file.errorString());
     if (::fsync(file.handle()) != 0 && errno != EINVAL) // of what cannot be synced
-        fail(QString::fromLocal8Bit(std::strerror(errno)));
+        fail(qt_error_string(errno));
     if (!file.commit())
         fail(file.errorString());
     syncFolderOf(path);
