@@ -122,6 +122,8 @@ TEST_P(PhoneMountTest, namesAreThoseThatCanLieHereAndTheRestIsTold) {
     EXPECT_EQ(names, "a (2).txt\na.txt\ne\n" + QByteArray(247, 'l') + " (2).txt\nm." +
                          QByteArray(249, 'm') + " (2)\nnone\ntwin");
     EXPECT_EQ(failures, 2) << "x/y and u";
+    mounted = PhoneMount::mountByName(phone.files(), {{phone.root(), s("phone")}}, s(".dot"), {});
+    EXPECT_TRUE(mounted) << "a phone's name hides no folder";
 }
 
 TEST_P(PhoneMountTest, aPhoneThatGoesIsAnErrorAndNoShorterFile) {

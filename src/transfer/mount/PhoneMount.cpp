@@ -12,9 +12,10 @@ namespace tessary {
 
 namespace {
 
-/// A phone's and a storage's name is their own.
+/// A phone's and a storage's name is their own; one that hid the folder would show nobody anything.
 QString usableName(const QString& name) {
-    const bool isUsable = isSafeName(name) && name.isValidUtf16() && !isTooLongName(name);
+    const bool isUsable =
+        isSafeName(name) && name.isValidUtf16() && !isTooLongName(name) && !name.startsWith(u'.');
     return isUsable ? name : QStringLiteral("phone");
 }
 
