@@ -138,8 +138,7 @@ void PhoneFolder::tellLeftOut(const QString& path, const Error& error) {
     }
     DiagnosticsLogger::shared().transfer.standard("not shown in the mounted folder: %s",
                                                   {error.logText()});
-    if (failed_)
-        failed_(FileItem(lastComponent(path), path, false, 0, std::nullopt), error);
+    failed_(FileItem(lastComponent(path), path, false, 0, std::nullopt), error);
 }
 
 PhoneFolder::Found PhoneFolder::find(const QStringList& names) {

@@ -26,7 +26,7 @@ public:
                         ///< that nobody takes a part of it for the whole
     };
 
-    /// `top` is a file or a folder. `failed` may be empty.
+    /// `top` is a file or a folder.
     PhoneFolder(std::shared_ptr<PhoneFileSystem> files, FileItem top, Listings listings,
                 MountedFile::Failed failed);
 
