@@ -30,15 +30,14 @@ QJsonObject toJson(const StorageVolume& volume) {
 } // namespace
 
 QJsonObject toJson(const DeviceInfo& device) {
-    QJsonObject object{
-        {View("udid"), device.udid},
-        {View("platform"), rawValue(device.platform)},
-        {View("handle"), static_cast<qint64>(device.handle)},
-        {View("productId"), static_cast<qint64>(device.productId)},
-        {View("vendorId"), static_cast<qint64>(device.vendorId)},
-        {View("connectionType"), static_cast<qint64>(rawValue(device.connectionType))},
-        {View("protocolMode"), rawValue(device.protocolMode)},
-        {View("isLocked"), device.isLocked}};
+    QJsonObject object{{View("udid"), device.udid},
+                       {View("platform"), rawValue(device.platform)},
+                       {View("handle"), static_cast<qint64>(device.handle)},
+                       {View("productId"), static_cast<qint64>(device.productId)},
+                       {View("vendorId"), static_cast<qint64>(device.vendorId)},
+                       {View("connectionType"), static_cast<qint64>(device.connectionType)},
+                       {View("protocolMode"), rawValue(device.protocolMode)},
+                       {View("isLocked"), device.isLocked}};
     insertIf(object, View("deviceName"), device.deviceName);
     insertIf(object, View("manufacturer"), device.manufacturer);
     insertIf(object, View("serialNumber"), device.serialNumber);

@@ -1,57 +1,36 @@
 #include "phone/records/DeviceInfo.h"
 
+#include <algorithm>
 #include <array>
 
 namespace tessary {
 
 namespace {
 
-struct PlatformRow {
-    DevicePlatform platform;
-    QLatin1StringView rawValue;
-    QLatin1StringView iconName;
-};
-
-constexpr std::array platformTable{
-    PlatformRow{DevicePlatform::iOS, QLatin1StringView("iOS"), QLatin1StringView("iphonePicture")},
-    PlatformRow{DevicePlatform::android, QLatin1StringView("Android"),
-                QLatin1StringView("phonePicture")},
-};
-
-struct ModeRow {
-    ProtocolMode mode;
-    QLatin1StringView rawValue;
-};
-
-constexpr std::array modeTable{
-    ModeRow{ProtocolMode::afc, QLatin1StringView("iOS File Transfer")},
-    ModeRow{ProtocolMode::mtp, QLatin1StringView("Standard MTP")},
-    ModeRow{ProtocolMode::adbTurbo, QLatin1StringView("Turbo Mode (ADB)")},
-};
+/// In the order of ProtocolMode.
+constexpr std::array modes{QLatin1StringView("iOS File Transfer"),
+                           QLatin1StringView("Standard MTP"),
+                           QLatin1StringView("Turbo Mode (ADB)")};
 
 } // namespace
 
 QString rawValue(DevicePlatform platform) {
-    return platformTable[static_cast<std::size_t>(platform)].rawValue;
+    return platform == DevicePlatform::iOS ? QStringLiteral("iOS") : QStringLiteral("Android");
 }
 
 QString iconName(DevicePlatform platform) {
-    return platformTable[static_cast<std::size_t>(platform)].iconName;
-}
-
-std::uint32_t rawValue(ConnectionType type) {
-    return static_cast<std::uint32_t>(type);
+    return platform == DevicePlatform::iOS ? QStringLiteral("iphonePicture")
+                                           : QStringLiteral("phonePicture");
 }
 
 QString rawValue(ProtocolMode mode) {
-    return modeTable[static_cast<std::size_t>(mode)].rawValue;
+    return modes[static_cast<std::size_t>(mode)];
 }
 
 std::optional<ProtocolMode> protocolModeFromRawValue(const QString& text) {
-    for (const ModeRow& row : modeTable)
-        if (row.rawValue == text)
-            return row.mode;
-    return std::nullopt;
+    const auto found = std::ranges::find(modes, text);
+    return found == modes.end() ? std::nullopt
+                                : std::optional(static_cast<ProtocolMode>(found - modes.begin()));
 }
 
 QString DeviceInfo::id() const {

@@ -19,8 +19,6 @@ enum class DevicePlatform { iOS, android };
 /// How a device is attached; the numbers are those of the USB multiplexer's device list.
 enum class ConnectionType : std::uint32_t { usb = 1, network = 2 };
 
-[[nodiscard]] std::uint32_t rawValue(ConnectionType type);
-
 /// How the files of a device are reached. The raw value is also the label that the user sees.
 enum class ProtocolMode { afc, mtp, adbTurbo };
 
