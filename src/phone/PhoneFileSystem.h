@@ -18,7 +18,6 @@
 #include <functional>
 #include <memory>
 #include <optional>
-#include <span>
 #include <stop_token>
 #include <vector>
 

@@ -6,7 +6,6 @@
 #include <QUuid>
 
 #include <cerrno>
-#include <memory>
 #include <optional>
 #include <vector>
 

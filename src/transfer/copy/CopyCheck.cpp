@@ -1,7 +1,6 @@
 #include "transfer/copy/CopyCheck.h"
 
 #include "base/text/ByteCount.h"
-#include "base/text/PathNames.h"
 #include "base/threads/CancellationError.h"
 #include "base/threads/CombinedStopToken.h"
 #include "phone/PartNames.h"

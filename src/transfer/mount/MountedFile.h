@@ -3,7 +3,6 @@
 #include "phone/PhoneFileSystem.h"
 
 #include <functional>
-#include <memory>
 #include <span>
 
 namespace tessary {
