@@ -367,26 +367,26 @@ FileItem LocalFileSystem::makeFolder(const QString& parent, const QString& name,
     return itemAt(folder.get(), diskName, name, path);
 }
 
-/// What is there may be a link that reads as a file: it counts as one.
-void LocalFileSystem::requireKind(const Place& place, const FileItem& item) const {
+/// Of an entry that still is what it was. A link may read as a file: it counts as one.
+LocalFileSystem::Place LocalFileSystem::placeOfSame(const FileItem& item) const {
+    Place place = placeOf(item.path);
     struct stat facts {};
     if (::fstatat(place.folder.get(), place.name.constData(), &facts, AT_SYMLINK_NOFOLLOW) != 0)
         throw localFailure(LocalError::cannotRead, item.path, errno);
     if (S_ISDIR(facts.st_mode) != item.isDirectory)
         throw Error(LocalError::changed, {item.path});
+    return place;
 }
 
 void LocalFileSystem::remove(const FileItem& item, const Call&) {
-    const Place place = placeOf(item.path);
-    requireKind(place, item);
+    const Place place = placeOfSame(item);
     if (::unlinkat(place.folder.get(), place.name.constData(),
                    item.isDirectory ? AT_REMOVEDIR : 0) != 0)
         throw localFailure(LocalError::cannotDelete, item.path, errno);
 }
 
 void LocalFileSystem::removeTree(const FileItem& item, const Call& call) {
-    const Place place = placeOf(item.path);
-    requireKind(place, item);
+    const Place place = placeOfSame(item);
     throwIfStopped(call.stop);
     if (const int reason = removeTreeAt(place.folder.get(), place.name); reason != 0)
         throw localFailure(LocalError::cannotDelete, item.path, reason);
@@ -394,10 +394,9 @@ void LocalFileSystem::removeTree(const FileItem& item, const Call& call) {
 
 FileItem LocalFileSystem::rename(const FileItem& item, const QString& newName, TakenName taken,
                                  const Call& call) {
-    const Place place = placeOf(item.path);
+    const Place place = placeOfSame(item);
     const QByteArray name = localName(newName);
     const QString path = joinPath(parentPath(item.path), newName);
-    requireKind(place, item);
     const int folder = place.folder.get();
     const NameRules rules = traits(place.folder, call).names;
     const bool isItself = newName != lastComponent(item.path) &&
@@ -414,8 +413,7 @@ FileItem LocalFileSystem::rename(const FileItem& item, const QString& newName, T
 }
 
 FileItem LocalFileSystem::move(const FileItem& item, const QString& newFolder, const Call&) {
-    const Place place = placeOf(item.path);
-    requireKind(place, item);
+    const Place place = placeOfSame(item);
     const QString path = joinPath(newFolder, lastComponent(item.path));
     const FileHandle folder = base_.open(newFolder);
     if (renameToFreeName(place.folder.get(), place.name, folder.get(), place.name, false) != 0) {
@@ -428,8 +426,7 @@ FileItem LocalFileSystem::move(const FileItem& item, const QString& newFolder, c
 }
 
 void LocalFileSystem::setModified(const FileItem& file, const QDateTime& date, const Call&) {
-    const Place place = placeOf(file.path);
-    requireKind(place, file);
+    const Place place = placeOfSame(file);
     if (::utimensat(place.folder.get(), place.name.constData(), timesFor(date).data(),
                     AT_SYMLINK_NOFOLLOW) != 0)
         throw localFailure(LocalError::cannotWrite, file.path, errno);

@@ -74,9 +74,9 @@ private:
         QByteArray name;
     };
     [[nodiscard]] Place placeOf(const QString& path) const;
+    [[nodiscard]] Place placeOfSame(const FileItem& item) const;
     [[nodiscard]] FileItem itemAt(int folder, const QByteArray& diskName, const QString& name,
                                   const QString& path) const;
-    void requireKind(const Place& place, const FileItem& item) const;
     [[nodiscard]] FileHandle openToRead(const FileItem& file) const;
     static FileItem fill(const FileHandle& opened, qint64 done, const NewFile& file,
                          const ByteSource& content, const ByteProgress& progress, const Call& call);

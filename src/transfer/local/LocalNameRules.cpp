@@ -93,11 +93,11 @@ DiskTraits tryOut(int folder, qint64 longestName, const QString& partOwner) {
     return traits;
 }
 
-bool foldsCase(int folder) {
-    const FileHandle readable(::openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    int flags = 0;
-    return readable.isOpen() && ::ioctl(readable.get(), FS_IOC_GETFLAGS, &flags) == 0 &&
-           (flags & FS_CASEFOLD_FL) != 0;
+std::optional<DiskTraits> knownTraits(int file) {
+    struct statfs facts {};
+    if (::fstatfs(file, &facts) != 0)
+        return std::nullopt;
+    return diskTraitsOf(static_cast<quint32>(facts.f_type));
 }
 
 } // namespace
@@ -107,17 +107,6 @@ std::optional<DiskTraits> diskTraitsOf(quint64 type) {
                                     [type](const KnownDisk& disk) { return disk.type == type; });
     return found == knownDisks.end() ? std::nullopt : std::optional(found->traits);
 }
-
-namespace {
-
-std::optional<DiskTraits> knownTraits(int file) {
-    struct statfs facts {};
-    if (::fstatfs(file, &facts) != 0)
-        return std::nullopt;
-    return diskTraitsOf(static_cast<quint32>(facts.f_type));
-}
-
-} // namespace
 
 bool isOnOwnDisk(int file) {
     return knownTraits(file).has_value();
@@ -137,7 +126,10 @@ DiskTraits traitsOfDisk(int folder, const QString& partOwner) {
 }
 
 DiskTraits traitsOfFolder(DiskTraits disk, int folder) {
-    if (foldsCase(folder)) {
+    const FileHandle readable(::openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    int flags = 0;
+    if (readable.isOpen() && ::ioctl(readable.get(), FS_IOC_GETFLAGS, &flags) == 0 &&
+        (flags & FS_CASEFOLD_FL) != 0) {
         disk.names.ignoresCase = true;
         disk.names.ignoresUnicodeForm = true;
     }
