@@ -4,7 +4,6 @@
 #include "phone/PhoneQueue.h"
 #include "transfer/copy/CopyScan.h"
 #include "transfer/copy/CopyTypes.h"
-#include "transfer/copy/CopyWitness.h"
 #include "transfer/copy/ProgressPacer.h"
 #include "transfer/copy/SmallFiles.h"
 #include "transfer/copy/TargetFolder.h"

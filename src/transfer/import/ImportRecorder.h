@@ -1,6 +1,6 @@
 #pragma once
 
-#include "transfer/copy/CopyWitness.h"
+#include "transfer/copy/CopyTypes.h"
 #include "transfer/import/ImportLedger.h"
 #include "transfer/local/LocalFileSystem.h"
 
