@@ -5,8 +5,8 @@
 #include "phone/NameRules.h"
 #include "phone/PhoneCall.h"
 #include "phone/PhoneError.h"
+#include "phone/records/DeviceInfo.h"
 #include "phone/records/FileItem.h"
-#include "phone/records/LiveDeviceInfo.h"
 
 #include <QByteArray>
 #include <QDateTime>

@@ -2,7 +2,7 @@
 
 #include "phone/NameRules.h"
 #include "phone/PhoneFileSystem.h"
-#include "phone/records/LiveDeviceInfo.h"
+#include "phone/records/DeviceInfo.h"
 
 #include <QByteArray>
 #include <QHash>

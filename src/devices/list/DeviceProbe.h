@@ -4,7 +4,6 @@
 #include "devices/list/DeviceTrouble.h"
 #include "ios/Lockdown.h"
 #include "phone/records/DeviceInfo.h"
-#include "phone/records/LiveDeviceInfo.h"
 
 #include <chrono>
 #include <functional>

@@ -55,4 +55,12 @@ struct DeviceInfo {
     bool operator==(const DeviceInfo&) const = default;
 };
 
+/// What a device tells of itself between operations.
+struct LiveDeviceInfo {
+    std::optional<int> battery; ///< percent
+    std::vector<StorageVolume> volumes;
+
+    bool operator==(const LiveDeviceInfo&) const = default;
+};
+
 } // namespace tessary
