@@ -8,6 +8,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <chrono>
 #include <functional>
 #include <optional>
 #include <vector>
@@ -46,6 +47,10 @@ struct CopyItem {
 
 /// What stands in EntryMarks for `made`, told from what came of any other source.
 [[nodiscard]] FileItem broughtAs(const FileItem& source, FileItem made);
+
+/// Whether two are the same as far as kind, size and date tell, dates going in such steps.
+[[nodiscard]] bool areAlike(const FileItem& one, const FileItem& other,
+                            std::chrono::milliseconds dateStep);
 
 /// Something that was not copied, and why.
 struct LeftOut {

@@ -4,7 +4,6 @@
 #include "base/text/PathNames.h"
 #include "phone/PhoneError.h"
 
-#include <algorithm>
 #include <cstdlib>
 
 namespace tessary {
@@ -12,6 +11,12 @@ namespace tessary {
 FileItem broughtAs(const FileItem& source, FileItem made) {
     made.path = source.path + QChar::Null + made.path;
     return made;
+}
+
+bool areAlike(const FileItem& one, const FileItem& other, std::chrono::milliseconds dateStep) {
+    return one.isDirectory == other.isDirectory && one.size == other.size && one.modifiedDate &&
+           other.modifiedDate &&
+           std::abs(one.modifiedDate->msecsTo(*other.modifiedDate)) <= dateStep.count();
 }
 
 void TargetFolder::addExisting(const FileItem& item) {
@@ -22,13 +27,6 @@ void TargetFolder::addUnreadable(const QString& name, const Error& error) {
     unreadable_.insert(rules_.key(name), error);
 }
 
-bool TargetFolder::isSame(const FileItem& one, const FileItem& other) const {
-    return one.isDirectory == other.isDirectory && one.size == other.size && one.modifiedDate &&
-           other.modifiedDate &&
-           std::abs(one.modifiedDate->msecsTo(*other.modifiedDate)) <=
-               std::max<qint64>(dateStep_.count(), 0);
-}
-
 bool TargetFolder::isTakenForSame(const CopyItem& item, const FileItem& existing,
                                   const Rules& rules) const {
     if (!rules.skipsSame || item.item.isDirectory || existing.isDirectory)
@@ -36,7 +34,7 @@ bool TargetFolder::isTakenForSame(const CopyItem& item, const FileItem& existing
     const bool isOurs =
         (item.isContinued && existing.name == item.name) ||
         (rules.brought != nullptr && rules.brought->contains(broughtAs(item.item, existing)));
-    return isSame(item.item, existing) || (isOurs && item.item.size == existing.size);
+    return areAlike(item.item, existing, dateStep_) || (isOurs && item.item.size == existing.size);
 }
 
 TargetFolder::Decision TargetFolder::place(const CopyItem& item, const Rules& rules) {

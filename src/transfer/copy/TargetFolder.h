@@ -59,7 +59,6 @@ private:
     [[nodiscard]] Decision numbered(const CopyItem& item, const Rules& rules);
     [[nodiscard]] Decision answered(const CopyItem& item, const FileItem& existing,
                                     const Rules& rules);
-    [[nodiscard]] bool isSame(const FileItem& one, const FileItem& other) const;
     [[nodiscard]] bool isTakenForSame(const CopyItem& item, const FileItem& existing,
                                       const Rules& rules) const;
 

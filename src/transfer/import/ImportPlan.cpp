@@ -87,7 +87,7 @@ public:
     /// What has the name and is the same as far as can be told without reading it.
     [[nodiscard]] const FileItem* sameAs(const FileItem& file, const QString& name) const {
         const auto there = there_.constFind(rules_.key(name));
-        return there != there_.constEnd() && isSame(*there, file) ? &*there : nullptr;
+        return there != there_.constEnd() && areAlike(*there, file, dateStep_) ? &*there : nullptr;
     }
     /// Those of one name to one of them each: they cannot have one number.
     [[nodiscard]] std::vector<std::vector<FileItem>>
@@ -108,12 +108,8 @@ public:
 private:
     [[nodiscard]] bool isTaken(const FileItem& file, const QString& key) const {
         const auto there = there_.constFind(key);
-        return given_.contains(key) || (there != there_.constEnd() && !isSame(*there, file));
-    }
-    [[nodiscard]] bool isSame(const FileItem& there, const FileItem& file) const {
-        return !there.isDirectory && there.size == file.size && there.modifiedDate &&
-               file.modifiedDate &&
-               std::abs(there.modifiedDate->msecsTo(*file.modifiedDate)) <= dateStep_.count();
+        return given_.contains(key) ||
+               (there != there_.constEnd() && !areAlike(*there, file, dateStep_));
     }
 
     const NameRules rules_;
