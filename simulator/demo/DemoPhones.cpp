@@ -14,12 +14,8 @@ using namespace Qt::StringLiterals;
 
 DemoPhones::DemoPhones(const QString& folder, double megabytesPerSecond, const DemoMakers& makers,
                        PluggedIn when) {
-    if (folder.isEmpty()) {
-        const PrivateFolder parent(PrivateFolder::Place::cache, u"demo"_s);
-        parent.removeAbandoned();
-        disk_.emplace(parent);
-    }
-    parent_.removeAbandoned();
+    if (folder.isEmpty())
+        disk_.emplace(PrivateFolder(PrivateFolder::Place::cache, u"demo"_s));
     const QString disk = disk_ ? disk_->path() : folder;
     const bool isNew = !QDir(disk).exists(u"pixel"_s);
 

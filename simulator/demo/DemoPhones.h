@@ -94,8 +94,8 @@ private:
     void plugIn(const QString& folder, bool isNew, double megabytesPerSecond,
                 const DemoMakers& makers, const std::stop_token& stop);
 
-    const PrivateFolder parent_{PrivateFolder::Place::runtime, QStringLiteral("demo")};
-    const ScratchFolder own_{parent_}; ///< short of name, as a socket's path has to be
+    /// Short of name, as a socket's path has to be.
+    const ScratchFolder own_{PrivateFolder(PrivateFolder::Place::runtime, QStringLiteral("demo"))};
     std::optional<ScratchFolder> disk_;
     std::unique_ptr<DemoIPhones> iPhones_;
     VirtualUSBBus bus_;

@@ -21,9 +21,8 @@ constexpr auto shutDownLimit = 4s;
 std::unique_ptr<ScratchFolder> fillIn(TessaryAppSetup& setup) {
     if (!setup.importLedgers.isEmpty() && !setup.copyRecords.isEmpty())
         return nullptr;
-    const PrivateFolder parent(PrivateFolder::Place::cache, QStringLiteral("window"));
-    parent.removeAbandoned();
-    auto folder = std::make_unique<ScratchFolder>(parent);
+    auto folder = std::make_unique<ScratchFolder>(
+        PrivateFolder(PrivateFolder::Place::cache, QStringLiteral("window")));
     for (QString* path : {&setup.importLedgers, &setup.copyRecords})
         if (path->isEmpty())
             *path = folder->path();

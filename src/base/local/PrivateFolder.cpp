@@ -1,9 +1,6 @@
 #include "base/local/PrivateFolder.h"
 
-#include "base/local/FolderEntries.h"
 #include "base/local/LocalError.h"
-#include "base/local/ScratchFolder.h"
-#include "base/local/TreeRemoval.h"
 
 #include <QDir>
 #include <QFile>
@@ -17,7 +14,6 @@
 
 #include <fcntl.h>
 #include <pwd.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 
 namespace tessary {
@@ -113,13 +109,6 @@ std::pair<FileHandle, QString> safePlace(PrivateFolder::Place place) {
     throw refused;
 }
 
-/// Whether a folder is of no running program, and older than it takes to make one.
-bool isAbandoned(int folder) {
-    struct stat facts {};
-    return fstat(folder, &facts) == 0 && facts.st_uid == geteuid() && isLeftAlone(facts) &&
-           flock(folder, LOCK_EX | LOCK_NB) == 0;
-}
-
 } // namespace
 
 bool isLeftAlone(const struct stat& facts) {
@@ -146,20 +135,6 @@ PrivateFolder::PrivateFolder(const QString& parent, const QString& name)
     if (!isSafeParent(opened.get()))
         throw Error(LocalError::notPrivate, {parent});
     folder_ = openPrivate(opened.get(), name, path_);
-}
-
-void PrivateFolder::removeAbandoned() const {
-    const FolderEntries entries = entriesOf(folder_.get());
-    std::vector<QByteArray> names;
-    while (const dirent* entry = entries ? readdir(entries.get()) : nullptr)
-        if (QByteArray name(entry->d_name); name.startsWith(ScratchFolder::namePrefix))
-            names.push_back(std::move(name));
-    for (const QByteArray& name : names) {
-        const FileHandle folder(openat(folder_.get(), name.constData(),
-                                       O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
-        if (folder.isOpen() && isAbandoned(folder.get()))
-            (void)removeTreeAt(folder_.get(), name);
-    }
 }
 
 } // namespace tessary

@@ -39,10 +39,6 @@ public:
         return folder_.get();
     }
 
-    /// Removes the folders of `ScratchFolder`s whose program ended before it could, once they are
-    /// ten minutes old. Never fails: what cannot be removed stays for the next time.
-    void removeAbandoned() const;
-
 private:
     FileHandle folder_;
     QString path_;

@@ -10,14 +10,11 @@ namespace tessary {
 class PrivateFolder;
 
 /// A fresh folder inside a PrivateFolder that goes with this object and all that is in it. A lock
-/// on it says that its program runs: what a program leaves behind that was killed is found by that,
-/// see PrivateFolder::removeAbandoned(). The constructor throws
+/// on it says that its program runs: what a program leaves behind that was killed goes when the
+/// next one is made there, once it is ten minutes old. The constructor throws
 /// Error(LocalError::cannotMakeFolder).
 class ScratchFolder {
 public:
-    /// What the names of such folders begin with.
-    static constexpr const char* namePrefix = "scratch-";
-
     explicit ScratchFolder(const PrivateFolder& in);
     ~ScratchFolder();
     ScratchFolder(const ScratchFolder&) = delete;

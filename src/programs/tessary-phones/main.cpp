@@ -68,11 +68,8 @@ int main(int argc, char** argv) {
 
     try {
         std::optional<ScratchFolder> temporary;
-        if (!parser.isSet(folder)) {
-            const PrivateFolder parent(PrivateFolder::Place::cache, QStringLiteral("demo"));
-            parent.removeAbandoned();
-            temporary.emplace(parent);
-        }
+        if (!parser.isSet(folder))
+            temporary.emplace(PrivateFolder(PrivateFolder::Place::cache, QStringLiteral("demo")));
         const QString disk = temporary ? temporary->path() : parser.value(folder);
         DemoIPhones phones(parser.positionalArguments().constFirst());
         phones.plugIn(disk);

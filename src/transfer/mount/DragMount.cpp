@@ -40,9 +40,8 @@ bool DragMount::isMounted() {
     if (!wasTried_) {
         wasTried_ = true;
         try {
-            const PrivateFolder folder(PrivateFolder::Place::runtime, QStringLiteral("drags"));
-            folder.removeAbandoned();
-            mountPoint_.emplace(folder);
+            mountPoint_.emplace(
+                PrivateFolder(PrivateFolder::Place::runtime, QStringLiteral("drags")));
             mount_ = mountFiles(*this, mountPoint_->path());
         } catch (const Error& error) {
             DiagnosticsLogger::shared().ui.standard("No folder for what is dragged: %s",

@@ -35,9 +35,8 @@ std::unique_ptr<PhoneMount> PhoneMount::mountByName(const std::shared_ptr<PhoneF
                                                     const MountedFile::Failed& failed) {
     std::unique_ptr<PhoneMount> made(new PhoneMount(files, trees, failed));
     try {
-        const PrivateFolder all(PrivateFolder::Place::runtime, QStringLiteral("mounts"));
-        all.removeAbandoned();
-        made->ownFolder_.emplace(all);
+        made->ownFolder_.emplace(
+            PrivateFolder(PrivateFolder::Place::runtime, QStringLiteral("mounts")));
         const PrivateFolder mountPoint(made->ownFolder_->path(), usableName(name));
         return made->mountAt(mountPoint.path()) ? std::move(made) : nullptr;
     } catch (const Error& error) {
