@@ -33,12 +33,7 @@ CopyOutcome TreeCopy::run(const CopyProgress& progress, const std::stop_token& s
     ProgressPacer pacer(progress);
     pacer_ = &pacer;
     call_ = {stop, Urgency::copy};
-    outcome_ = {};
     outcome_.items = request_.items;
-    moved_.clear();
-    leaving_.clear();
-    leavingBytes_ = 0;
-    progress_ = {};
     std::vector<PhoneQueue::Job> jobs;
     for (const auto& side : {request_.from, request_.to})
         if (const auto queue = side->queue())
@@ -250,9 +245,7 @@ void TreeCopy::copyFileTo(const ScannedItem& scanned, Folder& target, Together& 
         else if (request_.removesSource && scanned.asked)
             moved_.insert(*scanned.asked); // it stays, as was answered
         ++outcome_.alreadyThere;
-        --progress_.totalFiles;
-        progress_.totalBytes =
-            addByteCounts(progress_.totalBytes, -std::max<qint64>(item.item.size, 0));
+        forgetFiles(scanned);
         return;
     }
     const auto* replace = std::get_if<TargetFolder::Replace>(&decision);

@@ -40,8 +40,8 @@ class TreeCopy {
 public:
     explicit TreeCopy(TreeCopyRequest request);
 
-    /// `progress` is called on this thread, about 15 times a second. Throws nothing that has to do
-    /// with files or phones; what callbacks throw passes through.
+    /// Once. `progress` is called on this thread, about 15 times a second. Throws nothing that has
+    /// to do with files or phones; what callbacks throw passes through.
     [[nodiscard]] CopyOutcome run(const CopyProgress& progress, const std::stop_token& stop);
 
 private:
