@@ -79,12 +79,12 @@ TEST(LogQueue, aLogThatHangsHoldsNobodyUp) {
         {
             const std::scoped_lock hung(log->hangs);
             for (std::size_t n = 0; n < tooMany; ++n)
-                queue.add({"", "", LogLevel::standard, QString::number(n)});
+                queue.add({"", LogLevel::standard, QString::number(n)});
         }
         // It goes on: the next one that finds room tells of those that did not.
         bool isTold = false;
         while (!isTold) {
-            queue.add({"", "", LogLevel::standard, u"more"_s});
+            queue.add({"", LogLevel::standard, u"more"_s});
             const std::scoped_lock lock(log->hangs);
             isTold = std::ranges::any_of(log->lines, [](const QString& line) {
                 return line.endsWith(u"messages were dropped"_s);
@@ -98,7 +98,7 @@ TEST(LogQueue, aLogThatHangsHoldsNobodyUp) {
     std::promise<void> ends;
     LogQueue([wait = ends.get_future().share(), log](const LogRecord&) {
         wait.wait();
-    }).add({"", "", LogLevel::standard, u"never"_s});
+    }).add({"", LogLevel::standard, u"never"_s});
     ends.set_value();
 }
 

@@ -30,7 +30,7 @@ void LogChannel::log(LogLevel level, const char* format,
             message += text[i];
         }
     }
-    sink_.write({DiagnosticsLogger::subsystem, category_, level, message});
+    sink_.write({category_, level, message});
 }
 
 DiagnosticsLogger::DiagnosticsLogger(LogSink sink) : sink_(std::move(sink)) {}

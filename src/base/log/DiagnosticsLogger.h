@@ -14,7 +14,6 @@ enum class LogLevel { debug, info, standard, error };
 
 /// One message as it reaches the system log.
 struct LogRecord {
-    const char* subsystem;
     const char* category;
     LogLevel level;
     QString message;

@@ -39,7 +39,7 @@ void LogQueue::add(const LogRecord& record) {
         return;
     }
     if (const std::size_t dropped = std::exchange(state_->dropped, 0))
-        state_->waiting.push_back({record.subsystem, record.category, LogLevel::error,
+        state_->waiting.push_back({record.category, LogLevel::error,
                                    QStringLiteral("%1 messages were dropped").arg(dropped)});
     state_->waiting.push_back(record);
     state_->changed.notify_all();

@@ -32,8 +32,8 @@ void writeToJournal(const LogRecord& record) {
     static const LogSink instead = makeStandardErrorSink(minimumFromEnvironment());
     if (send)
         send("MESSAGE=%s", record.message.toUtf8().constData(), "PRIORITY=%i",
-             priorities[static_cast<std::size_t>(record.level)], "SUBSYSTEM=%s", record.subsystem,
-             "CATEGORY=%s", record.category, nullptr);
+             priorities[static_cast<std::size_t>(record.level)], "SUBSYSTEM=%s",
+             DiagnosticsLogger::subsystem, "CATEGORY=%s", record.category, nullptr);
     else if (instead.isEnabled(record.level))
         instead.write(record);
 }
@@ -44,8 +44,8 @@ LogSink makeStandardErrorSink(LogLevel minimum) {
     return {[minimum](LogLevel level) { return level >= minimum; },
             [](const LogRecord& record) {
                 // One call a line: lines of several threads do not mix.
-                const QByteArray line = QByteArray(record.subsystem) + ' ' + record.category + ' ' +
-                                        logLevelName(record.level) + ": " +
+                const QByteArray line = QByteArray(DiagnosticsLogger::subsystem) + ' ' +
+                                        record.category + ' ' + logLevelName(record.level) + ": " +
                                         record.message.toUtf8() + '\n';
                 std::fwrite(line.constData(), 1, static_cast<std::size_t>(line.size()), stderr);
             }};
