@@ -35,7 +35,7 @@ constexpr std::array categoryNames{
     QT_TRANSLATE_NOOP("DisplayNames", "Source Code"),
     QT_TRANSLATE_NOOP("DisplayNames", "File"),
 };
-static_assert(categoryNames.size() == allFileCategories.size());
+static_assert(categoryNames.size() == static_cast<std::size_t>(FileCategory::other) + 1);
 
 constexpr std::array modeNames{
     QT_TRANSLATE_NOOP("DisplayNames", "iOS File Transfer"),

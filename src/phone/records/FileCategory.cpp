@@ -3,6 +3,8 @@
 #include <QHash>
 #include <QStringList>
 
+#include <array>
+
 namespace tessary {
 
 namespace {

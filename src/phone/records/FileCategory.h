@@ -3,16 +3,9 @@
 #include <QString>
 #include <QStringView>
 
-#include <array>
-
 namespace tessary {
 
 enum class FileCategory { folder, image, video, audio, document, archive, apk, code, other };
-
-inline constexpr std::array allFileCategories{
-    FileCategory::folder, FileCategory::image,    FileCategory::video,
-    FileCategory::audio,  FileCategory::document, FileCategory::archive,
-    FileCategory::apk,    FileCategory::code,     FileCategory::other};
 
 /// The name that the user sees.
 [[nodiscard]] QString rawValue(FileCategory category);
