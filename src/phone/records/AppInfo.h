@@ -11,10 +11,6 @@ struct AppInfo {
     bool fileSharingEnabled = false;
     bool documentsInPlace = false;
 
-    [[nodiscard]] QString id() const {
-        return bundleIdentifier;
-    }
-
     bool operator==(const AppInfo&) const = default;
 };
 
