@@ -201,18 +201,10 @@ private:
 
     class Interface : public USBInterface {
     public:
-        Interface(ScriptedUSBBus& bus, ScriptedInterface& script, std::uint8_t number)
-            : bus_(bus), script_(script), number_(number) {}
+        Interface(ScriptedUSBBus& bus, const ScriptedInterface& script, std::uint8_t number)
+            : USBInterface({number, script.interfaceClass, script.subclass, script.pipes}),
+              bus_(bus) {}
 
-        [[nodiscard]] std::uint8_t number() const override {
-            return number_;
-        }
-        [[nodiscard]] std::uint8_t interfaceClass() const override {
-            return script_.interfaceClass;
-        }
-        [[nodiscard]] std::uint8_t interfaceSubclass() const override {
-            return script_.subclass;
-        }
         USBCode open() override {
             return usb::success;
         }
@@ -220,15 +212,6 @@ private:
             return open();
         }
         void close() override {}
-        [[nodiscard]] std::uint8_t endpointCount() const override {
-            return static_cast<std::uint8_t>(script_.pipes.size());
-        }
-        [[nodiscard]] std::optional<USBPipeProperties>
-        pipeProperties(std::uint8_t pipe) const override {
-            if (pipe == 0 || pipe > script_.pipes.size())
-                return std::nullopt;
-            return script_.pipes[pipe - 1U];
-        }
         USBCode readPipeTO(std::uint8_t, std::span<std::byte> buffer, std::size_t& transferred,
                            USBTimeouts) override {
             bus_.readBufferLimit = std::max<std::uint64_t>(bus_.readBufferLimit, buffer.size());
@@ -258,27 +241,15 @@ private:
 
     private:
         ScriptedUSBBus& bus_;
-        ScriptedInterface& script_;
-        const std::uint8_t number_;
     };
 
     class Device : public USBDevice {
     public:
         Device(ScriptedUSBBus& bus, ScriptedDevice& script) : bus_(bus), script_(script) {}
 
-        [[nodiscard]] std::uint16_t vendorID() const override {
-            return script_.entry.vendorID;
-        }
-        [[nodiscard]] std::uint16_t productID() const override {
-            return script_.entry.productID;
-        }
         USBCode open() override {
             return usb::success;
         }
-        USBCode openSeize() override {
-            return open();
-        }
-        void close() override {}
         [[nodiscard]] std::vector<std::unique_ptr<USBInterface>>
         interfaces(std::optional<std::uint8_t>, std::optional<std::uint8_t>) override {
             std::vector<std::unique_ptr<USBInterface>> found;

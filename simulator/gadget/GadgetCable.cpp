@@ -28,7 +28,7 @@ constexpr std::uint8_t eventPipe = 3;
 
 constexpr std::size_t packetSize = 512;
 constexpr std::size_t atOnce = 128 * packetSize;
-constexpr USBTimeouts patience{1h, 1h};
+constexpr USBTimeouts patience{1h};
 /// Until the gadget is bound, its endpoints fail at once.
 constexpr auto pause = 20ms;
 

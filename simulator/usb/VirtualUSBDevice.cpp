@@ -6,30 +6,10 @@ namespace tessary {
 
 VirtualUSBDevice::VirtualUSBDevice(std::shared_ptr<VirtualUSBPort> port) : port_(std::move(port)) {}
 
-std::uint16_t VirtualUSBDevice::vendorID() const {
-    return port_->entry().vendorID;
-}
-
-std::uint16_t VirtualUSBDevice::productID() const {
-    return port_->entry().productID;
-}
-
 USBCode VirtualUSBDevice::open() {
-    return openWith(port_->openFaults().get().deviceOpen);
-}
-
-USBCode VirtualUSBDevice::openSeize() {
-    return openWith(port_->openFaults().get().deviceSeize);
-}
-
-USBCode VirtualUSBDevice::openWith(USBCode fault) {
-    const USBCode code = port_->isPlugged() ? fault : usb::noDevice;
+    const USBCode code = port_->isPlugged() ? port_->openFaults().get().deviceOpen : usb::noDevice;
     open_ = open_ || code == usb::success;
     return code;
-}
-
-void VirtualUSBDevice::close() {
-    open_ = false;
 }
 
 std::vector<std::unique_ptr<USBInterface>>

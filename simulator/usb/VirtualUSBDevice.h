@@ -9,20 +9,13 @@ class VirtualUSBDevice : public USBDevice {
 public:
     explicit VirtualUSBDevice(std::shared_ptr<VirtualUSBPort> port);
 
-    [[nodiscard]] std::uint16_t vendorID() const override;
-    [[nodiscard]] std::uint16_t productID() const override;
-
     USBCode open() override;
-    USBCode openSeize() override;
-    void close() override;
 
     [[nodiscard]] std::vector<std::unique_ptr<USBInterface>>
     interfaces(std::optional<std::uint8_t> interfaceClass,
                std::optional<std::uint8_t> subclass) override;
 
 private:
-    USBCode openWith(USBCode fault);
-
     std::shared_ptr<VirtualUSBPort> port_;
     bool open_ = false;
 };

@@ -9,25 +9,27 @@ namespace {
 
 constexpr std::uint16_t eventPacketSize = 28;
 
+USBInterfaceDescription descriptionOf(const VirtualUSBDescription& device, std::uint8_t number) {
+    const VirtualUSBInterfaceDescription& described = device.interfaces[number];
+    USBInterfaceDescription description{
+        number, described.interfaceClass, described.interfaceSubclass, {}};
+    for (std::uint8_t pipe = 1; pipe <= described.pipes; ++pipe) {
+        const bool isEvents = pipe == VirtualUSBPort::eventPipe;
+        description.pipes.push_back(
+            {pipe == VirtualUSBPort::outPipe ? USBDirection::out : USBDirection::in,
+             isEvents ? USBTransferType::interrupt : USBTransferType::bulk,
+             isEvents ? eventPacketSize : device.maxPacketSize});
+    }
+    return description;
+}
+
 } // namespace
 
 VirtualUSBInterface::VirtualUSBInterface(std::shared_ptr<VirtualUSBPort> port, std::uint8_t number)
-    : port_(std::move(port)), number_(number) {}
+    : USBInterface(descriptionOf(port->description(), number)), port_(std::move(port)) {}
 
 VirtualUSBInterface::~VirtualUSBInterface() {
     close();
-}
-
-const VirtualUSBInterfaceDescription& VirtualUSBInterface::described() const {
-    return port_->description().interfaces[number_];
-}
-
-std::uint8_t VirtualUSBInterface::interfaceClass() const {
-    return described().interfaceClass;
-}
-
-std::uint8_t VirtualUSBInterface::interfaceSubclass() const {
-    return described().interfaceSubclass;
 }
 
 USBCode VirtualUSBInterface::open() {
@@ -43,31 +45,14 @@ USBCode VirtualUSBInterface::openWith(USBCode fault) {
         return usb::success;
     if (!port_->isPlugged())
         return usb::noDevice;
-    const USBCode code = fault != usb::success ? fault : port_->claim(number_);
+    const USBCode code = fault != usb::success ? fault : port_->claim(number());
     open_ = code == usb::success;
     return code;
 }
 
 void VirtualUSBInterface::close() {
     if (open_.exchange(false))
-        port_->release(number_);
-}
-
-std::uint8_t VirtualUSBInterface::endpointCount() const {
-    return described().pipes;
-}
-
-std::optional<USBPipeProperties> VirtualUSBInterface::pipeProperties(std::uint8_t pipe) const {
-    if (pipe == 0 || pipe > endpointCount())
-        return std::nullopt;
-    const VirtualUSBDescription& description = port_->description();
-    USBPipeProperties properties;
-    properties.direction = pipe == VirtualUSBPort::outPipe ? USBDirection::out : USBDirection::in;
-    properties.transferType =
-        pipe == VirtualUSBPort::eventPipe ? USBTransferType::interrupt : USBTransferType::bulk;
-    properties.maxPacketSize =
-        pipe == VirtualUSBPort::eventPipe ? eventPacketSize : description.maxPacketSize;
-    return properties;
+        port_->release(number());
 }
 
 VirtualUSBPipe* VirtualUSBInterface::pipeFor(std::uint8_t pipe, USBDirection direction) const {
@@ -103,7 +88,7 @@ USBCode VirtualUSBInterface::writePipeTO(std::uint8_t pipe, std::span<const std:
 USBCode VirtualUSBInterface::clearPipeStallBothEnds(std::uint8_t pipe) {
     if (!open_)
         return usb::notOpen;
-    return pipe > 0 && pipe <= endpointCount() ? port_->clearStall(pipe) : usb::badArgument;
+    return pipeProperties(pipe) ? port_->clearStall(pipe) : usb::badArgument;
 }
 
 std::unique_ptr<USBReadStream>

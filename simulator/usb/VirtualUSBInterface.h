@@ -14,18 +14,9 @@ public:
     VirtualUSBInterface(const VirtualUSBInterface&) = delete;
     VirtualUSBInterface& operator=(const VirtualUSBInterface&) = delete;
 
-    [[nodiscard]] std::uint8_t number() const override {
-        return number_;
-    }
-    [[nodiscard]] std::uint8_t interfaceClass() const override;
-    [[nodiscard]] std::uint8_t interfaceSubclass() const override;
-
     USBCode open() override;
     USBCode openSeize() override;
     void close() override;
-
-    [[nodiscard]] std::uint8_t endpointCount() const override;
-    [[nodiscard]] std::optional<USBPipeProperties> pipeProperties(std::uint8_t pipe) const override;
 
     USBCode readPipeTO(std::uint8_t pipe, std::span<std::byte> buffer, std::size_t& transferred,
                        USBTimeouts timeouts) override;
@@ -41,11 +32,9 @@ public:
 
 private:
     USBCode openWith(USBCode fault);
-    [[nodiscard]] const VirtualUSBInterfaceDescription& described() const;
     [[nodiscard]] VirtualUSBPipe* pipeFor(std::uint8_t pipe, USBDirection direction) const;
 
     std::shared_ptr<VirtualUSBPort> port_;
-    const std::uint8_t number_;
     std::atomic<bool> open_ = false;
 };
 

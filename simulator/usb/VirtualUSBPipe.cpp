@@ -21,8 +21,7 @@ VirtualUSBPipe::VirtualUSBPipe(std::size_t packetSize, std::size_t capacity)
 template <typename Step>
 USBCode VirtualUSBPipe::hostWait(std::unique_lock<std::mutex>& lock, USBTimeouts timeouts,
                                  Step step) {
-    const auto deadline = Clock::now() + timeouts.completion;
-    auto quietDeadline = Clock::now() + timeouts.noData;
+    const auto until = Clock::now() + timeouts.limit;
     for (bool late = false;;) {
         if (closed_)
             return usb::noDevice;
@@ -36,9 +35,6 @@ USBCode VirtualUSBPipe::hostWait(std::unique_lock<std::mutex>& lock, USBTimeouts
             return usb::aborted;
         if (late)
             return usb::timeout;
-        if (progressed)
-            quietDeadline = Clock::now() + timeouts.noData;
-        const auto until = std::min(deadline, quietDeadline);
         // How long a stop may go unheard.
         constexpr std::chrono::milliseconds slice{10};
         changed_.wait_until(lock, timeouts.stop ? std::min(until, Clock::now() + slice) : until);

@@ -10,11 +10,10 @@
 
 namespace tessary {
 
-/// What opening a virtual device or its interfaces answers. usb::exclusiveAccess for all four: held
-/// by another program; only for the two without seize: held by the kernel's driver.
+/// What opening a virtual device or its interfaces answers. usb::exclusiveAccess for both of an
+/// interface: held by another program; only for the one without seize: by the kernel's driver.
 struct VirtualOpenFaults {
     USBCode deviceOpen = usb::success;
-    USBCode deviceSeize = usb::success;
     USBCode interfaceOpen = usb::success;
     USBCode interfaceSeize = usb::success;
 };

@@ -82,8 +82,8 @@ std::size_t ADBUSBTransport::readTransfer(std::span<std::byte> to) {
         if (isClosed_.stop_requested())
             throw Error(ADBError::brokenOff);
         std::size_t got = 0;
-        const USBCode code = interface_->readPipeTO(inPipe_, to.subspan(filled), got,
-                                                    {readStep, readStep, &isClosed_});
+        const USBCode code =
+            interface_->readPipeTO(inPipe_, to.subspan(filled), got, {readStep, &isClosed_});
         filled += got;
         if (code == usb::timeout && filled % packetSize_ == 0 && filled < to.size())
             continue;
@@ -124,7 +124,7 @@ void ADBUSBTransport::writeTransfer(ByteView bytes) {
     if (isClosed_.stop_requested())
         throw Error(ADBError::brokenOff);
     const USBCode code =
-        interface_->writePipeTO(outPipe_, bytes, sent, {writePatience, writePatience, &isClosed_});
+        interface_->writePipeTO(outPipe_, bytes, sent, {writePatience, &isClosed_});
     if (code != usb::success || sent != bytes.size())
         throw Error(ADBError::brokenOff, {QStringLiteral("USB write: %1").arg(code)});
 }

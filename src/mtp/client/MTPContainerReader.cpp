@@ -70,7 +70,7 @@ void MTPContainerReader::readAhead() {
 
 void MTPContainerReader::callBackReads() noexcept {
     constexpr std::chrono::milliseconds atOnce{1};
-    while (readsInFlight() > 0 && readOnce({atOnce, atOnce}) == usb::success)
+    while (readsInFlight() > 0 && readOnce({atOnce}) == usb::success)
         continue;
 }
 
@@ -207,7 +207,7 @@ void MTPContainerReader::awaitFirstByte(std::chrono::milliseconds patience) {
     patience = std::max(patience, pipes_.waits.patience);
     auto waits = std::max<std::int64_t>(patience / MTPWaits::pipeTimeout, 1);
     USBTimeouts slice = pipes_.timeouts();
-    slice.noData = slice.completion = std::min(patience, MTPWaits::pipeTimeout);
+    slice.limit = std::min(patience, MTPWaits::pipeTimeout);
     // Such a packet ends a transfer of whole packets; some devices send one after any data.
     bool zeroPacketMayFollow = afterData_ || lastReadWasFull_;
     // A single byte behind data is a stray one, see below.

@@ -23,8 +23,7 @@ void MTPEventReader::run(const std::stop_token& stop) {
     while (!stop.stop_requested() && failures < mostFailures) {
         std::array<std::byte, longestEvent> packet{};
         std::size_t transferred = 0;
-        const USBCode code =
-            interface_.readPipeTO(pipe_, packet, transferred, {10min, 10min, &stop});
+        const USBCode code = interface_.readPipeTO(pipe_, packet, transferred, {10min, &stop});
         if (code == usb::success || code == usb::timeout) {
             failures = 0;
             if (const auto event =

@@ -102,11 +102,6 @@ std::vector<std::unique_ptr<USBInterface>> interfacesOf(USBDevice& device,
     return interfaces;
 }
 
-USBCode openDevice(USBDevice& device) {
-    const USBCode code = device.open();
-    return code == usb::exclusiveAccess ? device.openSeize() : code;
-}
-
 USBCode openInterface(USBInterface& interface) {
     USBCode code = interface.open();
     if (code != usb::exclusiveAccess)
@@ -163,7 +158,7 @@ MTPInterfaceConnection openMTPInterface(USBBus& bus, const MTPDeviceAddress& add
         connection.device = bus.device(entry.id);
         if (!connection.device)
             continue;
-        USBCode code = openDevice(*connection.device);
+        USBCode code = connection.device->open();
         if (code != usb::success) {
             failure = code;
             continue;

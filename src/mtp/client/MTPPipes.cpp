@@ -5,7 +5,7 @@
 namespace tessary {
 
 USBTimeouts MTPPipes::timeouts() const {
-    return {waits.patience, waits.patience, waits.stop.stop_possible() ? &waits.stop : nullptr};
+    return {waits.patience, waits.stop.stop_possible() ? &waits.stop : nullptr};
 }
 
 void MTPPipes::fail(std::uint8_t pipe, USBCode code) const {

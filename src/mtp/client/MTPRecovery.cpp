@@ -89,7 +89,7 @@ MTPPipeState drainMTPPipe(const MTPInterfaceConnection& connection, const MTPWai
     while (!bounds.areReached()) {
         std::size_t transferred = 0;
         const USBCode code =
-            interface.readPipeTO(connection.inPipe, buffer, transferred, {quietTime, quietTime});
+            interface.readPipeTO(connection.inPipe, buffer, transferred, {quietTime});
         if (transferred > 0)
             state = MTPPipeState::drained;
         const bool moreMayCome = code == usb::success ||

@@ -31,14 +31,6 @@ LinuxUSBDevice::LinuxUSBDevice(USBRegistryEntry entry) : entry_(std::move(entry)
 
 LinuxUSBDevice::~LinuxUSBDevice() = default;
 
-std::uint16_t LinuxUSBDevice::vendorID() const {
-    return entry_.entry.vendorID;
-}
-
-std::uint16_t LinuxUSBDevice::productID() const {
-    return entry_.entry.productID;
-}
-
 USBCode LinuxUSBDevice::open() {
     if (handle_)
         return usb::success;
@@ -50,14 +42,6 @@ USBCode LinuxUSBDevice::open() {
         return usb::noDevice;
     handle_ = std::move(handle);
     return code;
-}
-
-USBCode LinuxUSBDevice::openSeize() {
-    return open();
-}
-
-void LinuxUSBDevice::close() {
-    handle_.reset();
 }
 
 std::vector<std::unique_ptr<USBInterface>>

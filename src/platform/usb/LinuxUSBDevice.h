@@ -7,19 +7,13 @@ namespace tessary {
 
 class LibusbHandle;
 
-/// A device behind usbfs. Any number of programs may have it open; only interfaces are exclusive,
-/// so that openSeize() has nothing to seize.
+/// A device behind usbfs. Any number of programs may have it open; only interfaces are exclusive.
 class LinuxUSBDevice : public USBDevice {
 public:
     explicit LinuxUSBDevice(USBRegistryEntry entry);
     ~LinuxUSBDevice() override;
 
-    [[nodiscard]] std::uint16_t vendorID() const override;
-    [[nodiscard]] std::uint16_t productID() const override;
-
     USBCode open() override;
-    USBCode openSeize() override;
-    void close() override;
 
     [[nodiscard]] std::vector<std::unique_ptr<USBInterface>>
     interfaces(std::optional<std::uint8_t> interfaceClass,

@@ -3,8 +3,7 @@
 #include "platform/usb/LibusbCodes.h"
 #include "platform/usb/LibusbHandle.h"
 #include "platform/usb/LibusbTransfer.h"
-#include "platform/usb/LinuxUSBReadStream.h"
-#include "platform/usb/LinuxUSBWriteStream.h"
+#include "platform/usb/LinuxUSBTransferQueue.h"
 
 #include <algorithm>
 #include <bit>
@@ -26,13 +25,22 @@ steady_clock::time_point deadline(milliseconds timeout) {
     return steady_clock::now() + std::clamp(timeout, 1ms, milliseconds(1h));
 }
 
-steady_clock::time_point deadline(USBTimeouts timeouts) {
-    return deadline(std::max(timeouts.noData, timeouts.completion));
-}
-
 std::uint16_t packetSize(const libusb_endpoint_descriptor& endpoint) {
     const auto size = static_cast<std::uint16_t>(endpoint.wMaxPacketSize & 0x7FF);
     return size <= 1024 ? size : std::uint16_t(0);
+}
+
+USBInterfaceDescription descriptionOf(const libusb_interface_descriptor& setting) {
+    USBInterfaceDescription description{
+        setting.bInterfaceNumber, setting.bInterfaceClass, setting.bInterfaceSubClass, {}};
+    for (const auto& endpoint : std::span(setting.endpoint, setting.bNumEndpoints)) {
+        const bool in = endpoint.bEndpointAddress & LIBUSB_ENDPOINT_IN;
+        description.pipes.push_back(
+            {in ? USBDirection::in : USBDirection::out,
+             static_cast<USBTransferType>(endpoint.bmAttributes & LIBUSB_TRANSFER_TYPE_MASK),
+             packetSize(endpoint)});
+    }
+    return description;
 }
 
 /// A read that ends within a packet fails when the device fills that packet.
@@ -46,46 +54,69 @@ void copy(std::span<std::byte> to, std::span<const std::byte> from) {
     std::ranges::copy(from.first(std::min(from.size(), to.size())), to.begin());
 }
 
+/// Reads in flight on one pipe. What next() hands out lies in the transfer's own buffer.
+class ReadStream : public USBReadStream {
+public:
+    /// Constructed as the queue is.
+    template <typename... Arguments>
+    explicit ReadStream(Arguments&&... arguments) : queue_(std::forward<Arguments>(arguments)...) {}
+
+    USBCode submit(std::size_t length) override {
+        const std::uint16_t packet = queue_.pipe().maxPacketSize;
+        const bool isWholePackets = packet == 0 || length % packet == 0;
+        return length == 0 || !isWholePackets ? usb::badArgument : queue_.submit(length);
+    }
+    USBCode next(std::span<const std::byte>& data, USBTimeouts timeouts) override {
+        const LinuxUSBTransferQueue::Done done = queue_.next(timeouts);
+        data = done.bytes;
+        return done.code;
+    }
+    [[nodiscard]] std::size_t inFlight() const override {
+        return queue_.inFlight();
+    }
+
+private:
+    LinuxUSBTransferQueue queue_;
+};
+
+/// Writes in flight on one pipe, from the transfers' own buffers.
+class WriteStream : public USBWriteStream {
+public:
+    /// Constructed as the queue is.
+    template <typename... Arguments>
+    explicit WriteStream(Arguments&&... arguments)
+        : queue_(std::forward<Arguments>(arguments)...) {}
+
+    [[nodiscard]] std::span<std::byte> buffer() override {
+        return queue_.buffer();
+    }
+    USBCode submit(std::size_t length) override {
+        return queue_.submit(length);
+    }
+    USBCode next(std::size_t& transferred, USBTimeouts timeouts) override {
+        const LinuxUSBTransferQueue::Done done = queue_.next(timeouts);
+        transferred = done.transferred;
+        return done.code;
+    }
+    [[nodiscard]] std::size_t inFlight() const override {
+        return queue_.inFlight();
+    }
+
+private:
+    LinuxUSBTransferQueue queue_;
+};
+
 } // namespace
 
 LinuxUSBInterface::LinuxUSBInterface(const LibusbHandle& handle,
                                      const libusb_interface_descriptor& setting)
-    : handle_(handle),
-      number_(setting.bInterfaceNumber),
-      class_(setting.bInterfaceClass),
-      subclass_(setting.bInterfaceSubClass) {
-    for (const auto& endpoint : std::span(setting.endpoint, setting.bNumEndpoints)) {
-        const bool in = endpoint.bEndpointAddress & LIBUSB_ENDPOINT_IN;
-        pipes_.push_back(
-            {endpoint.bEndpointAddress,
-             {in ? USBDirection::in : USBDirection::out,
-              static_cast<USBTransferType>(endpoint.bmAttributes & LIBUSB_TRANSFER_TYPE_MASK),
-              packetSize(endpoint)}});
-    }
+    : USBInterface(descriptionOf(setting)), handle_(handle) {
+    for (const auto& endpoint : std::span(setting.endpoint, setting.bNumEndpoints))
+        addresses_.push_back(endpoint.bEndpointAddress);
 }
 
 LinuxUSBInterface::~LinuxUSBInterface() {
     close();
-}
-
-std::uint8_t LinuxUSBInterface::number() const {
-    return number_;
-}
-
-std::uint8_t LinuxUSBInterface::interfaceClass() const {
-    return class_;
-}
-
-std::uint8_t LinuxUSBInterface::interfaceSubclass() const {
-    return subclass_;
-}
-
-USBCode LinuxUSBInterface::open() {
-    return claim(false);
-}
-
-USBCode LinuxUSBInterface::openSeize() {
-    return claim(true);
 }
 
 USBCode LinuxUSBInterface::claim(bool fromKernel) {
@@ -94,7 +125,7 @@ USBCode LinuxUSBInterface::claim(bool fromKernel) {
     // With "auto detach" libusb takes the interface from a kernel driver and claims it in one step,
     // leaves it alone when another program claimed it, and gives it back on release.
     libusb_set_auto_detach_kernel_driver(handle_.get(), fromKernel);
-    const USBCode code = usbCodeOfError(libusb_claim_interface(handle_.get(), number_));
+    const USBCode code = usbCodeOfError(libusb_claim_interface(handle_.get(), number()));
     open_ = code == usb::success;
     seized_ = fromKernel;
     return code;
@@ -104,27 +135,16 @@ void LinuxUSBInterface::close() {
     if (!open_.exchange(false))
         return;
     libusb_set_auto_detach_kernel_driver(handle_.get(), seized_);
-    libusb_release_interface(handle_.get(), number_);
+    libusb_release_interface(handle_.get(), number());
 }
 
-std::uint8_t LinuxUSBInterface::endpointCount() const {
-    return static_cast<std::uint8_t>(pipes_.size());
-}
-
-std::optional<USBPipeProperties> LinuxUSBInterface::pipeProperties(std::uint8_t pipe) const {
-    if (pipe < 1 || pipe > pipes_.size())
-        return std::nullopt;
-    return pipes_[pipe - 1u].properties;
-}
-
-const LinuxUSBInterface::Pipe* LinuxUSBInterface::dataPipe(std::uint8_t number,
-                                                           USBDirection direction) const {
-    if (number < 1 || number > pipes_.size())
-        return nullptr;
-    const Pipe& pipe = pipes_[number - 1u];
-    const bool carriesData = pipe.properties.transferType == USBTransferType::bulk ||
-                             pipe.properties.transferType == USBTransferType::interrupt;
-    return carriesData && pipe.properties.direction == direction ? &pipe : nullptr;
+std::optional<LinuxUSBInterface::Pipe> LinuxUSBInterface::dataPipe(std::uint8_t number,
+                                                                   USBDirection direction) const {
+    const auto properties = pipeProperties(number);
+    const bool carriesData = properties && properties->direction == direction &&
+                             (properties->transferType == USBTransferType::bulk ||
+                              properties->transferType == USBTransferType::interrupt);
+    return carriesData ? std::optional(Pipe{addresses_[number - 1U], *properties}) : std::nullopt;
 }
 
 USBCode LinuxUSBInterface::readPipeTO(std::uint8_t pipe, std::span<std::byte> buffer,
@@ -132,7 +152,7 @@ USBCode LinuxUSBInterface::readPipeTO(std::uint8_t pipe, std::span<std::byte> bu
     transferred = 0;
     if (!open_)
         return usb::notOpen;
-    const Pipe* source = dataPipe(pipe, USBDirection::in);
+    const auto source = dataPipe(pipe, USBDirection::in);
     if (!source || buffer.empty() || buffer.size() > maxRequestSize)
         return usb::badArgument;
     const std::size_t length = roundUpToPackets(buffer.size(), source->properties.maxPacketSize);
@@ -142,7 +162,7 @@ USBCode LinuxUSBInterface::readPipeTO(std::uint8_t pipe, std::span<std::byte> bu
     USBCode code = transfer->submit(source->address, libusbType(source->properties), length);
     if (code != usb::success)
         return code;
-    code = transfer->finish(deadline(timeouts), timeouts.stop);
+    code = transfer->finish(deadline(timeouts.limit), timeouts.stop);
     const std::size_t arrived = transfer->transferred();
     copy(buffer, transfer->buffer().first(arrived));
     transferred = std::min(arrived, buffer.size());
@@ -154,7 +174,7 @@ USBCode LinuxUSBInterface::writePipeTO(std::uint8_t pipe, std::span<const std::b
     transferred = 0;
     if (!open_)
         return usb::notOpen;
-    const Pipe* target = dataPipe(pipe, USBDirection::out);
+    const auto target = dataPipe(pipe, USBDirection::out);
     if (!target || data.size() > maxRequestSize)
         return usb::badArgument;
     const auto transfer = LibusbTransfer::make(handle_, data.size(), Memory::heap);
@@ -164,7 +184,7 @@ USBCode LinuxUSBInterface::writePipeTO(std::uint8_t pipe, std::span<const std::b
     USBCode code = transfer->submit(target->address, libusbType(target->properties), data.size());
     if (code != usb::success)
         return code;
-    code = transfer->finish(deadline(timeouts), timeouts.stop);
+    code = transfer->finish(deadline(timeouts.limit), timeouts.stop);
     transferred = transfer->transferred();
     return code;
 }
@@ -172,16 +192,16 @@ USBCode LinuxUSBInterface::writePipeTO(std::uint8_t pipe, std::span<const std::b
 USBCode LinuxUSBInterface::clearPipeStallBothEnds(std::uint8_t pipe) {
     if (!open_)
         return usb::notOpen;
-    if (pipe < 1 || pipe > pipes_.size())
+    if (!pipeProperties(pipe))
         return usb::badArgument;
-    return usbCodeOfError(libusb_clear_halt(handle_.get(), pipes_[pipe - 1u].address));
+    return usbCodeOfError(libusb_clear_halt(handle_.get(), addresses_[pipe - 1U]));
 }
 
 template <typename Stream>
 std::unique_ptr<Stream> LinuxUSBInterface::stream(std::uint8_t pipe, USBDirection direction,
                                                   std::size_t requestSize,
                                                   std::size_t depth) const {
-    const Pipe* end = dataPipe(pipe, direction);
+    const auto end = dataPipe(pipe, direction);
     if (!open_ || !end || requestSize < 1 || requestSize > maxRequestSize || depth < 1 ||
         depth > maxStreamDepth)
         return nullptr;
@@ -197,12 +217,12 @@ std::unique_ptr<Stream> LinuxUSBInterface::stream(std::uint8_t pipe, USBDirectio
 
 std::unique_ptr<USBReadStream>
 LinuxUSBInterface::readStream(std::uint8_t pipe, std::size_t requestSize, std::size_t depth) {
-    return stream<LinuxUSBReadStream>(pipe, USBDirection::in, requestSize, depth);
+    return stream<ReadStream>(pipe, USBDirection::in, requestSize, depth);
 }
 
 std::unique_ptr<USBWriteStream>
 LinuxUSBInterface::writeStream(std::uint8_t pipe, std::size_t requestSize, std::size_t depth) {
-    return stream<LinuxUSBWriteStream>(pipe, USBDirection::out, requestSize, depth);
+    return stream<WriteStream>(pipe, USBDirection::out, requestSize, depth);
 }
 
 USBCode LinuxUSBInterface::controlRequest(const USBControlRequest& request,

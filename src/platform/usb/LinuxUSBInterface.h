@@ -17,16 +17,13 @@ public:
     LinuxUSBInterface(const LibusbHandle& handle, const libusb_interface_descriptor& setting);
     ~LinuxUSBInterface() override;
 
-    [[nodiscard]] std::uint8_t number() const override;
-    [[nodiscard]] std::uint8_t interfaceClass() const override;
-    [[nodiscard]] std::uint8_t interfaceSubclass() const override;
-
-    USBCode open() override;
-    USBCode openSeize() override;
+    USBCode open() override {
+        return claim(false);
+    }
+    USBCode openSeize() override {
+        return claim(true);
+    }
     void close() override;
-
-    [[nodiscard]] std::uint8_t endpointCount() const override;
-    [[nodiscard]] std::optional<USBPipeProperties> pipeProperties(std::uint8_t pipe) const override;
 
     /// Data that does not fit into `buffer` is usb::overrun, and lost beyond it.
     USBCode readPipeTO(std::uint8_t pipe, std::span<std::byte> buffer, std::size_t& transferred,
@@ -54,13 +51,10 @@ private:
     template <typename Stream>
     [[nodiscard]] std::unique_ptr<Stream> stream(std::uint8_t pipe, USBDirection direction,
                                                  std::size_t requestSize, std::size_t depth) const;
-    [[nodiscard]] const Pipe* dataPipe(std::uint8_t number, USBDirection direction) const;
+    [[nodiscard]] std::optional<Pipe> dataPipe(std::uint8_t number, USBDirection direction) const;
 
     const LibusbHandle& handle_;
-    std::uint8_t number_;
-    std::uint8_t class_;
-    std::uint8_t subclass_;
-    std::vector<Pipe> pipes_; ///< pipe 1 first
+    std::vector<std::uint8_t> addresses_; ///< of the pipes, pipe 1 first
     std::atomic<bool> open_ = false;
     bool seized_ = false;
 };

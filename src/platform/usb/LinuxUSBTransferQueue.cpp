@@ -37,8 +37,7 @@ LinuxUSBTransferQueue::Done LinuxUSBTransferQueue::next(USBTimeouts timeouts) {
     if (flying_.empty())
         return {};
     LibusbTransfer& oldest = *flying_.front();
-    const auto timeout =
-        std::max({timeouts.noData, timeouts.completion, std::chrono::milliseconds(1)});
+    const auto timeout = std::max(timeouts.limit, std::chrono::milliseconds(1));
     const bool inTime = oldest.waitUntil(steady_clock::now() + timeout, timeouts.stop);
     if (!inTime && !cancelAll())
         return {usb::noDevice, {}, 0};

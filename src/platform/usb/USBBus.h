@@ -13,6 +13,7 @@
 #include <optional>
 #include <span>
 #include <stop_token>
+#include <utility>
 #include <vector>
 
 namespace tessary {
@@ -65,13 +66,10 @@ struct USBPipeProperties {
     bool operator==(const USBPipeProperties&) const = default;
 };
 
-/// Both bounds of a pipe call: without any data for `noData`, or not complete after `completion`,
-/// the call ends with usb::timeout. A platform with only one timer uses the larger of the two.
-/// With a stop token, which outlives the call, the call ends with usb::aborted soon after a stop is
-/// asked for.
+/// What bounds a pipe call: not complete after `limit` it ends with usb::timeout. With a stop
+/// token, which outlives the call, it ends with usb::aborted soon after a stop is asked for.
 struct USBTimeouts {
-    std::chrono::milliseconds noData{5000};
-    std::chrono::milliseconds completion{5000};
+    std::chrono::milliseconds limit{5000};
     const std::stop_token* stop = nullptr;
 
     [[nodiscard]] bool isStopped() const {
@@ -126,16 +124,41 @@ public:
     [[nodiscard]] virtual std::size_t inFlight() const = 0;
 };
 
+/// One interface of an open device, as its descriptors have it.
+struct USBInterfaceDescription {
+    std::uint8_t number = 0;
+    std::uint8_t interfaceClass = 0;
+    std::uint8_t subclass = 0;
+    std::vector<USBPipeProperties> pipes; ///< pipe 1 first
+};
+
 /// One interface of an open device. Blocking; calls on different pipes may come from different
 /// threads, calls on one pipe come from one thread at a time.
 class USBInterface {
 public:
+    explicit USBInterface(USBInterfaceDescription description)
+        : description_(std::move(description)) {}
     /// Closes the interface when it is open.
     virtual ~USBInterface() = default;
 
-    [[nodiscard]] virtual std::uint8_t number() const = 0;
-    [[nodiscard]] virtual std::uint8_t interfaceClass() const = 0;
-    [[nodiscard]] virtual std::uint8_t interfaceSubclass() const = 0;
+    [[nodiscard]] std::uint8_t number() const {
+        return description_.number;
+    }
+    [[nodiscard]] std::uint8_t interfaceClass() const {
+        return description_.interfaceClass;
+    }
+    [[nodiscard]] std::uint8_t interfaceSubclass() const {
+        return description_.subclass;
+    }
+    [[nodiscard]] std::uint8_t endpointCount() const {
+        return static_cast<std::uint8_t>(description_.pipes.size());
+    }
+    /// Pipes are numbered from 1 to endpointCount(); no value for any other number.
+    [[nodiscard]] std::optional<USBPipeProperties> pipeProperties(std::uint8_t pipe) const {
+        if (pipe < 1 || pipe > description_.pipes.size())
+            return std::nullopt;
+        return description_.pipes[pipe - 1U];
+    }
 
     /// usb::exclusiveAccess when a driver or another program holds it.
     virtual USBCode open() = 0;
@@ -143,11 +166,6 @@ public:
     /// to. What another program holds stays with it: usb::exclusiveAccess.
     virtual USBCode openSeize() = 0;
     virtual void close() = 0;
-
-    [[nodiscard]] virtual std::uint8_t endpointCount() const = 0;
-    /// Pipes are numbered from 1 to endpointCount(); no value for any other number.
-    [[nodiscard]] virtual std::optional<USBPipeProperties>
-    pipeProperties(std::uint8_t pipe) const = 0;
 
     /// Reads until `buffer` is full or a short packet ends the transfer. `transferred` tells what
     /// arrived, also when the call fails.
@@ -171,6 +189,9 @@ public:
     /// Control request on the default pipe; `data` is sent or filled according to the direction.
     virtual USBCode controlRequest(const USBControlRequest& request, std::span<std::byte> data,
                                    std::size_t& transferred, std::chrono::milliseconds timeout) = 0;
+
+private:
+    const USBInterfaceDescription description_;
 };
 
 /// One device. Blocking; used by one thread at a time.
@@ -179,14 +200,8 @@ public:
     /// Closes the device when it is open. Its interfaces must be gone by then.
     virtual ~USBDevice() = default;
 
-    [[nodiscard]] virtual std::uint16_t vendorID() const = 0;
-    [[nodiscard]] virtual std::uint16_t productID() const = 0;
-
-    /// usb::exclusiveAccess when held elsewhere, usb::notPermitted when this user may not open it,
-    /// usb::noDevice when it is gone.
+    /// usb::notPermitted when this user may not open it, usb::noDevice when it is gone, or another.
     virtual USBCode open() = 0;
-    virtual USBCode openSeize() = 0;
-    virtual void close() = 0;
 
     /// The interfaces of the active configuration with this class and subclass; no value means
     /// any. The device must be open.
