@@ -12,10 +12,9 @@ class FakeProcessRunner final : public ProcessRunner {
 public:
     explicit FakeProcessRunner(ProcessResult answer = {}) : answer_(std::move(answer)) {}
 
-    [[nodiscard]] ProcessResult run(const QString& program, const QStringList& arguments,
-                                    std::chrono::milliseconds) override {
+    [[nodiscard]] ProcessResult follow(const ProcessRequest& request) override {
         const std::scoped_lock lock(mutex_);
-        calls_.push_back(QStringList(program) + arguments);
+        calls_.push_back(QStringList(request.program) + request.arguments);
         return answer_;
     }
 

@@ -39,21 +39,17 @@ public:
         const std::scoped_lock lock(mutex_);
         return ended_;
     }
-    [[nodiscard]] ProcessResult run(const QString& program, const QStringList& arguments,
-                                    std::chrono::milliseconds limit) override {
-        const bool asks = program == QLatin1StringView("/usr/bin/pgrep");
-        if (!asks && program != QLatin1StringView("/usr/bin/pkill"))
-            return processes_.run(program, arguments, limit);
+    [[nodiscard]] ProcessResult follow(const ProcessRequest& request) override {
+        const bool asks = request.program == QLatin1StringView("/usr/bin/pgrep");
+        if (!asks && request.program != QLatin1StringView("/usr/bin/pkill"))
+            return processes_.follow(request);
         const std::scoped_lock lock(mutex_);
         if (!asks)
-            ended_ = arguments.last();
+            ended_ = request.arguments.last();
         ProcessResult result{ProcessResult::Outcome::exited, holders_.isEmpty() ? 1 : 0, {}, {}};
         for (const QByteArray& name : holders_)
             result.standardOutput += "71 " + name + '\n';
         return result;
-    }
-    [[nodiscard]] ProcessResult follow(const ProcessRequest& request) override {
-        return processes_.follow(request);
     }
 
 private:

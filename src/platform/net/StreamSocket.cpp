@@ -1,6 +1,7 @@
 #include "platform/net/StreamSocket.h"
 
 #include "base/threads/CancellationError.h"
+#include "base/values/FreeWith.h"
 #include "platform/net/NetworkError.h"
 
 #include <QFile>
@@ -28,12 +29,6 @@ QString reason(int code) {
     return qt_error_string(code);
 }
 
-struct FreeAddresses {
-    void operator()(addrinfo* addresses) const {
-        ::freeaddrinfo(addresses);
-    }
-};
-
 bool wouldBlock(int code) {
     return code == EAGAIN || code == EWOULDBLOCK;
 }
@@ -53,7 +48,7 @@ StreamSocket StreamSocket::connectTCP(const QString& host, std::uint16_t port, c
                       &found) != 0 ||
         found == nullptr)
         throw Error(NetworkError::badAddress, {name});
-    const std::unique_ptr<addrinfo, FreeAddresses> owner(found);
+    const std::unique_ptr<addrinfo, FreeWith<::freeaddrinfo>> owner(found);
     return connectTo(found->ai_addr, found->ai_addrlen, name, wait);
 }
 
@@ -96,10 +91,7 @@ void StreamSocket::await(short events, const Wait& wait) const {
     // The descriptor wakes this very wait only: several threads may wait on one socket.
     const FileHandle wake(wait.stop.stop_possible() ? ::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)
                                                     : -1);
-    const std::stop_callback onStop(wait.stop, [&wake] {
-        const std::uint64_t one = 1;
-        (void)!::write(wake.get(), &one, sizeof one);
-    });
+    const std::stop_callback onStop(wait.stop, [&wake] { eventfd_write(wake.get(), 1); });
     const auto end = std::chrono::steady_clock::now() + wait.silence;
     std::array<pollfd, 2> waiting{pollfd{socket_.get(), events, 0}, pollfd{wake.get(), POLLIN, 0}};
     for (;;) {

@@ -180,32 +180,22 @@ ChildChannel::ChildChannel(const QString& program, const QStringList& arguments,
     int ends[2] = {-1, -1};
     if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends) != 0)
         check(errno, "cannot make a channel");
-    socket_ = ends[0];
-    try {
-        wake_ = ::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
-        if (wake_ < 0)
-            check(errno, "cannot make a channel");
-        SpawnActions actions;
-        actions.give(ends[1], STDIN_FILENO);
-        for (std::size_t n = 0; n < inherited.size(); ++n)
-            actions.give(inherited[n], firstInherited + static_cast<int>(n));
-        child_ = actions.spawn(program, arguments);
-    } catch (...) {
-        ::close(ends[1]);
-        ::close(socket_);
-        if (wake_ >= 0)
-            ::close(wake_);
-        throw;
-    }
-    ::close(ends[1]);
+    socket_ = FileHandle(ends[0]);
+    const FileHandle childsEnd(ends[1]);
+    wake_ = FileHandle(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK));
+    if (!wake_.isOpen())
+        check(errno, "cannot make a channel");
+    SpawnActions actions;
+    actions.give(childsEnd.get(), STDIN_FILENO);
+    for (std::size_t n = 0; n < inherited.size(); ++n)
+        actions.give(inherited[n], firstInherited + static_cast<int>(n));
+    child_ = actions.spawn(program, arguments);
 }
 
 ChildChannel::~ChildChannel() {
     kill();
     while (::waitpid(child_, nullptr, 0) < 0 && errno == EINTR) {
     }
-    ::close(socket_);
-    ::close(wake_);
 }
 
 void ChildChannel::kill() {
@@ -216,13 +206,10 @@ void ChildChannel::kill() {
 ChildChannel::Answer ChildChannel::ask(const QByteArray& message, qint64 longestAnswer,
                                        std::chrono::milliseconds patience,
                                        const std::stop_token& stop) {
-    std::uint64_t late = 0; // a stop that came as the last call ended is not for this one
-    (void)!::read(wake_, &late, sizeof late);
-    const std::stop_callback wake(stop, [this] {
-        const std::uint64_t one = 1;
-        (void)!::write(wake_, &one, sizeof one);
-    });
-    Deadline deadline(socket_, wake_, patience);
+    eventfd_t late = 0; // a stop that came as the last call ended is not for this one
+    eventfd_read(wake_.get(), &late);
+    const std::stop_callback wake(stop, [this] { eventfd_write(wake_.get(), 1); });
+    Deadline deadline(socket_.get(), wake_.get(), patience);
     if (const auto ended = deadline.sendAll(framed(message)))
         return {*ended, {}};
     QByteArray head;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/local/FileHandle.h"
+
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
@@ -57,8 +59,8 @@ public:
 private:
     class Deadline;
 
-    int socket_ = -1;
-    int wake_ = -1; ///< an event that ends a wait
+    FileHandle socket_;
+    FileHandle wake_; ///< an event that ends a wait
     pid_t child_ = -1;
 };
 

@@ -5,7 +5,6 @@
 #include <QStringList>
 
 #include <chrono>
-#include <functional>
 #include <optional>
 #include <stop_token>
 
@@ -38,9 +37,6 @@ struct ProcessRequest {
     /// How long it may take; no value for a run that only its end or `stop` ends.
     std::optional<std::chrono::milliseconds> limit;
     std::stop_token stop;
-    /// Called on the caller's thread about every `ProcessRunner::tick` while the child runs. What
-    /// it throws ends the child and is thrown on.
-    std::function<void()> whileRunning;
     /// An open descriptor of the caller's that becomes the child's standard input; none for an
     /// empty one. A runner that starts no children may ignore it.
     std::optional<int> standardInput;
@@ -51,20 +47,19 @@ struct ProcessRequest {
 /// outlives its call or this program.
 class ProcessRunner {
 public:
-    static constexpr std::chrono::milliseconds tick{20};
-
     virtual ~ProcessRunner() = default;
 
-    /// Runs a program with these arguments, never through a shell, and with no standard input.
-    /// After `limit` the child is ended and waited for.
-    [[nodiscard]] virtual ProcessResult run(const QString& program, const QStringList& arguments,
-                                            std::chrono::milliseconds limit) = 0;
-
-    /// The same with all that a long run needs. The child is ended and waited for as soon as the
+    /// Runs a program, never through a shell. The child is ended and waited for as soon as the
     /// request is asked to stop. A runner that starts no children may ignore the stop request.
-    [[nodiscard]] virtual ProcessResult follow(const ProcessRequest& request) {
-        return run(request.program, request.arguments,
-                   request.limit.value_or(std::chrono::hours(1)));
+    [[nodiscard]] virtual ProcessResult follow(const ProcessRequest& request) = 0;
+    /// The same with no more than these arguments, and a limit after which the child is ended.
+    [[nodiscard]] ProcessResult run(const QString& program, const QStringList& arguments,
+                                    std::chrono::milliseconds limit) {
+        ProcessRequest request;
+        request.program = program;
+        request.arguments = arguments;
+        request.limit = limit;
+        return follow(request);
     }
 };
 

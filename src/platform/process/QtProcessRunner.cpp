@@ -49,42 +49,22 @@ std::optional<Outcome> reasonToEnd(QProcess& process, const ProcessRequest& requ
     return std::nullopt;
 }
 
-void endNow(QProcess& process) {
-    process.kill();
-    process.waitForFinished(endedChildTimeout);
-}
-
 /// Waits for the end of a child that has started.
 Outcome await(QProcess& process, const ProcessRequest& request, const std::stop_token& stop,
               Clock::time_point start) {
-    constexpr auto slice = static_cast<int>(ProcessRunner::tick.count());
+    constexpr int slice = 20; // ms
     // The exit counts, not the end of the output: a server that the child started keeps it open.
     while (!process.waitForFinished(slice) && process.state() != QProcess::NotRunning) {
         if (const auto reason = reasonToEnd(process, request, stop, start)) {
-            endNow(process);
+            process.kill();
+            process.waitForFinished(endedChildTimeout);
             return *reason;
-        }
-        try {
-            if (request.whileRunning)
-                request.whileRunning();
-        } catch (...) {
-            endNow(process);
-            throw;
         }
     }
     return process.exitStatus() == QProcess::CrashExit ? Outcome::crashed : Outcome::exited;
 }
 
 } // namespace
-
-ProcessResult QtProcessRunner::run(const QString& program, const QStringList& arguments,
-                                   std::chrono::milliseconds limit) {
-    ProcessRequest request;
-    request.program = program;
-    request.arguments = arguments;
-    request.limit = limit;
-    return follow(request);
-}
 
 ProcessResult QtProcessRunner::follow(const ProcessRequest& request) {
     ProcessResult result;

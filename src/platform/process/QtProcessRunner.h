@@ -16,8 +16,6 @@ public:
     /// Children also get these variables.
     explicit QtProcessRunner(QProcessEnvironment additional) : additional_(std::move(additional)) {}
 
-    [[nodiscard]] ProcessResult run(const QString& program, const QStringList& arguments,
-                                    std::chrono::milliseconds limit) override;
     [[nodiscard]] ProcessResult follow(const ProcessRequest& request) override;
 
     /// The program ends: every child is ended, and a later run counts as cancelled. Thread-safe.

@@ -20,26 +20,12 @@ namespace {
 
 SharedMemory::SharedMemory(std::size_t size)
     : descriptor_(::memfd_create("tessary", MFD_CLOEXEC | MFD_ALLOW_SEALING)) {
-    if (descriptor_ < 0)
-        fail(errno);
     // Sealed: a child that made it shorter would end whoever reads on, and one that made it longer
     // would take memory past its limit.
-    const bool isMade =
-        ::ftruncate(descriptor_, static_cast<off_t>(size)) == 0 &&
-        ::fcntl(descriptor_, F_ADD_SEALS, F_SEAL_SHRINK | F_SEAL_GROW | F_SEAL_SEAL) == 0;
-    const int error = errno;
-    try {
-        if (!isMade)
-            fail(error);
-        bytes_ = map(descriptor_, size);
-    } catch (...) {
-        ::close(descriptor_);
-        throw;
-    }
-}
-
-SharedMemory::~SharedMemory() {
-    ::close(descriptor_);
+    if (!descriptor_.isOpen() || ::ftruncate(descriptor(), static_cast<off_t>(size)) != 0 ||
+        ::fcntl(descriptor(), F_ADD_SEALS, F_SEAL_SHRINK | F_SEAL_GROW | F_SEAL_SEAL) != 0)
+        fail(errno);
+    bytes_ = map(descriptor(), size);
 }
 
 std::shared_ptr<std::byte> SharedMemory::map(int descriptor, std::size_t size) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/local/FileHandle.h"
+
 #include <cstddef>
 #include <memory>
 
@@ -10,13 +12,10 @@ class SharedMemory {
 public:
     /// std::system_error when there is none to be had.
     explicit SharedMemory(std::size_t size);
-    ~SharedMemory();
-    SharedMemory(const SharedMemory&) = delete;
-    SharedMemory& operator=(const SharedMemory&) = delete;
 
     /// What the child inherits to map it.
     [[nodiscard]] int descriptor() const {
-        return descriptor_;
+        return descriptor_.get();
     }
     /// The memory itself, which stays as long as somebody has this.
     [[nodiscard]] const std::shared_ptr<std::byte>& bytes() const {
@@ -27,7 +26,7 @@ public:
     [[nodiscard]] static std::shared_ptr<std::byte> map(int descriptor, std::size_t size);
 
 private:
-    int descriptor_ = -1;
+    FileHandle descriptor_;
     std::shared_ptr<std::byte> bytes_;
 };
 
