@@ -50,7 +50,7 @@ private:
 public:
     DeviceServices services;
     CopyQueue copies;
-    SystemMultiplexer multiplexer;
+    Multiplexer multiplexer;
     DeviceManager devices;
     StagedFiles staged{QStringLiteral("soak"), 20'000'000};
     FileBrowserViewModel browser;

@@ -61,21 +61,6 @@ private:
     std::vector<const std::function<void()>*> listeners_; ///< guarded by mutex_
 };
 
-class Subscription : public MultiplexerWatch {
-public:
-    explicit Subscription(std::function<void()> changed) : changed_(std::move(changed)) {
-        Events::shared().add(&changed_);
-    }
-    ~Subscription() override {
-        Events::shared().remove(&changed_);
-    }
-    Subscription(const Subscription&) = delete;
-    Subscription& operator=(const Subscription&) = delete;
-
-private:
-    const std::function<void()> changed_;
-};
-
 std::optional<usbmuxd_device_info_t> lookUp(const QString& udid) {
     constexpr auto options =
         static_cast<usbmux_lookup_options>(DEVICE_LOOKUP_USBMUX | DEVICE_LOOKUP_NETWORK);
@@ -85,6 +70,14 @@ std::optional<usbmuxd_device_info_t> lookUp(const QString& udid) {
 }
 
 } // namespace
+
+MultiplexerWatch::MultiplexerWatch(std::function<void()> changed) : changed_(std::move(changed)) {
+    Events::shared().add(&changed_);
+}
+
+MultiplexerWatch::~MultiplexerWatch() {
+    Events::shared().remove(&changed_);
+}
 
 std::optional<std::uint32_t> attachmentOf(const QString& udid) {
     const auto info = lookUp(udid);
@@ -104,7 +97,7 @@ bool isOnNetwork(const QString& udid) {
     return info && info->conn_type == CONNECTION_TYPE_NETWORK;
 }
 
-std::vector<MultiplexerEntry> SystemMultiplexer::devices() {
+std::vector<MultiplexerEntry> Multiplexer::devices() {
     usbmuxd_device_info_t* list = nullptr;
     const int count = usbmuxd_get_device_list(&list);
     std::vector<MultiplexerEntry> entries;
@@ -121,10 +114,10 @@ std::vector<MultiplexerEntry> SystemMultiplexer::devices() {
     return entries;
 }
 
-std::unique_ptr<MultiplexerWatch> SystemMultiplexer::watch(std::function<void()> changed) {
+std::unique_ptr<MultiplexerWatch> Multiplexer::watch(std::function<void()> changed) {
     const int status = Events::shared().subscribe();
     if (status == 0)
-        return std::make_unique<Subscription>(std::move(changed));
+        return std::make_unique<MultiplexerWatch>(std::move(changed));
     DiagnosticsLogger::shared().usb.error("Failed to subscribe to usbmuxd events: %d",
                                           {QString::number(status)});
     return nullptr;

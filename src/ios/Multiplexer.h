@@ -32,27 +32,24 @@ struct MultiplexerEntry {
 /// A subscription to the multiplexer's events; ends when it goes.
 class MultiplexerWatch {
 public:
-    virtual ~MultiplexerWatch() = default;
+    explicit MultiplexerWatch(std::function<void()> changed);
+    ~MultiplexerWatch();
+    MultiplexerWatch(const MultiplexerWatch&) = delete;
+    MultiplexerWatch& operator=(const MultiplexerWatch&) = delete;
+
+private:
+    const std::function<void()> changed_;
 };
 
-/// The daemon that iPhones are reached through. Thread-safe; calls block, for some seconds at most.
+/// The daemon that iPhones are reached through: that of this machine, or the one that
+/// USBMUXD_SOCKET_ADDRESS names. Thread-safe; calls block, for some seconds at most.
 class Multiplexer {
 public:
-    virtual ~Multiplexer() = default;
-
     /// Everything that is attached; empty where no multiplexer runs.
-    [[nodiscard]] virtual std::vector<MultiplexerEntry> devices() = 0;
+    [[nodiscard]] std::vector<MultiplexerEntry> devices();
     /// Has `changed` called, on a thread of the library, at each attach, detach and pairing: it may
     /// only post. Null when there is no subscription; the reason is logged.
-    [[nodiscard]] virtual std::unique_ptr<MultiplexerWatch>
-    watch(std::function<void()> changed) = 0;
-};
-
-/// The multiplexer of this machine, or the one that USBMUXD_SOCKET_ADDRESS names.
-class SystemMultiplexer : public Multiplexer {
-public:
-    [[nodiscard]] std::vector<MultiplexerEntry> devices() override;
-    [[nodiscard]] std::unique_ptr<MultiplexerWatch> watch(std::function<void()> changed) override;
+    [[nodiscard]] std::unique_ptr<MultiplexerWatch> watch(std::function<void()> changed);
 };
 
 } // namespace tessary

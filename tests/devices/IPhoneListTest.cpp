@@ -27,7 +27,7 @@ protected:
         return only() != nullptr && only()->deviceName && only()->totalStorageBytes;
     }
 
-    SystemMultiplexer multiplexer_;
+    Multiplexer multiplexer_;
     FakeProcessRunner processes_;
     DeviceServices services_{{bus_, processes_}};
 };

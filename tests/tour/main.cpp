@@ -59,7 +59,7 @@ int main(int argc, char** argv) {
     TourPhones phones(disk.path());
     QtProcessRunner processes(phones.demo().adbEnvironment());
     DeviceServices services({phones.demo().bus(), processes});
-    SystemMultiplexer multiplexer;
+    Multiplexer multiplexer;
     TessaryAppSetup setup;
     setup.updates = {QUrl(QStringLiteral("https://updates.tessary.example")),
                      QUrl(QStringLiteral("https://tessary.example")),

@@ -64,7 +64,7 @@ protected:
     }
 
     PluggedIPhone phone_;
-    SystemMultiplexer multiplexer_;
+    Multiplexer multiplexer_;
     QElapsedTimer sinceOpened_;
 };
 

@@ -74,7 +74,7 @@ protected:
 
     TemporaryFolder camera_;
     PluggedIPhone iphone_;
-    SystemMultiplexer multiplexer_;
+    Multiplexer multiplexer_;
 };
 
 TEST_F(ImportWindowTest, whatIsChosenIsFetchedAndThenGoesFromThePhoneWhenAsked) {

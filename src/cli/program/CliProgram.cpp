@@ -83,7 +83,7 @@ int runCommandLine(int argc, char** argv, const MakeCliPhones& makePhones) {
         try {
             const auto defaults = makeSystemSettingsStore();
             const auto phones = makePhones(request, *defaults);
-            SystemMultiplexer multiplexer; // it is found by the environment
+            Multiplexer multiplexer; // it is found by the environment
             QtProcessRunner processes(phones->environment());
             const std::stop_callback endChildren(signals.token(), [&] { processes.stop(); });
             DeviceServices services({phones->bus(), processes, adbServerOf(*phones)});

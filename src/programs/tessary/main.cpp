@@ -81,7 +81,7 @@ struct Phones {
 
     std::unique_ptr<DemoPhones> virtualPhones;
     std::unique_ptr<USBBus> systemBus;
-    SystemMultiplexer multiplexer;
+    Multiplexer multiplexer;
 };
 
 /// The demo speaks the user's language and leaves the settings alone: pairs and favorites of phones

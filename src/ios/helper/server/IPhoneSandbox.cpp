@@ -25,7 +25,7 @@ constexpr std::chrono::hours wallTime{24 * 7};
 void enterIPhoneSandbox() {
     OPENSSL_init_ssl(OPENSSL_INIT_LOAD_CONFIG, nullptr);
     // What the library finds out about its own program, it keeps.
-    (void)SystemMultiplexer().devices();
+    (void)Multiplexer().devices();
     SandboxRules rules;
     rules.descriptors = {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO};
     rules.memory = memory;
