@@ -111,7 +111,7 @@ private:
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const ByteView input = fuzzInput(data, size);
     const PlistHandle answer(AnswerReader(input).node());
-    for (const AppInfo& app : AppLister::fileSharingAppsIn(answer.get()))
+    for (const AppInfo& app : fileSharingAppsIn(answer.get()))
         require(!app.displayName.isNull());
     if (const auto storage = storageFromDiskUsage(answer.get()))
         require(storage->freeBytes >= 0 && storage->freeBytes <= storage->totalBytes);

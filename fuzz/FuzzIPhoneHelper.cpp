@@ -34,6 +34,6 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
                                facts.storage->freeBytes <= facts.storage->totalBytes));
     const auto info = valueIn<std::optional<AFCFileInfo>>(bytes);
     require(!info || !info->size || *info->size >= 0);
-    (void)valueIn<std::optional<std::uint64_t>>(bytes);
+    (void)valueIn<std::optional<quint64>>(bytes);
     return 0;
 }

@@ -52,7 +52,7 @@ Error browseError(instproxy_error_t status) {
 
 } // namespace
 
-std::vector<AppInfo> AppLister::appsOf(Lockdown& session) {
+std::vector<AppInfo> appsOf(Lockdown& session) {
     const LockdownService service = session.startService(INSTPROXY_SERVICE_NAME);
     instproxy_client_t handle = nullptr;
     instproxy_error_t status = instproxy_client_new(session.device(), service.get(), &handle);
@@ -69,7 +69,7 @@ std::vector<AppInfo> AppLister::appsOf(Lockdown& session) {
     return fileSharingAppsIn(answer);
 }
 
-std::vector<AppInfo> AppLister::fileSharingAppsIn(plist_t answer) {
+std::vector<AppInfo> fileSharingAppsIn(plist_t answer) {
     std::vector<AppInfo> apps;
     if (answer == nullptr || plist_get_node_type(answer) != PLIST_ARRAY)
         return apps;

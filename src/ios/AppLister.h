@@ -7,16 +7,12 @@
 
 namespace tessary {
 
-/// The apps of a device whose documents can be opened.
-class AppLister {
-public:
-    /// The user's apps that share files, by display name. Blocking. Throws Error as lockdown does,
-    /// or with IPhoneError::installationProxy as its cause.
-    [[nodiscard]] static std::vector<AppInfo> appsOf(Lockdown& session);
+/// The user's apps that share files, by display name. Blocking. Throws Error as lockdown does, or
+/// with IPhoneError::installationProxy as its cause.
+[[nodiscard]] std::vector<AppInfo> appsOf(Lockdown& session);
 
-    /// The same from the installation proxy's answer, an array of dictionaries. An app without an
-    /// identifier, or one that does not share files, is left out. Pure.
-    [[nodiscard]] static std::vector<AppInfo> fileSharingAppsIn(plist_t answer);
-};
+/// The same from the installation proxy's answer, an array of dictionaries. An app without an
+/// identifier, or one that does not share files, is left out. Pure.
+[[nodiscard]] std::vector<AppInfo> fileSharingAppsIn(plist_t answer);
 
 } // namespace tessary

@@ -41,7 +41,11 @@ void AFCLink::request(HelperOperation operation, const Values&... arguments) {
 }
 
 std::vector<QByteArray> AFCLink::readNames(const QString& path) {
-    return ask<std::vector<QByteArray>>(HelperOperation::names, path);
+    constexpr qsizetype longestName = 4096; // bytes; phones have 255 characters
+    auto names = ask<std::vector<QByteArray>>(HelperOperation::names, path);
+    helper_.requireSense(std::ranges::all_of(
+        names, [](const QByteArray& name) { return name.size() <= longestName; }));
+    return names;
 }
 
 std::optional<AFCFileInfo> AFCLink::findInfo(const QString& path) {
@@ -81,7 +85,7 @@ std::unique_ptr<AFCLinkFile> AFCLink::openFile(const QString& path, AFCFileMode 
 }
 
 std::optional<std::uint64_t> AFCLink::freeBytes() {
-    return ask<std::optional<std::uint64_t>>(HelperOperation::freeBytes);
+    return ask<std::optional<quint64>>(HelperOperation::freeBytes);
 }
 
 IPhoneFacts AFCLink::facts() {

@@ -68,17 +68,42 @@ QDataStream& operator<<(QDataStream& stream, const Error& error);
 /// No value for what is no error of ours.
 [[nodiscard]] std::optional<Error> readError(QDataStream& stream);
 
-QDataStream& operator<<(QDataStream& stream, const std::vector<QByteArray>& names);
-QDataStream& operator>>(QDataStream& stream, std::vector<QByteArray>& names);
-QDataStream& operator<<(QDataStream& stream, const std::optional<AFCFileInfo>& info);
-QDataStream& operator>>(QDataStream& stream, std::optional<AFCFileInfo>& info);
-QDataStream& operator<<(QDataStream& stream, const std::vector<AFCLookup>& lookups);
-QDataStream& operator>>(QDataStream& stream, std::vector<AFCLookup>& lookups);
+QDataStream& operator<<(QDataStream& stream, const AFCFileInfo& info);
+QDataStream& operator>>(QDataStream& stream, AFCFileInfo& info);
+QDataStream& operator<<(QDataStream& stream, const AFCLookup& lookup);
+QDataStream& operator>>(QDataStream& stream, AFCLookup& lookup);
+QDataStream& operator<<(QDataStream& stream, const StorageInfo& storage);
+QDataStream& operator>>(QDataStream& stream, StorageInfo& storage);
 QDataStream& operator<<(QDataStream& stream, const IPhoneFacts& facts);
 QDataStream& operator>>(QDataStream& stream, IPhoneFacts& facts);
-QDataStream& operator<<(QDataStream& stream, const std::vector<AppInfo>& apps);
-QDataStream& operator>>(QDataStream& stream, std::vector<AppInfo>& apps);
-QDataStream& operator<<(QDataStream& stream, const std::optional<std::uint64_t>& number);
-QDataStream& operator>>(QDataStream& stream, std::optional<std::uint64_t>& number);
+QDataStream& operator<<(QDataStream& stream, const AppInfo& app);
+QDataStream& operator>>(QDataStream& stream, AppInfo& app);
+
+template <typename T>
+QDataStream& operator<<(QDataStream& stream, const std::optional<T>& value) {
+    stream << value.has_value();
+    return value ? stream << *value : stream;
+}
+template <typename T>
+QDataStream& operator>>(QDataStream& stream, std::optional<T>& value) {
+    bool isThere = false;
+    stream >> isThere;
+    return isThere ? stream >> value.emplace() : stream;
+}
+template <typename T>
+QDataStream& operator<<(QDataStream& stream, const std::vector<T>& list) {
+    stream << static_cast<quint32>(list.size());
+    for (const T& one : list)
+        stream << one;
+    return stream;
+}
+template <typename T>
+QDataStream& operator>>(QDataStream& stream, std::vector<T>& list) {
+    quint32 count = 0;
+    stream >> count;
+    for (quint32 n = 0; n < count && stream.status() == QDataStream::Ok; ++n)
+        stream >> list.emplace_back();
+    return stream;
+}
 
 } // namespace tessary

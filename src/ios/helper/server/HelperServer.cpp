@@ -21,7 +21,11 @@ Error nothingOpen() {
                  Error(IPhoneError::helper, {QStringLiteral("nothing is open")}));
 }
 
-std::optional<afc_file_mode_t> modeOf(quint8 mode) {
+Error senseless() {
+    return Error(PhoneError::notSupported);
+}
+
+afc_file_mode_t modeOf(quint8 mode) {
     switch (static_cast<AFCFileMode>(mode)) {
     case AFCFileMode::read:
         return AFC_FOPEN_RDONLY;
@@ -30,13 +34,17 @@ std::optional<afc_file_mode_t> modeOf(quint8 mode) {
     case AFCFileMode::change:
         return AFC_FOPEN_RW;
     }
-    return std::nullopt;
+    throw senseless();
 }
 
-template <typename... Values>
-bool read(QDataStream& stream, Values&... values) {
-    (stream >> ... >> values);
-    return stream.status() == QDataStream::Ok;
+/// The next argument.
+template <typename Value>
+Value take(QDataStream& arguments) {
+    Value value{};
+    arguments >> value;
+    if (arguments.status() != QDataStream::Ok)
+        throw senseless();
+    return value;
 }
 
 } // namespace
@@ -53,16 +61,14 @@ QByteArray HelperServer::answer(const QByteArray& request) {
     QByteArray result;
     QDataStream results(&result, QIODevice::WriteOnly);
     QDataStream arguments(request);
-    quint8 operation = 0;
     bool wentWell = false;
     try {
         if (refusesAll_)
             throw Error(PhoneError::notReachable, {},
                         Error(IPhoneError::helper, {QStringLiteral("another version")}));
-        wentWell = read(arguments, operation) &&
-                   carryOut(static_cast<HelperOperation>(operation), arguments, results);
-        if (!wentWell)
-            results << Error(PhoneError::notSupported);
+        const auto operation = static_cast<HelperOperation>(take<quint8>(arguments));
+        carryOut(operation, arguments, results);
+        wentWell = true;
     } catch (const Error& error) {
         result.clear();
         results.device()->seek(0);
@@ -95,12 +101,12 @@ AFCFile& HelperServer::file() {
     return *file_;
 }
 
-bool HelperServer::moveContent(HelperOperation operation, QDataStream& arguments,
+void HelperServer::moveContent(HelperOperation operation, QDataStream& arguments,
                                QDataStream& result) {
-    quint32 offset = 0;
-    quint32 size = 0;
-    if (!read(arguments, offset, size) || offset > contentMemory || size > contentMemory - offset)
-        return false;
+    const auto offset = take<quint32>(arguments);
+    const auto size = take<quint32>(arguments);
+    if (offset > contentMemory || size > contentMemory - offset)
+        throw senseless();
     const std::span all(content_.get() + offset, size);
     std::size_t done = 0;
     for (bool goesOn = true; goesOn && done < size;) {
@@ -111,7 +117,6 @@ bool HelperServer::moveContent(HelperOperation operation, QDataStream& arguments
         goesOn = count == part.size(); // most often it is the end of the file
     }
     result << static_cast<quint32>(done);
-    return true;
 }
 
 std::vector<AFCLookup> HelperServer::infosIn(const QString& folder, const QStringList& names) {
@@ -128,74 +133,62 @@ std::vector<AFCLookup> HelperServer::infosIn(const QString& folder, const QStrin
     return lookups;
 }
 
-bool HelperServer::carryOut(HelperOperation operation, QDataStream& arguments,
+void HelperServer::carryOut(HelperOperation operation, QDataStream& arguments,
                             QDataStream& result) {
-    QString path;
-    QString target;
-    qint64 number = 0;
+    const auto path = [&arguments] { return take<QString>(arguments); };
     switch (operation) {
     case HelperOperation::facts:
         result << lockdown().facts();
-        return true;
+        return;
     case HelperOperation::apps:
-        result << AppLister::appsOf(lockdown());
-        return true;
+        result << appsOf(lockdown());
+        return;
     case HelperOperation::open:
-        if (!read(arguments, path) || connection_)
-            return false;
-        connection_ = std::make_unique<AFCConnection>(std::make_unique<Lockdown>(udid_), path);
+        if (connection_)
+            throw senseless();
+        connection_ = std::make_unique<AFCConnection>(std::make_unique<Lockdown>(udid_), path());
         result << connection_->workingRootPath();
-        return true;
+        return;
     case HelperOperation::names:
-        if (!read(arguments, path))
-            return false;
-        result << connection().readNames(path);
-        return true;
+        result << connection().readNames(path());
+        return;
     case HelperOperation::info:
-        if (!read(arguments, path))
-            return false;
-        result << connection().findInfo(path);
-        return true;
+        result << connection().findInfo(path());
+        return;
     case HelperOperation::infos: {
-        QStringList names;
-        if (!read(arguments, path, names))
-            return false;
-        result << infosIn(path, names);
-        return true;
+        const QString folder = path();
+        result << infosIn(folder, take<QStringList>(arguments));
+        return;
     }
     case HelperOperation::freeBytes:
-        result << connection().freeBytes();
-        return true;
+        result << std::optional<quint64>(connection().freeBytes());
+        return;
+    case HelperOperation::read:
+    case HelperOperation::write:
+        moveContent(operation, arguments, result);
+        return;
     case HelperOperation::makeFolder:
-        if (!read(arguments, path))
-            return false;
-        connection().makeDirectory(path);
+        connection().makeDirectory(path());
         break;
     case HelperOperation::remove:
-        if (!read(arguments, path))
-            return false;
-        connection().removePath(path);
+        connection().removePath(path());
         break;
-    case HelperOperation::rename:
-        if (!read(arguments, path, target))
-            return false;
-        connection().renamePath(path, target);
+    case HelperOperation::rename: {
+        const QString from = path();
+        connection().renamePath(from, path());
         break;
-    case HelperOperation::setDate:
-        if (!read(arguments, path, number))
-            return false;
-        connection().setModifiedDate(path,
-                                     QDateTime::fromMSecsSinceEpoch(number, QTimeZone::utc()));
+    }
+    case HelperOperation::setDate: {
+        const QString at = path();
+        const auto date = QDateTime::fromMSecsSinceEpoch(take<qint64>(arguments), QTimeZone::utc());
+        connection().setModifiedDate(at, date);
         break;
+    }
     case HelperOperation::openFile: {
-        quint8 wanted = 0;
-        if (!read(arguments, path, wanted))
-            return false;
-        const auto mode = modeOf(wanted);
-        if (!mode)
-            return false;
+        const QString at = path();
+        const afc_file_mode_t mode = modeOf(take<quint8>(arguments));
         file_.reset(); // closed before the next one is opened
-        file_ = std::make_unique<AFCFile>(connection(), path, *mode);
+        file_ = std::make_unique<AFCFile>(connection(), at, mode);
         break;
     }
     case HelperOperation::closeFile: {
@@ -206,18 +199,12 @@ bool HelperServer::carryOut(HelperOperation operation, QDataStream& arguments,
         break;
     }
     case HelperOperation::seek:
-        if (!read(arguments, number))
-            return false;
-        file().seek(number);
+        file().seek(take<qint64>(arguments));
         break;
-    case HelperOperation::read:
-    case HelperOperation::write:
-        return moveContent(operation, arguments, result);
     default:
-        return false;
+        throw senseless();
     }
-    result << true;
-    return true;
+    result << true; // every answer has a byte behind it at least
 }
 
 } // namespace tessary

@@ -29,11 +29,9 @@ public:
     [[nodiscard]] QByteArray answer(const QByteArray& request);
 
 private:
-    /// Writes the result of an operation; false for one that makes no sense.
-    [[nodiscard]] bool carryOut(HelperOperation operation, QDataStream& arguments,
-                                QDataStream& result);
-    [[nodiscard]] bool moveContent(HelperOperation operation, QDataStream& arguments,
-                                   QDataStream& result);
+    /// Writes the result of an operation; PhoneError::notSupported for one that makes no sense.
+    void carryOut(HelperOperation operation, QDataStream& arguments, QDataStream& result);
+    void moveContent(HelperOperation operation, QDataStream& arguments, QDataStream& result);
     [[nodiscard]] std::vector<AFCLookup> infosIn(const QString& folder, const QStringList& names);
     [[nodiscard]] AFCConnection& connection();
     [[nodiscard]] AFCFile& file();
