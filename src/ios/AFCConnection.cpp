@@ -1,7 +1,6 @@
 #include "ios/AFCConnection.h"
 
 #include "base/log/DiagnosticsLogger.h"
-#include "base/text/PathNames.h"
 #include "ios/AFCStatus.h"
 #include "ios/IPhoneError.h"
 #include "ios/PlistValues.h"

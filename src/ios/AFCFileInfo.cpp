@@ -4,7 +4,6 @@
 
 #include <QTimeZone>
 
-#include <algorithm>
 #include <charconv>
 #include <cstdint>
 #include <string_view>

@@ -1,7 +1,5 @@
 #include "mtp/objects/MTPTree.h"
 
-#include "base/text/PathNames.h"
-#include "base/threads/CancellationError.h"
 #include "mtp/objects/MTPFailures.h"
 #include "phone/DevicePath.h"
 

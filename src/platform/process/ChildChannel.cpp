@@ -7,7 +7,6 @@
 #include <cerrno>
 #include <csignal>
 #include <cstring>
-#include <memory>
 #include <optional>
 #include <system_error>
 #include <vector>

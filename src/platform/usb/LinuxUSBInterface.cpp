@@ -6,8 +6,6 @@
 #include "platform/usb/LinuxUSBTransferQueue.h"
 
 #include <algorithm>
-#include <bit>
-#include <cstring>
 
 namespace tessary {
 
