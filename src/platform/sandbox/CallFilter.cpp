@@ -21,67 +21,32 @@ namespace tessary {
 
 namespace {
 
-/// Memory, threads of its own, clocks, waiting, and the descriptors that it has.
-constexpr std::initializer_list<int> harmlessCalls{
-    SCMP_SYS(brk),
-    SCMP_SYS(munmap),
-    SCMP_SYS(mremap),
-    SCMP_SYS(madvise),
-    SCMP_SYS(futex),
-    SCMP_SYS(futex_waitv),
-    SCMP_SYS(set_robust_list),
-    SCMP_SYS(rseq),
-    SCMP_SYS(membarrier),
-    SCMP_SYS(sched_yield),
-    SCMP_SYS(sched_getaffinity),
-    SCMP_SYS(gettid),
-    SCMP_SYS(getpid),
-    SCMP_SYS(getppid),
-    SCMP_SYS(getuid),
-    SCMP_SYS(geteuid),
-    SCMP_SYS(getgid),
-    SCMP_SYS(getegid),
-    SCMP_SYS(exit),
-    SCMP_SYS(exit_group),
-    SCMP_SYS(rt_sigaction),
-    SCMP_SYS(rt_sigprocmask),
-    SCMP_SYS(rt_sigreturn),
-    SCMP_SYS(sigaltstack),
-    SCMP_SYS(restart_syscall),
-    SCMP_SYS(clock_gettime),
-    SCMP_SYS(clock_getres),
-    SCMP_SYS(clock_nanosleep),
-    SCMP_SYS(nanosleep),
-    SCMP_SYS(gettimeofday),
-    SCMP_SYS(time),
-    SCMP_SYS(getrusage),
-    SCMP_SYS(getrlimit),
-    SCMP_SYS(times),
-    SCMP_SYS(getrandom),
-    SCMP_SYS(uname),
-    SCMP_SYS(sysinfo),
-    SCMP_SYS(getcpu),
-    SCMP_SYS(poll),
-    SCMP_SYS(ppoll),
-    SCMP_SYS(select),
-    SCMP_SYS(pselect6),
-    SCMP_SYS(epoll_create1),
-    SCMP_SYS(epoll_ctl),
-    SCMP_SYS(epoll_wait),
-    SCMP_SYS(epoll_pwait),
-    SCMP_SYS(eventfd2),
-    SCMP_SYS(pipe2),
-    SCMP_SYS(read),
-    SCMP_SYS(readv),
-    SCMP_SYS(pread64),
-    SCMP_SYS(write),
-    SCMP_SYS(writev),
-    SCMP_SYS(pwrite64),
-    SCMP_SYS(lseek),
-    SCMP_SYS(fstat),
-    SCMP_SYS(close),
-    SCMP_SYS(dup),
-};
+// What does no harm: memory, threads of its own, clocks, waiting, and the descriptors that it has.
+constexpr std::initializer_list<int> memoryCalls{SCMP_SYS(brk), SCMP_SYS(munmap), SCMP_SYS(mremap),
+                                                 SCMP_SYS(madvise)};
+constexpr std::initializer_list<int> threadCalls{
+    SCMP_SYS(futex),      SCMP_SYS(futex_waitv), SCMP_SYS(set_robust_list),   SCMP_SYS(rseq),
+    SCMP_SYS(membarrier), SCMP_SYS(sched_yield), SCMP_SYS(sched_getaffinity), SCMP_SYS(gettid),
+    SCMP_SYS(getcpu)};
+constexpr std::initializer_list<int> signalCalls{
+    SCMP_SYS(rt_sigaction), SCMP_SYS(rt_sigprocmask),  SCMP_SYS(rt_sigreturn),
+    SCMP_SYS(sigaltstack),  SCMP_SYS(restart_syscall), SCMP_SYS(exit),
+    SCMP_SYS(exit_group)};
+constexpr std::initializer_list<int> clockCalls{
+    SCMP_SYS(clock_gettime), SCMP_SYS(clock_getres), SCMP_SYS(clock_nanosleep),
+    SCMP_SYS(nanosleep),     SCMP_SYS(gettimeofday), SCMP_SYS(time),
+    SCMP_SYS(times)};
+constexpr std::initializer_list<int> selfCalls{
+    SCMP_SYS(getpid),    SCMP_SYS(getppid), SCMP_SYS(getuid),    SCMP_SYS(geteuid),
+    SCMP_SYS(getgid),    SCMP_SYS(getegid), SCMP_SYS(getrusage), SCMP_SYS(getrlimit),
+    SCMP_SYS(getrandom), SCMP_SYS(uname),   SCMP_SYS(sysinfo)};
+constexpr std::initializer_list<int> waitingCalls{
+    SCMP_SYS(poll),          SCMP_SYS(ppoll),     SCMP_SYS(select),     SCMP_SYS(pselect6),
+    SCMP_SYS(epoll_create1), SCMP_SYS(epoll_ctl), SCMP_SYS(epoll_wait), SCMP_SYS(epoll_pwait),
+    SCMP_SYS(eventfd2),      SCMP_SYS(pipe2)};
+constexpr std::initializer_list<int> descriptorCalls{
+    SCMP_SYS(read),     SCMP_SYS(readv), SCMP_SYS(pread64), SCMP_SYS(write), SCMP_SYS(writev),
+    SCMP_SYS(pwrite64), SCMP_SYS(lseek), SCMP_SYS(fstat),   SCMP_SYS(close), SCMP_SYS(dup)};
 
 /// What looking for a file by its name takes: the file wall decides which are opened.
 constexpr std::initializer_list<int> lookUpCalls{
@@ -189,7 +154,9 @@ void allowStreams(Filter& filter) {
 
 void filterCalls(const SandboxRules& rules, bool opensFiles) {
     Filter filter;
-    filter.allow(harmlessCalls);
+    for (const auto& harmless : {memoryCalls, threadCalls, signalCalls, clockCalls, selfCalls,
+                                 waitingCalls, descriptorCalls})
+        filter.allow(harmless);
     allowInPart(filter);
     if (opensFiles)
         allowReading(filter);
