@@ -7,6 +7,7 @@
 #include "phone/PhoneError.h"
 
 #include <algorithm>
+#include <chrono>
 #include <thread>
 
 namespace tessary {
@@ -16,6 +17,8 @@ namespace {
 constexpr auto lookupOptions =
     static_cast<idevice_options>(IDEVICE_LOOKUP_USBMUX | IDEVICE_LOOKUP_NETWORK);
 constexpr const char* label = "Tessary";
+constexpr int attempts = 5;
+constexpr std::chrono::milliseconds pauseBetweenAttempts{250};
 
 std::uint64_t firstOf(plist_t dictionary, const char* key, const char* otherKey) {
     const auto value = unsignedAt(dictionary, key);
@@ -62,7 +65,7 @@ Lockdown::Lockdown(const QString& udid) : udid_(udid.toUtf8()) {
 
 LockdownService Lockdown::startService(const char* name) {
     lockdownd_service_descriptor_t descriptor = nullptr;
-    const lockdownd_error_t status = lockdownd_start_service(client(), name, &descriptor);
+    const lockdownd_error_t status = lockdownd_start_service(client_.get(), name, &descriptor);
     LockdownService service(descriptor);
     if (status != LOCKDOWN_E_SUCCESS || !service)
         throw lockdownErrorOf(
@@ -72,20 +75,9 @@ LockdownService Lockdown::startService(const char* name) {
 
 PlistHandle Lockdown::valueAt(const char* domain, const char* key) {
     plist_t value = nullptr;
-    const lockdownd_error_t status = lockdownd_get_value(client(), domain, key, &value);
+    const lockdownd_error_t status = lockdownd_get_value(client_.get(), domain, key, &value);
     PlistHandle owner(value);
     return status == LOCKDOWN_E_SUCCESS ? std::move(owner) : nullptr;
-}
-
-std::optional<StorageInfo> Lockdown::getStorageInfo() {
-    return storageFromDiskUsage(valueAt("com.apple.disk_usage", nullptr).get());
-}
-
-std::optional<int> Lockdown::batteryLevel() {
-    constexpr std::uint64_t full = 100;
-    const PlistHandle values = valueAt("com.apple.mobile.battery", nullptr);
-    const auto percent = unsignedAt(values.get(), "BatteryCurrentCapacity");
-    return percent && *percent <= full ? std::optional(static_cast<int>(*percent)) : std::nullopt;
 }
 
 bool Lockdown::isLocked() {
@@ -96,21 +88,24 @@ bool Lockdown::isLocked() {
     return isTrue != 0;
 }
 
-std::optional<QString> Lockdown::deviceName() {
-    char* name = nullptr;
-    const lockdownd_error_t status = lockdownd_get_device_name(client(), &name);
-    const LibraryText owner(name);
-    if (status != LOCKDOWN_E_SUCCESS || name == nullptr || *name == '\0')
-        return std::nullopt;
-    return QString::fromUtf8(name);
-}
-
 bool Lockdown::isAttached() const {
     return attachmentOf(QString::fromUtf8(udid_)).has_value();
 }
 
 IPhoneFacts Lockdown::facts() {
-    return {deviceName(), getStorageInfo(), batteryLevel()};
+    constexpr std::uint64_t fullBattery = 100;
+    IPhoneFacts facts;
+    char* name = nullptr;
+    const lockdownd_error_t status = lockdownd_get_device_name(client_.get(), &name);
+    const LibraryText owner(name);
+    if (status == LOCKDOWN_E_SUCCESS && name != nullptr && *name != '\0')
+        facts.name = QString::fromUtf8(name);
+    facts.storage = storageFromDiskUsage(valueAt("com.apple.disk_usage", nullptr).get());
+    const PlistHandle battery = valueAt("com.apple.mobile.battery", nullptr);
+    const auto percent = unsignedAt(battery.get(), "BatteryCurrentCapacity");
+    if (percent && *percent <= fullBattery)
+        facts.battery = static_cast<int>(*percent);
+    return facts;
 }
 
 bool Lockdown::usesNetwork() const {

@@ -4,7 +4,6 @@
 
 #include <QString>
 
-#include <chrono>
 #include <optional>
 
 namespace tessary {
@@ -34,11 +33,8 @@ struct IPhoneFacts {
 /// calls block; one caller at a time. An answer is waited for for 30 seconds at most.
 class Lockdown {
 public:
-    static constexpr int attempts = 5;
-    static constexpr std::chrono::milliseconds pauseBetweenAttempts{250};
-
     /// Finds the device and performs the handshake, which pairs first where it has to: whoever
-    /// starts this has asked PairingQuestions. Up to `attempts` attempts with a pause after each
+    /// starts this has asked PairingQuestions. Up to five attempts with a pause after each
     /// failure but the last; a phone that waits for its user is not asked twice. Throws the last
     /// attempt's Error: PhoneError::notConnected, or what the refusal means, over
     /// IPhoneError::handshake.
@@ -47,12 +43,6 @@ public:
     /// Starts a service. Throws what the refusal means, over IPhoneError::service.
     [[nodiscard]] LockdownService startService(const char* name);
 
-    /// Free and total space of the device; no value when it does not tell.
-    [[nodiscard]] std::optional<StorageInfo> getStorageInfo();
-    /// The name that its owner gave the device; no value when it does not tell.
-    [[nodiscard]] std::optional<QString> deviceName();
-    /// Charge in percent; no value when the device does not tell.
-    [[nodiscard]] std::optional<int> batteryLevel();
     /// Whether it is locked with a passcode right now; false when it does not tell.
     [[nodiscard]] bool isLocked();
     [[nodiscard]] bool isAttached() const;
@@ -62,9 +52,6 @@ public:
 
     [[nodiscard]] idevice_t device() const {
         return device_.get();
-    }
-    [[nodiscard]] lockdownd_client_t client() const {
-        return client_.get();
     }
 
 private:

@@ -15,8 +15,6 @@ using Clock = std::chrono::steady_clock;
 
 } // namespace
 
-static_assert(PieceSize::largest <= contentPiece);
-
 AFCFileReader::Wanted::Wanted(ByteRange range, qint64 expected)
     : left_(range.length < 0 ? std::numeric_limits<qint64>::max() : range.length),
       announced_(std::max<qint64>(expected - range.offset, 0)) {}

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "ios/files/AFCPieces.h"
-#include "ios/files/PieceSize.h"
 #include "phone/PhoneFileSystem.h"
 
 #include <functional>

@@ -4,13 +4,45 @@
 #include "ios/AFCStatus.h"
 #include "phone/PartNames.h"
 
+#include <QStringDecoder>
+
+#include <cstdlib>
+
 namespace tessary {
 
 namespace {
 
 using Opened = AFCSession::Opened;
 
+/// What the facts of a path say. What is neither file nor folder, a file without a size and missing
+/// facts make an entry that cannot be read.
+AFCRow rowFrom(const QString& path, const std::optional<AFCFileInfo>& facts) {
+    if (facts && facts->isLink)
+        return UnreadableEntry{path, Error(PhoneError::notSupported, {path})};
+    if (!facts || !(facts->isDirectory || (facts->isFile && facts->size)))
+        return UnreadableEntry{path, Error(PhoneError::unreadable, {path})};
+    return FileItem(lastComponent(path), path, facts->isDirectory,
+                    facts->isDirectory ? 0 : *facts->size, facts->modifiedDate);
+}
+
+/// Whether an entry still is what was listed: its kind, and of a file its size and date.
+bool isStill(const FileItem& listed, const FileItem& now) {
+    // Whoever keeps dates may keep them to the second.
+    constexpr qint64 dateSlack = 1000;
+    if (listed.isDirectory || now.isDirectory)
+        return listed.isDirectory == now.isDirectory;
+    const bool hasDates = listed.modifiedDate && now.modifiedDate;
+    return listed.size == now.size &&
+           (!hasDates || std::abs(listed.modifiedDate->msecsTo(*now.modifiedDate)) < dateSlack);
+}
+
 } // namespace
+
+std::optional<QString> textOfName(const QByteArray& bytes) {
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    QString text = decoder(bytes);
+    return decoder.hasError() ? std::nullopt : std::optional(std::move(text));
+}
 
 std::optional<AFCFileInfo> infoAt(const Opened& opened, const QString& path) {
     return opened.link->findInfo(opened.link->inContainer(path));

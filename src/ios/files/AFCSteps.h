@@ -1,23 +1,30 @@
 #pragma once
 
-#include "ios/files/AFCItems.h"
 #include "ios/files/AFCSession.h"
+#include "phone/PhoneFileSystem.h"
 
 #include <QByteArray>
 #include <QDateTime>
 
 #include <optional>
 #include <span>
+#include <variant>
 #include <vector>
 
 namespace tessary {
+
+/// A row of a listing: an entry, or why it is none.
+using AFCRow = std::variant<FileItem, UnreadableEntry>;
+
+/// The text of a name as a device sends it; no value for what is not UTF-8. Pure.
+[[nodiscard]] std::optional<QString> textOfName(const QByteArray& bytes);
 
 // The steps that the calls of a file system are made of, for the session's thread. Paths are those
 // below the container's root; failures are Errors as AFCConnection throws them, or as stated.
 
 [[nodiscard]] std::optional<AFCFileInfo> infoAt(const AFCSession::Opened& opened,
                                                 const QString& path);
-/// The entry that has these facts; what rowFrom() says against it is thrown.
+/// The entry that has these facts; what makes it one that cannot be read is thrown.
 [[nodiscard]] FileItem itemFrom(const QString& path, const std::optional<AFCFileInfo>& info);
 
 /// Right before an item is changed: PhoneError::changed unless it is what the user saw.

@@ -15,10 +15,10 @@ constexpr QLatin1Char slash('/');
 
 AFCLink::AFCLink(const QString& udid, const QString& bundleId, const IPhoneHelper::Limits& limits,
                  const std::stop_token& stop)
-    : helper_(udid, limits) {
-    const auto answer = helper_.ask(HelperOperation::open, helperArguments(bundleId), stop);
+    : IPhoneHelper(udid, limits) {
+    const auto answer = IPhoneHelper::ask(HelperOperation::open, helperArguments(bundleId), stop);
     *answer >> workingRootPath_;
-    helper_.requireSense(answer->status() == QDataStream::Ok && workingRootPath_.startsWith(slash));
+    requireSense(answer->status() == QDataStream::Ok && workingRootPath_.startsWith(slash));
 }
 
 QString AFCLink::inContainer(const QString& path) const {
@@ -31,7 +31,7 @@ template <typename Result, typename... Values>
 Result AFCLink::ask(HelperOperation operation, const Values&... arguments) {
     if (isLost())
         throw Error(PhoneError::brokenOff);
-    return helper_.askFor<Result>(operation, helperArguments(arguments...));
+    return askFor<Result>(operation, helperArguments(arguments...));
 }
 
 template <typename... Values>
@@ -43,7 +43,7 @@ void AFCLink::request(HelperOperation operation, const Values&... arguments) {
 std::vector<QByteArray> AFCLink::readNames(const QString& path) {
     constexpr qsizetype longestName = 4096; // bytes; phones have 255 characters
     auto names = ask<std::vector<QByteArray>>(HelperOperation::names, path);
-    helper_.requireSense(std::ranges::all_of(
+    requireSense(std::ranges::all_of(
         names, [](const QByteArray& name) { return name.size() <= longestName; }));
     return names;
 }
@@ -54,7 +54,7 @@ std::optional<AFCFileInfo> AFCLink::findInfo(const QString& path) {
 
 std::vector<AFCLookup> AFCLink::findInfos(const QString& folder, const QStringList& names) {
     auto found = ask<std::vector<AFCLookup>>(HelperOperation::infos, folder, names);
-    helper_.requireSense(found.size() == static_cast<std::size_t>(names.size()));
+    requireSense(found.size() == static_cast<std::size_t>(names.size()));
     return found;
 }
 
@@ -122,7 +122,7 @@ std::size_t AFCLinkFile::move(HelperOperation operation, ByteView bytes) {
     const auto offset = static_cast<quint32>(bytes.data() - link_.content().get());
     const auto size = static_cast<quint32>(std::min(bytes.size(), contentMemory - offset));
     const auto count = link_.ask<quint32>(operation, offset, size);
-    link_.helper_.requireSense(count <= size);
+    link_.requireSense(count <= size);
     return count;
 }
 

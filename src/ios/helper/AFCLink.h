@@ -17,8 +17,8 @@ class AFCLinkFile;
 /// any.
 ///
 /// A refused request throws Error: what it means (PhoneError) about the path below
-/// workingRootPath(), over the device's AFCStatus. Once the link has failed every call fails.
-class AFCLink {
+/// the working root, over the device's AFCStatus. Once the link has failed every call fails.
+class AFCLink : private IPhoneHelper {
 public:
     /// Starts the helper and opens the container of `bundleId`; an empty one means the media
     /// folder. Errors as lockdown's and house arrest's; CancellationError when `stop` asks
@@ -26,23 +26,14 @@ public:
     AFCLink(const QString& udid, const QString& bundleId, const IPhoneHelper::Limits& limits,
             const std::stop_token& stop);
 
-    /// "/Documents" when the whole container was opened, "/" when it is the documents themselves.
-    [[nodiscard]] const QString& workingRootPath() const {
-        return workingRootPath_;
-    }
-    /// A path below workingRootPath() as the device has it: written out, so that a folder called
+    using IPhoneHelper::content;
+    using IPhoneHelper::end;
+    using IPhoneHelper::isLost;
+    using IPhoneHelper::processId;
+
+    /// A path below the working root as the device has it: written out, so that a folder called
     /// like the root is not taken for it.
     [[nodiscard]] QString inContainer(const QString& path) const;
-    [[nodiscard]] bool isLost() const {
-        return helper_.isLost();
-    }
-    /// Ends the helper, and the link with it: who waits for it is let go.
-    void end() {
-        helper_.end();
-    }
-    [[nodiscard]] pid_t processId() const {
-        return helper_.processId();
-    }
     /// Whether a request was made since the last beginAction() that may have changed something on
     /// the device.
     [[nodiscard]] bool hasTouched() const {
@@ -50,11 +41,6 @@ public:
     }
     void beginAction() {
         hasTouched_ = false;
-    }
-    /// Where content is read to and written from, contentMemory bytes; it stays as long as somebody
-    /// has this. The helper may write to it at any time.
-    [[nodiscard]] const std::shared_ptr<std::byte>& content() const {
-        return helper_.content();
     }
 
     /// Names in the order of the device, without "." and "..", as the bytes that came, which need
@@ -89,7 +75,7 @@ private:
     template <typename... Values>
     void request(HelperOperation operation, const Values&... arguments);
 
-    IPhoneHelper helper_;
+    /// "/Documents" when the whole container was opened, "/" when it is the documents themselves.
     QString workingRootPath_;
     bool hasTouched_ = false;
 };

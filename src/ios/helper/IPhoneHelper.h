@@ -59,6 +59,8 @@ public:
     [[nodiscard]] bool isLost() const {
         return isLost_;
     }
+    /// Where content is read to and written from, contentMemory bytes; it stays as long as somebody
+    /// has this. The helper may write to it at any time.
     [[nodiscard]] const std::shared_ptr<std::byte>& content() const {
         return memory_.bytes();
     }
