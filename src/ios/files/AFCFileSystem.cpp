@@ -9,6 +9,8 @@
 #include "phone/PassingTurn.h"
 #include "phone/TreeLimits.h"
 
+#include <QScopeGuard>
+
 #include <algorithm>
 
 namespace tessary {
@@ -45,19 +47,15 @@ void requireItem(const QString& path) {
     }
 }
 
-/// Whatever was tried, listings of the phone are to be looked at again.
-class Edit {
-public:
-    explicit Edit(PhoneQueue& queue) : queue_(queue) {}
-    ~Edit() {
-        queue_.noteEdit();
-    }
-    Edit(const Edit&) = delete;
-    Edit& operator=(const Edit&) = delete;
+/// Whatever is tried, listings of the phone are to be looked at again.
+auto editing(PhoneQueue& queue) {
+    return qScopeGuard([&queue] { queue.noteEdit(); });
+}
 
-private:
-    PhoneQueue& queue_;
-};
+void requireName(const NameRules& rules, const QString& name) {
+    if (!rules.accepts(name))
+        throw Error(PhoneError::nameNotAllowed, {name});
+}
 
 } // namespace
 
@@ -179,8 +177,7 @@ FileItem AFCFileSystem::write(const NewFile& file, const ByteSource& content,
                               const ByteProgress& progress, const Call& call) {
     const QString folder = canonicalPath(file.folder);
     requirePath(folder);
-    if (!nameRules(folder, call).accepts(file.name))
-        throw Error(PhoneError::nameNotAllowed, {file.name});
+    requireName(nameRules(folder, call), file.name);
     return send(AFCFileWriter(session_, joinPath(folder, file.name), file, std::nullopt, content,
                               progress, call.stop),
                 call);
@@ -198,7 +195,7 @@ FileItem AFCFileSystem::append(const FileItem& begun, qint64 keptBytes, const Ne
 FileItem AFCFileSystem::send(AFCFileWriter writer, const Call& call) {
     PassingTurn turn(*queue_, call);
     closeWhenIdle();
-    const Edit edit(*queue_);
+    const auto edit = editing(*queue_);
     try {
         while (writer.step([&turn] { return turn.isDue(); }))
             turn.pass();
@@ -212,10 +209,9 @@ FileItem AFCFileSystem::send(AFCFileWriter writer, const Call& call) {
 FileItem AFCFileSystem::makeFolder(const QString& parent, const QString& name, const Call& call) {
     const QString folder = canonicalPath(parent);
     requirePath(folder);
-    if (!nameRules(folder, call).accepts(name))
-        throw Error(PhoneError::nameNotAllowed, {name});
+    requireName(nameRules(folder, call), name);
     const PhoneQueue::Turn turn = takeTurn(call);
-    const Edit edit(*queue_);
+    const auto edit = editing(*queue_);
     return session_.begin(
         [folder, path = joinPath(folder, name)](const Opened& opened) {
             // Phones make what is missing above it, and say nothing about what is there.
@@ -234,7 +230,7 @@ void AFCFileSystem::remove(const FileItem& item, const Call& call) {
     const QString path = canonicalPath(item.path);
     requireItem(path);
     const PhoneQueue::Turn turn = takeTurn(call);
-    const Edit edit(*queue_);
+    const auto edit = editing(*queue_);
     session_.begin(
         [item, path](const Opened& opened) {
             requireStill(opened, item, path);
@@ -261,7 +257,7 @@ void AFCFileSystem::removeBelow(const QString& path, int depth, const Call& call
     // No value once it is gone; else what it holds, as far as the phone says that.
     const auto removeIt = [&](bool mayBeFull) {
         const PhoneQueue::Turn turn = takeTurn(call);
-        const Edit edit(*queue_);
+        const auto edit = editing(*queue_);
         return session_.begin(
             [path, mayBeFull](const Opened& opened) -> std::optional<Names> {
                 try {
@@ -292,8 +288,7 @@ FileItem AFCFileSystem::rename(const FileItem& item, const QString& newName, Tak
                                const Call& call) {
     const QString path = canonicalPath(item.path);
     requireItem(path);
-    if (!nameRules(path, call).accepts(newName))
-        throw Error(PhoneError::nameNotAllowed, {newName});
+    requireName(nameRules(path, call), newName);
     return renameTo(item, joinPath(parentPath(path), newName), taken, call);
 }
 
@@ -317,7 +312,7 @@ FileItem AFCFileSystem::renameTo(const FileItem& item, const QString& target, Ta
     // The phone finds the item itself under a name that differs only in form.
     const bool isOneName = rules.key(target) == rules.key(path);
     const PhoneQueue::Turn turn = takeTurn(call);
-    const Edit edit(*queue_);
+    const auto edit = editing(*queue_);
     try {
         session_.begin(
             [=](const Opened& opened) {
@@ -350,7 +345,7 @@ void AFCFileSystem::setModified(const FileItem& file, const QDateTime& date, con
     const QString path = canonicalPath(file.path);
     requireItem(path);
     const PhoneQueue::Turn turn = takeTurn(call);
-    const Edit edit(*queue_);
+    const auto edit = editing(*queue_);
     session_.begin(
         [path, date, isFolder = file.isDirectory](const Opened& opened) {
             const auto info = infoAt(opened, path);

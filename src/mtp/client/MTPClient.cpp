@@ -241,8 +241,7 @@ std::uint32_t MTPClient::sendObjectInfo(const MTPObjectInfo& info) {
     sendData(MTPOperationCode::sendObjectInfo, transactionID,
              MTPPacketCodec::encodeObjectInfo(info));
     const MTPPacket response = receive();
-    if (response.header.code != rawOk)
-        throw MTPFailure(MTPError::refused, {response.header.code});
+    requireOk(response);
     return announcedHandle(response);
 }
 

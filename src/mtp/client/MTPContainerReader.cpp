@@ -88,22 +88,20 @@ USBCode MTPContainerReader::readOnce(USBTimeouts timeouts) {
 
 /// For a payload that is read by other means: the bytes of the reads that wait already come first.
 Bytes MTPContainerReader::takeFromReads(std::uint64_t most) {
-    if (const USBCode code = readOnce(pipes_.timeouts()); code != usb::success)
-        failRead(code);
+    check(readOnce(pipes_.timeouts()));
     return take(static_cast<std::size_t>(std::min<std::uint64_t>(most, incomingStream_.size())));
 }
 
-void MTPContainerReader::failRead(USBCode code) const {
-    pipes_.fail(pipes_.connection.inPipe, code);
+void MTPContainerReader::check(USBCode code) const {
+    if (code != usb::success)
+        pipes_.fail(pipes_.connection.inPipe, code);
 }
 
 /// Reads until the incoming stream holds `count` bytes.
 void MTPContainerReader::fill(std::size_t count) {
     while (incomingStream_.size() < count) {
         const std::size_t held = incomingStream_.size();
-        const USBCode code = readOnce(pipes_.timeouts());
-        if (code != usb::success)
-            failRead(code);
+        check(readOnce(pipes_.timeouts()));
         if (incomingStream_.size() == held)
             throw MTPFailure(MTPError::brokenOff);
     }
@@ -154,7 +152,7 @@ void MTPContainerReader::receiveData(const MTPContainerHeader& header, const MTP
     if (size)
         receivePayload(*size, sink, options);
     if (!size || goesOn())
-        receiveUntilShortPacket(size.value_or(0), sink, options);
+        receiveUntilShortPacket(sink, options);
 }
 
 /// Whether there is more in the transfer than its header announced: some devices cut the length of
@@ -165,8 +163,7 @@ bool MTPContainerReader::goesOn() {
         return false;
     // A response in the same transfer may lie on both sides of the read's end.
     if (incomingStream_.size() < enoughToTell)
-        if (const USBCode code = readOnce(pipes_.timeouts()); code != usb::success)
-            failRead(code);
+        check(readOnce(pipes_.timeouts()));
     const auto header = MTPPacketCodec::decodeHeader(incomingStream_);
     const auto shifted = MTPPacketCodec::decodeHeader(ByteView(incomingStream_).subspan(1));
     return !(header && isResponse(*header)) && !(shifted && isResponse(*shifted));
@@ -217,8 +214,7 @@ void MTPContainerReader::awaitFirstByte(std::chrono::milliseconds patience) {
         const USBCode code = readOnce(slice);
         if (code == usb::timeout && --waits > 0)
             continue;
-        if (code != usb::success)
-            failRead(code);
+        check(code);
         if (incomingStream_.size() == held && !std::exchange(zeroPacketMayFollow, false))
             throw MTPFailure(MTPError::brokenOff);
     }
@@ -241,8 +237,6 @@ void MTPContainerReader::receivePayload(std::uint64_t size, const MTPDataSink& s
     const auto deliver = [&](ByteView bytes) {
         sink(bytes);
         received += bytes.size();
-        if (options.progress)
-            options.progress(static_cast<qint64>(received), static_cast<qint64>(size));
     };
     if (!incomingStream_.empty() && size > 0)
         deliver(
@@ -268,8 +262,7 @@ void MTPContainerReader::receivePayload(std::uint64_t size, const MTPDataSink& s
         std::min<std::uint64_t>(streamDepth, (size - received - 1) / requestSize + 1));
     const auto stream =
         pipes_.connection.interface->readStream(pipes_.connection.inPipe, requestSize, depth);
-    if (!stream)
-        failRead(usb::noMemory);
+    check(stream ? usb::success : usb::noMemory);
     std::deque<std::size_t> inFlight; // lengths of the reads, oldest first
     std::uint64_t requested = 0;      // their sum
     while (received < size) {
@@ -277,16 +270,12 @@ void MTPContainerReader::receivePayload(std::uint64_t size, const MTPDataSink& s
         const bool mayHaveEnded = !lastReadWasFull_;
         while (inFlight.size() < depth && received + requested < size) {
             const std::size_t length = readLength(size - received - requested);
-            const USBCode code = stream->submit(length);
-            if (code != usb::success)
-                failRead(code);
+            check(stream->submit(length));
             inFlight.push_back(length);
             requested += length;
         }
         ByteView arrived;
-        const USBCode code = stream->next(arrived, pipes_.timeouts());
-        if (code != usb::success)
-            failRead(code);
+        check(stream->next(arrived, pipes_.timeouts()));
         lastReadWasFull_ = arrived.size() == inFlight.front();
         requested -= inFlight.front();
         inFlight.pop_front();
@@ -316,25 +305,17 @@ bool MTPContainerReader::endsEarly(ByteView arrived, std::uint64_t rest) {
     return isAnswer;
 }
 
-/// `before` is what has arrived of the payload already.
-void MTPContainerReader::receiveUntilShortPacket(std::uint64_t before, const MTPDataSink& sink,
+void MTPContainerReader::receiveUntilShortPacket(const MTPDataSink& sink,
                                                  const MTPStreamOptions& options) {
-    auto received = static_cast<qint64>(before);
-    const auto deliver = [&](ByteView bytes) {
-        sink(bytes);
-        received += static_cast<qint64>(bytes.size());
-        if (options.progress)
-            options.progress(received, received);
-    };
     // The header's own transfer is the end of the data unless it was alone in it.
     const bool more = incomingStream_.empty() || lastReadWasFull_;
     if (!incomingStream_.empty())
-        deliver(take(incomingStream_.size()));
+        sink(take(incomingStream_.size()));
     if (!more)
         return;
     while (readsInFlight() > 0) {
         if (const Bytes bytes = takeFromReads(readSize()); !bytes.empty())
-            deliver(bytes);
+            sink(bytes);
         if (!lastReadWasFull_)
             return;
     }
@@ -342,13 +323,11 @@ void MTPContainerReader::receiveUntilShortPacket(std::uint64_t before, const MTP
     do {
         throwIfStopped(options.stop);
         std::size_t transferred = 0;
-        const USBCode code = pipes_.connection.interface->readPipeTO(
-            pipes_.connection.inPipe, buffer, transferred, pipes_.timeouts());
-        if (code != usb::success)
-            failRead(code);
+        check(pipes_.connection.interface->readPipeTO(pipes_.connection.inPipe, buffer, transferred,
+                                                      pipes_.timeouts()));
         lastReadWasFull_ = transferred == buffer.size();
         if (transferred > 0)
-            deliver(ByteView(buffer).first(transferred));
+            sink(ByteView(buffer).first(transferred));
     } while (lastReadWasFull_);
 }
 

@@ -46,7 +46,7 @@ private:
     [[nodiscard]] USBCode startRead();
     [[nodiscard]] USBCode readOnce(USBTimeouts timeouts);
     [[nodiscard]] Bytes takeFromReads(std::uint64_t most);
-    [[noreturn]] void failRead(USBCode code) const;
+    void check(USBCode code) const;
     void fill(std::size_t count);
     [[nodiscard]] Bytes take(std::size_t count);
     [[nodiscard]] MTPContainerHeader receiveHeader(std::chrono::milliseconds patience);
@@ -60,8 +60,7 @@ private:
     void receivePayload(std::uint64_t size, const MTPDataSink& sink,
                         const MTPStreamOptions& options);
     [[nodiscard]] bool endsEarly(ByteView arrived, std::uint64_t rest);
-    void receiveUntilShortPacket(std::uint64_t before, const MTPDataSink& sink,
-                                 const MTPStreamOptions& options);
+    void receiveUntilShortPacket(const MTPDataSink& sink, const MTPStreamOptions& options);
     [[nodiscard]] bool isAbandoned(const MTPContainerHeader& header);
 
     const MTPPipes pipes_;

@@ -110,11 +110,6 @@ void MTPContainerWriter::sendContainer(const MTPContainerHeader& header, std::ui
         written_ += transferred;
         return code;
     };
-    const auto progressed = [&] {
-        if (options.progress)
-            options.progress(static_cast<qint64>(written_ - MTPContainerHeader::size),
-                             static_cast<qint64>(payloadSize));
-    };
     try {
         while (!content.isOver() || stream->inFlight() > 0) {
             throwIfStopped(options.stop);
@@ -123,8 +118,8 @@ void MTPContainerWriter::sendContainer(const MTPContainerHeader& header, std::ui
                 room.empty() ? awaitOldest(pipes_.timeouts()) : stream->submit(content.fill(room));
             if (code != usb::success)
                 fail(code);
-            if (room.empty())
-                progressed();
+            if (room.empty() && options.progress)
+                options.progress(static_cast<qint64>(written_ - MTPContainerHeader::size));
         }
     } catch (...) {
         // What is under way is called back; how much has left all the same tells how to end it.

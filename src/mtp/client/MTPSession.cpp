@@ -97,10 +97,13 @@ void MTPSession::skipResponse() {
     }
 }
 
-void MTPSession::expectOk(std::chrono::milliseconds patience) {
-    const MTPPacket response = receive(patience);
+void MTPSession::requireOk(const MTPPacket& response) {
     if (response.header.code != rawOk)
         throw MTPFailure(MTPError::refused, {response.header.code});
+}
+
+void MTPSession::expectOk(std::chrono::milliseconds patience) {
+    requireOk(receive(patience));
 }
 
 void MTPSession::openSession(std::uint32_t sessionID) {
@@ -131,8 +134,7 @@ void MTPSession::start(std::uint32_t sessionID) {
         if (response.header.code == rawAlreadyOpen)
             return;
     }
-    if (response.header.code != rawOk)
-        throw MTPFailure(MTPError::refused, {response.header.code});
+    requireOk(response);
 }
 
 /// A response; no value when something else came, of which no more than the beginning is read.
@@ -205,9 +207,23 @@ void MTPSession::closeSession() {
 Bytes MTPSession::datasetOf(MTPPacket first, const QString& failure) {
     if (first.header.type == MTPContainerType::data)
         return std::move(first.payload);
-    if (isResponse(first) && first.header.code != rawOk)
-        throw MTPFailure(MTPError::refused, {first.header.code});
+    if (isResponse(first))
+        requireOk(first);
     throw MTPFailure(MTPError::malformed, {failure});
+}
+
+/// Carries out a data phase; the device is brought to rest when that fails.
+template <typename Phase>
+void MTPSession::recoveringOnFailure(const Phase& phase) {
+    try {
+        phase();
+    } catch (const CancellationError&) {
+        recoverSoon();
+        throw;
+    } catch (...) {
+        recover();
+        throw;
+    }
 }
 
 std::uint64_t MTPSession::receiveContent(MTPOperationCode operation, MTPParameters parameters,
@@ -220,20 +236,14 @@ std::uint64_t MTPSession::receiveContent(MTPOperationCode operation, MTPParamete
         received += bytes.size();
     };
     MTPPacket first;
-    try {
+    recoveringOnFailure([&] {
         first = transport_.receiveContainer(countingSink, options);
-        isSettled_ = first.header.type == MTPContainerType::response;
-    } catch (const CancellationError&) {
-        recoverSoon();
-        throw;
-    } catch (...) {
-        recover();
-        throw;
-    }
+        isSettled_ = isResponse(first);
+    });
     if (!isSettled_)
         expectOk();
-    else if (first.header.code != rawOk)
-        throw MTPFailure(MTPError::refused, {first.header.code});
+    else
+        requireOk(first);
     return received;
 }
 
@@ -250,18 +260,11 @@ void MTPSession::sendContent(MTPOperationCode operation, MTPParameters parameter
         MTPContainerHeader::size);
     MTPPacket response;
     phase_ = MTPDataPhase::toDevice;
-    try {
+    recoveringOnFailure([&] {
         transport_.sendContainer(header, size, source, options);
         response = receive(workPatience);
-    } catch (const CancellationError&) {
-        recoverSoon();
-        throw;
-    } catch (...) {
-        recover();
-        throw;
-    }
-    if (response.header.code != rawOk)
-        throw MTPFailure(MTPError::refused, {response.header.code});
+    });
+    requireOk(response);
 }
 
 } // namespace tessary

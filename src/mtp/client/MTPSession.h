@@ -69,6 +69,7 @@ public:
     /// refusal is an error with this text.
     [[nodiscard]] static Bytes datasetOf(MTPPacket first, const QString& failure);
     void expectOk(std::chrono::milliseconds patience = {});
+    static void requireOk(const MTPPacket& response);
     /// Reads a response whose content no longer matters.
     void skipResponse();
 
@@ -85,6 +86,8 @@ public:
 private:
     MTPPipeState recover();
     void recoverSoon() noexcept;
+    template <typename Phase>
+    void recoveringOnFailure(const Phase& phase);
     void start(std::uint32_t sessionID);
     [[nodiscard]] MTPPacket answerToOpening();
     [[nodiscard]] std::optional<MTPPacket> receiveAnswerOrStaleData();

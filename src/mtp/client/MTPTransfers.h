@@ -11,9 +11,6 @@
 
 namespace tessary {
 
-/// Bytes moved so far and in all.
-using MTPByteProgress = std::function<void(qint64 done, qint64 total)>;
-
 /// Takes the next bytes of a payload as they arrive; they are valid during the call only. An
 /// exception breaks the transfer off and reaches the caller.
 using MTPDataSink = std::function<void(ByteView)>;
@@ -26,7 +23,8 @@ using MTPDataSource = std::function<std::size_t(std::span<std::byte>)>;
 struct MTPStreamOptions {
     /// The payload's true size in bytes, for containers whose 32-bit length cannot tell it.
     std::optional<std::uint64_t> expectedSize;
-    MTPByteProgress progress;
+    /// Told how many bytes of an upload have left.
+    std::function<void(qint64 sent)> progress;
     /// Told, before the bytes of an upload, that the device has accepted the object, with the
     /// handle that it announced, or 0.
     std::function<void(std::uint32_t handle)> accepted;

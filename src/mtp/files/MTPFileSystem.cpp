@@ -7,7 +7,7 @@
 #include "mtp/files/MTPFileWriter.h"
 #include "mtp/files/MTPListing.h"
 #include "mtp/files/MTPPieceWriter.h"
-#include "mtp/files/MTPThumbnail.h"
+#include "mtp/objects/MTPFailures.h"
 #include "phone/DevicePath.h"
 
 #include <QStringList>
@@ -30,6 +30,36 @@ QString storageIDOf(const QString& relative) {
     bool isNumber = false;
     components[1].toUInt(&isNumber);
     return isNumber ? components[1] : QString();
+}
+
+/// The small picture that the phone has of a file, encoded. No value without one, or for one of
+/// more than `maxBytes`. Throws what ends the session.
+std::optional<QByteArray> readThumbnail(MTPTree& tree, const FileItem& file, qint64 maxBytes,
+                                        const std::stop_token& stop) {
+    struct TooLarge {};
+    const MTPFound found = tree.findListed(file, stop);
+    if (found.object.isDirectory())
+        return std::nullopt;
+    QByteArray picture;
+    const auto take = [&](ByteView bytes) {
+        if (picture.size() + static_cast<qint64>(bytes.size()) > maxBytes)
+            throw TooLarge();
+        picture.append(reinterpret_cast<const char*>(bytes.data()),
+                       static_cast<qsizetype>(bytes.size()));
+    };
+    MTPStreamOptions options;
+    options.stop = stop;
+    try {
+        tree.client().getThumb(found.object.handle, take, options);
+    } catch (const TooLarge&) {
+        return std::nullopt;
+    } catch (const MTPFailure& failure) {
+        // Of most files there is none, and phones have many words for that.
+        if (endsSession(failure))
+            throw;
+        return std::nullopt;
+    }
+    return picture.isEmpty() ? std::nullopt : std::optional(picture);
 }
 
 } // namespace
@@ -245,7 +275,7 @@ std::optional<QByteArray> MTPFileSystem::thumbnail(const FileItem& file, qint64 
     return link_.inTurn(call, file.path, [&](MTPTree& tree) -> std::optional<QByteArray> {
         if (!link_.deviceInfo().announces(MTPOperationCode::getThumb))
             return std::nullopt;
-        return readMTPThumbnail(tree, file, maxBytes, call.stop);
+        return readThumbnail(tree, file, maxBytes, call.stop);
     });
 }
 

@@ -71,7 +71,7 @@ MTPObjectInfo MTPFileWriter::send(const NewFile& file, const ByteSource& content
     MTPStreamOptions options;
     options.stop = stop_;
     options.accepted = [&announced](std::uint32_t handle) { announced = handle; };
-    options.progress = [&](qint64 done, qint64) {
+    options.progress = [&](qint64 done) {
         sent = done;
         if (progress)
             progress(done);

@@ -95,7 +95,7 @@ void MTPPieceWriter::sendPiece(MTPTree& tree) {
     const qint64 size = std::min(pieceSize, file_.size - offset_);
     MTPStreamOptions options;
     options.stop = stop_;
-    options.progress = [this](qint64 done, qint64) {
+    options.progress = [this](qint64 done) {
         if (progress_)
             progress_(offset_ + done);
     };

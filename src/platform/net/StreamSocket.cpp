@@ -28,10 +28,6 @@ QString reason(int code) {
     return qt_error_string(code);
 }
 
-bool wouldBlock(int code) {
-    return code == EAGAIN || code == EWOULDBLOCK;
-}
-
 } // namespace
 
 StreamSocket StreamSocket::connectTCP(const QString& host, std::uint16_t port, const Wait& wait) {
@@ -115,7 +111,7 @@ std::size_t StreamSocket::read(std::span<std::byte> to, const Wait& wait) {
         const ssize_t got = ::recv(socket_.get(), to.data(), to.size(), 0);
         if (got >= 0)
             return static_cast<std::size_t>(got);
-        if (wouldBlock(errno)) {
+        if (errno == EAGAIN) {
             // Who has sent one piece may hold the next one back until this one is acknowledged,
             // which the system would do only after 40 ms. It forgets the wish at times.
             const int on = 1;
@@ -133,7 +129,7 @@ void StreamSocket::writeOn(ByteView& left, const Wait& wait) {
         const ssize_t sent = ::send(socket_.get(), left.data(), left.size(), MSG_NOSIGNAL);
         if (sent >= 0)
             left = left.subspan(static_cast<std::size_t>(sent));
-        else if (wouldBlock(errno))
+        else if (errno == EAGAIN)
             await(POLLOUT, wait);
         else if (errno != EINTR)
             throw Error(NetworkError::brokenOff, {reason(errno)});
