@@ -135,23 +135,26 @@ private:
         return isCancel ? next(cancelCodes, usb::success) : usb::success;
     }
 
-    class Stream : public USBReadStream {
+    class Reads : public USBStream {
     public:
-        Stream(ScriptedUSBBus& bus, std::size_t requestSize, std::size_t depth)
+        Reads(ScriptedUSBBus& bus, std::size_t requestSize, std::size_t depth)
             : bus_(bus), buffer_(requestSize), depth_(depth) {}
 
+        [[nodiscard]] std::span<std::byte> buffer() override {
+            return {};
+        }
         USBCode submit(std::size_t length) override {
             if (length % 512 != 0 || length > buffer_.size() || lengths_.size() == depth_)
                 return usb::badArgument;
             lengths_.push_back(length);
             return usb::success;
         }
-        USBCode next(std::span<const std::byte>& data, USBTimeouts) override {
+        USBCode next(USBTransferred& done, USBTimeouts) override {
             const std::size_t length = lengths_.front();
             lengths_.pop_front();
             std::size_t transferred = 0;
             const USBCode code = bus_.read(std::span(buffer_).first(length), transferred);
-            data = std::span(buffer_).first(transferred);
+            done = {std::span(buffer_).first(transferred), transferred};
             if (code != usb::success)
                 lengths_.clear();
             return code;
@@ -168,7 +171,7 @@ private:
     };
 
     /// Writes when it is waited for.
-    class Writes : public USBWriteStream {
+    class Writes : public USBStream {
     public:
         Writes(ScriptedUSBBus& bus, std::size_t requestSize, std::size_t depth)
             : bus_(bus), buffer_(requestSize), depth_(depth) {}
@@ -181,8 +184,8 @@ private:
                                  buffer_.begin() + static_cast<std::ptrdiff_t>(length));
             return usb::success;
         }
-        USBCode next(std::size_t& transferred, USBTimeouts) override {
-            const USBCode code = bus_.write(flying_.front(), transferred);
+        USBCode next(USBTransferred& done, USBTimeouts) override {
+            const USBCode code = bus_.write(flying_.front(), done.count);
             flying_.pop_front();
             if (code != usb::success)
                 flying_.clear();
@@ -224,15 +227,14 @@ private:
         USBCode clearPipeStallBothEnds(std::uint8_t) override {
             return usb::success;
         }
-        [[nodiscard]] std::unique_ptr<USBReadStream>
-        readStream(std::uint8_t, std::size_t requestSize, std::size_t depth) override {
+        [[nodiscard]] std::unique_ptr<USBStream> stream(std::uint8_t pipe, std::size_t requestSize,
+                                                        std::size_t depth) override {
+            const auto properties = pipeProperties(pipe);
+            if (properties && properties->direction == USBDirection::out)
+                return std::make_unique<Writes>(bus_, requestSize, depth);
             bus_.readBufferLimit =
                 std::max<std::uint64_t>(bus_.readBufferLimit, requestSize * depth);
-            return std::make_unique<Stream>(bus_, requestSize, depth);
-        }
-        [[nodiscard]] std::unique_ptr<USBWriteStream>
-        writeStream(std::uint8_t, std::size_t requestSize, std::size_t depth) override {
-            return std::make_unique<Writes>(bus_, requestSize, depth);
+            return std::make_unique<Reads>(bus_, requestSize, depth);
         }
         USBCode controlRequest(const USBControlRequest& request, std::span<std::byte> data,
                                std::size_t& transferred, std::chrono::milliseconds) override {

@@ -91,20 +91,15 @@ USBCode VirtualUSBInterface::clearPipeStallBothEnds(std::uint8_t pipe) {
     return pipeProperties(pipe) ? port_->clearStall(pipe) : usb::badArgument;
 }
 
-std::unique_ptr<USBReadStream>
-VirtualUSBInterface::readStream(std::uint8_t pipe, std::size_t requestSize, std::size_t depth) {
-    VirtualUSBPipe* const source = pipeFor(pipe, USBDirection::in);
-    if (!open_ || !source)
+std::unique_ptr<USBStream> VirtualUSBInterface::stream(std::uint8_t pipe, std::size_t requestSize,
+                                                       std::size_t depth) {
+    if (!open_ || depth == 0)
         return nullptr;
-    return std::make_unique<VirtualUSBReadStream>(port_, *source, requestSize, depth);
-}
-
-std::unique_ptr<USBWriteStream>
-VirtualUSBInterface::writeStream(std::uint8_t pipe, std::size_t requestSize, std::size_t depth) {
+    if (VirtualUSBPipe* const source = pipeFor(pipe, USBDirection::in))
+        return std::make_unique<VirtualUSBReadStream>(port_, *source, requestSize, depth);
     VirtualUSBPipe* const target = pipeFor(pipe, USBDirection::out);
-    if (!open_ || !target || depth == 0)
-        return nullptr;
-    return std::make_unique<VirtualUSBWriteStream>(port_, *target, requestSize, depth);
+    return target ? std::make_unique<VirtualUSBWriteStream>(port_, *target, requestSize, depth)
+                  : nullptr;
 }
 
 USBCode VirtualUSBInterface::controlRequest(const USBControlRequest& request,

@@ -23,10 +23,8 @@ public:
     USBCode writePipeTO(std::uint8_t pipe, std::span<const std::byte> data,
                         std::size_t& transferred, USBTimeouts timeouts) override;
     USBCode clearPipeStallBothEnds(std::uint8_t pipe) override;
-    [[nodiscard]] std::unique_ptr<USBReadStream>
-    readStream(std::uint8_t pipe, std::size_t requestSize, std::size_t depth) override;
-    [[nodiscard]] std::unique_ptr<USBWriteStream>
-    writeStream(std::uint8_t pipe, std::size_t requestSize, std::size_t depth) override;
+    [[nodiscard]] std::unique_ptr<USBStream> stream(std::uint8_t pipe, std::size_t requestSize,
+                                                    std::size_t depth) override;
     USBCode controlRequest(const USBControlRequest& request, std::span<std::byte> data,
                            std::size_t& transferred, std::chrono::milliseconds timeout) override;
 

@@ -23,14 +23,14 @@ USBCode VirtualUSBReadStream::submit(std::size_t length) {
     return usb::success;
 }
 
-USBCode VirtualUSBReadStream::next(std::span<const std::byte>& data, USBTimeouts timeouts) {
-    data = {};
+USBCode VirtualUSBReadStream::next(USBTransferred& done, USBTimeouts timeouts) {
+    done = {};
     if (lengths_.empty())
         return usb::badArgument;
     const std::size_t length = lengths_.front();
     lengths_.pop_front();
     const USBCode code = pipe_.hostTake(delivered_, length, timeouts);
-    data = delivered_.bytes();
+    done = {delivered_.bytes(), delivered_.bytes().size()};
     if (code != usb::success)
         cancel();
     return code;

@@ -5,7 +5,7 @@
 namespace tessary {
 
 /// Reads in flight on the IN pipe of a virtual device.
-class VirtualUSBReadStream : public USBReadStream {
+class VirtualUSBReadStream : public USBStream {
 public:
     VirtualUSBReadStream(std::shared_ptr<VirtualUSBPort> port, VirtualUSBPipe& pipe,
                          std::size_t requestSize, std::size_t depth);
@@ -13,8 +13,11 @@ public:
     VirtualUSBReadStream(const VirtualUSBReadStream&) = delete;
     VirtualUSBReadStream& operator=(const VirtualUSBReadStream&) = delete;
 
+    [[nodiscard]] std::span<std::byte> buffer() override {
+        return {};
+    }
     USBCode submit(std::size_t length) override;
-    USBCode next(std::span<const std::byte>& data, USBTimeouts timeouts) override;
+    USBCode next(USBTransferred& done, USBTimeouts timeouts) override;
     [[nodiscard]] std::size_t inFlight() const override {
         return lengths_.size();
     }

@@ -22,14 +22,14 @@ USBCode VirtualUSBWriteStream::submit(std::size_t length) {
     return usb::success;
 }
 
-USBCode VirtualUSBWriteStream::next(std::size_t& transferred, USBTimeouts timeouts) {
-    transferred = 0;
+USBCode VirtualUSBWriteStream::next(USBTransferred& done, USBTimeouts timeouts) {
+    done = {};
     if (lengths_.empty())
         return usb::badArgument;
     const ByteView bytes = ByteView(buffers_[first_]).first(lengths_.front());
     USBCode code = port_->isPlugged() ? usb::success : usb::noDevice;
     if (code == usb::success)
-        code = timeouts.isStopped() ? usb::aborted : pipe_.hostWrite(bytes, transferred, timeouts);
+        code = timeouts.isStopped() ? usb::aborted : pipe_.hostWrite(bytes, done.count, timeouts);
     lengths_.pop_front();
     first_ = (first_ + 1) % buffers_.size();
     if (code != usb::success)

@@ -6,14 +6,14 @@ namespace tessary {
 
 /// Writes in flight on the OUT pipe of a virtual device. Each goes into the pipe, which holds a few
 /// itself, when it is waited for.
-class VirtualUSBWriteStream : public USBWriteStream {
+class VirtualUSBWriteStream : public USBStream {
 public:
     VirtualUSBWriteStream(std::shared_ptr<VirtualUSBPort> port, VirtualUSBPipe& pipe,
                           std::size_t requestSize, std::size_t depth);
 
     [[nodiscard]] std::span<std::byte> buffer() override;
     USBCode submit(std::size_t length) override;
-    USBCode next(std::size_t& transferred, USBTimeouts timeouts) override;
+    USBCode next(USBTransferred& done, USBTimeouts timeouts) override;
     [[nodiscard]] std::size_t inFlight() const override {
         return lengths_.size();
     }

@@ -110,14 +110,14 @@ TEST_F(USBBusProbe, idleStreamTimesOutAndEndsAtOnce) {
     claim();
     const auto start = steady_clock::now();
     {
-        const auto stream = interface->readStream(in, 4096, 3);
+        const auto stream = interface->stream(in, 4096, 3);
         EXPECT_EQ(stream->submit(100), usb::badArgument);
         for (int i = 0; i < 3; ++i)
             ASSERT_EQ(stream->submit(4096), usb::success);
         EXPECT_EQ(stream->submit(4096), usb::badArgument) << "more reads than its depth";
-        std::span<const std::byte> data;
-        EXPECT_EQ(stream->next(data, impatient), usb::timeout);
-        EXPECT_THAT(data, IsEmpty());
+        USBTransferred done;
+        EXPECT_EQ(stream->next(done, impatient), usb::timeout);
+        EXPECT_THAT(done.bytes, IsEmpty());
         EXPECT_EQ(stream->inFlight(), 0u);
         ASSERT_EQ(stream->submit(4096), usb::success);
     }
@@ -186,12 +186,12 @@ TEST_F(USBBusProbe, unpluggingEndsReadsAndMakesTheIdStale) {
 
     claim();
     const auto closed = bus->device(entry.id);
-    auto stream = interface->readStream(in, 65536, 4);
+    auto stream = interface->stream(in, 65536, 4);
     for (int i = 0; i < 4; ++i)
         ASSERT_EQ(stream->submit(65536), usb::success);
     std::cout << "@@unplug" << std::endl;
-    std::span<const std::byte> data;
-    EXPECT_EQ(stream->next(data, {20s}), usb::noDevice);
+    USBTransferred done;
+    EXPECT_EQ(stream->next(done, {20s}), usb::noDevice);
     ASSERT_TRUE(awaitEvents(1));
     EXPECT_EQ(log.events[0].kind, USBEvent::Kind::detached);
     EXPECT_EQ(log.events[0].entry, entry);

@@ -57,8 +57,8 @@ std::size_t MTPContainerReader::readSize() const {
 
 USBCode MTPContainerReader::startRead() {
     if (!reads_)
-        reads_ = pipes_.connection.interface->readStream(pipes_.connection.inPipe, readSize(),
-                                                         containersPerTransaction);
+        reads_ = pipes_.connection.interface->stream(pipes_.connection.inPipe, readSize(),
+                                                     containersPerTransaction);
     return reads_ ? reads_->submit(readSize()) : usb::noMemory;
 }
 
@@ -79,8 +79,9 @@ USBCode MTPContainerReader::readOnce(USBTimeouts timeouts) {
     USBCode code = readsInFlight() > 0 ? usb::success : startRead();
     if (code != usb::success)
         return code;
-    ByteView arrived;
-    code = reads_->next(arrived, timeouts);
+    USBTransferred read;
+    code = reads_->next(read, timeouts);
+    const ByteView arrived = read.bytes;
     incomingStream_.insert(incomingStream_.end(), arrived.begin(), arrived.end());
     lastReadWasFull_ = arrived.size() == readSize();
     return code;
@@ -261,7 +262,7 @@ void MTPContainerReader::receivePayload(std::uint64_t size, const MTPDataSink& s
     const auto depth = static_cast<std::size_t>(
         std::min<std::uint64_t>(streamDepth, (size - received - 1) / requestSize + 1));
     const auto stream =
-        pipes_.connection.interface->readStream(pipes_.connection.inPipe, requestSize, depth);
+        pipes_.connection.interface->stream(pipes_.connection.inPipe, requestSize, depth);
     check(stream ? usb::success : usb::noMemory);
     std::deque<std::size_t> inFlight; // lengths of the reads, oldest first
     std::uint64_t requested = 0;      // their sum
@@ -274,8 +275,9 @@ void MTPContainerReader::receivePayload(std::uint64_t size, const MTPDataSink& s
             inFlight.push_back(length);
             requested += length;
         }
-        ByteView arrived;
-        check(stream->next(arrived, pipes_.timeouts()));
+        USBTransferred read;
+        check(stream->next(read, pipes_.timeouts()));
+        const ByteView arrived = read.bytes;
         lastReadWasFull_ = arrived.size() == inFlight.front();
         requested -= inFlight.front();
         inFlight.pop_front();

@@ -64,8 +64,8 @@ private:
     [[nodiscard]] bool isAbandoned(const MTPContainerHeader& header);
 
     const MTPPipes pipes_;
-    std::unique_ptr<USBReadStream> reads_; ///< of readSize() each, made by the first one
-    Bytes incomingStream_;                 ///< read from the device, not handed out yet
+    std::unique_ptr<USBStream> reads_; ///< of readSize() each, made by the first one
+    Bytes incomingStream_;             ///< read from the device, not handed out yet
     /// The last container carried data.
     bool afterData_ = false;
     std::uint32_t dataID_ = 0; ///< transaction of the last container that did

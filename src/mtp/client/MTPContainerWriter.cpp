@@ -99,15 +99,15 @@ void MTPContainerWriter::sendContainer(const MTPContainerHeader& header, std::ui
     const auto requestSize =
         static_cast<std::size_t>(std::min<std::uint64_t>(chunkSize, content.size()));
     const std::uint64_t chunks = (content.size() + chunkSize - 1) / chunkSize;
-    const auto stream = pipes_.connection.interface->writeStream(
+    const auto stream = pipes_.connection.interface->stream(
         pipes_.connection.outPipe, requestSize,
         static_cast<std::size_t>(std::min<std::uint64_t>(chunks, streamDepth)));
     if (!stream)
         fail(usb::noMemory);
     const auto awaitOldest = [&](USBTimeouts timeouts) {
-        std::size_t transferred = 0;
-        const USBCode code = stream->next(transferred, timeouts);
-        written_ += transferred;
+        USBTransferred done;
+        const USBCode code = stream->next(done, timeouts);
+        written_ += done.count;
         return code;
     };
     try {

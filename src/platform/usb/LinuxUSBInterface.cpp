@@ -3,7 +3,7 @@
 #include "platform/usb/LibusbCodes.h"
 #include "platform/usb/LibusbHandle.h"
 #include "platform/usb/LibusbTransfer.h"
-#include "platform/usb/LinuxUSBTransferQueue.h"
+#include "platform/usb/LinuxUSBStream.h"
 
 #include <algorithm>
 
@@ -51,58 +51,6 @@ std::size_t roundUpToPackets(std::size_t length, std::size_t packet) {
 void copy(std::span<std::byte> to, std::span<const std::byte> from) {
     std::ranges::copy(from.first(std::min(from.size(), to.size())), to.begin());
 }
-
-/// Reads in flight on one pipe. What next() hands out lies in the transfer's own buffer.
-class ReadStream : public USBReadStream {
-public:
-    /// Constructed as the queue is.
-    template <typename... Arguments>
-    explicit ReadStream(Arguments&&... arguments) : queue_(std::forward<Arguments>(arguments)...) {}
-
-    USBCode submit(std::size_t length) override {
-        const std::uint16_t packet = queue_.pipe().maxPacketSize;
-        const bool isWholePackets = packet == 0 || length % packet == 0;
-        return length == 0 || !isWholePackets ? usb::badArgument : queue_.submit(length);
-    }
-    USBCode next(std::span<const std::byte>& data, USBTimeouts timeouts) override {
-        const LinuxUSBTransferQueue::Done done = queue_.next(timeouts);
-        data = done.bytes;
-        return done.code;
-    }
-    [[nodiscard]] std::size_t inFlight() const override {
-        return queue_.inFlight();
-    }
-
-private:
-    LinuxUSBTransferQueue queue_;
-};
-
-/// Writes in flight on one pipe, from the transfers' own buffers.
-class WriteStream : public USBWriteStream {
-public:
-    /// Constructed as the queue is.
-    template <typename... Arguments>
-    explicit WriteStream(Arguments&&... arguments)
-        : queue_(std::forward<Arguments>(arguments)...) {}
-
-    [[nodiscard]] std::span<std::byte> buffer() override {
-        return queue_.buffer();
-    }
-    USBCode submit(std::size_t length) override {
-        return queue_.submit(length);
-    }
-    USBCode next(std::size_t& transferred, USBTimeouts timeouts) override {
-        const LinuxUSBTransferQueue::Done done = queue_.next(timeouts);
-        transferred = done.transferred;
-        return done.code;
-    }
-    [[nodiscard]] std::size_t inFlight() const override {
-        return queue_.inFlight();
-    }
-
-private:
-    LinuxUSBTransferQueue queue_;
-};
 
 } // namespace
 
@@ -195,11 +143,10 @@ USBCode LinuxUSBInterface::clearPipeStallBothEnds(std::uint8_t pipe) {
     return usbCodeOfError(libusb_clear_halt(handle_.get(), addresses_[pipe - 1U]));
 }
 
-template <typename Stream>
-std::unique_ptr<Stream> LinuxUSBInterface::stream(std::uint8_t pipe, USBDirection direction,
-                                                  std::size_t requestSize,
-                                                  std::size_t depth) const {
-    const auto end = dataPipe(pipe, direction);
+std::unique_ptr<USBStream> LinuxUSBInterface::stream(std::uint8_t pipe, std::size_t requestSize,
+                                                     std::size_t depth) {
+    const auto in = dataPipe(pipe, USBDirection::in);
+    const auto end = in ? in : dataPipe(pipe, USBDirection::out);
     if (!open_ || !end || requestSize < 1 || requestSize > maxRequestSize || depth < 1 ||
         depth > maxStreamDepth)
         return nullptr;
@@ -210,17 +157,7 @@ std::unique_ptr<Stream> LinuxUSBInterface::stream(std::uint8_t pipe, USBDirectio
         if (!transfers.back())
             return nullptr;
     }
-    return std::make_unique<Stream>(std::move(transfers), end->address, end->properties);
-}
-
-std::unique_ptr<USBReadStream>
-LinuxUSBInterface::readStream(std::uint8_t pipe, std::size_t requestSize, std::size_t depth) {
-    return stream<ReadStream>(pipe, USBDirection::in, requestSize, depth);
-}
-
-std::unique_ptr<USBWriteStream>
-LinuxUSBInterface::writeStream(std::uint8_t pipe, std::size_t requestSize, std::size_t depth) {
-    return stream<WriteStream>(pipe, USBDirection::out, requestSize, depth);
+    return std::make_unique<LinuxUSBStream>(std::move(transfers), end->address, end->properties);
 }
 
 USBCode LinuxUSBInterface::controlRequest(const USBControlRequest& request,

@@ -85,41 +85,29 @@ struct USBControlRequest {
     std::uint16_t index = 0;
 };
 
-/// Several reads of one IN pipe in flight at once, so that the pipe never idles between two of
-/// them. They complete in the order in which they were submitted. One thread uses a stream.
-class USBReadStream {
-public:
-    /// Cancels what is in flight and waits until the platform has let go of the buffers.
-    virtual ~USBReadStream() = default;
-
-    /// Starts a read of `length` bytes: a multiple of the packet size, at most the request size
-    /// that the stream was made with. usb::badArgument when `depth` reads are in flight already.
-    virtual USBCode submit(std::size_t length) = 0;
-
-    /// Waits for the oldest read. `data` is what arrived: fewer bytes than asked for when a short
-    /// packet ended it. The bytes stay valid until the next call of submit() or next().
-    /// After any code but usb::success the remaining reads are cancelled.
-    virtual USBCode next(std::span<const std::byte>& data, USBTimeouts timeouts) = 0;
-
-    [[nodiscard]] virtual std::size_t inFlight() const = 0;
+/// What has become of the oldest transfer of a stream.
+struct USBTransferred {
+    std::span<const std::byte> bytes; ///< of it; valid until the next call of submit() or next()
+    std::size_t count = 0;            ///< in all transfers that ended with it
 };
 
-/// Several writes of one OUT pipe in flight at once, so that the pipe never idles between two of
+/// Several transfers of one pipe in flight at once, so that the pipe never idles between two of
 /// them. They complete in the order in which they were submitted. One thread uses a stream.
-class USBWriteStream {
+class USBStream {
 public:
     /// Cancels what is in flight and waits until the platform has let go of the buffers.
-    virtual ~USBWriteStream() = default;
+    virtual ~USBStream() = default;
 
-    /// Room for the next write, of the request size that the stream was made with; empty when
-    /// `depth` writes are in flight.
+    /// Room for what the next transfer writes, of the request size that the stream was made with;
+    /// empty when `depth` are in flight. On an IN pipe nobody needs it.
     [[nodiscard]] virtual std::span<std::byte> buffer() = 0;
-    /// Starts to write the first `length` bytes of buffer(), in one transfer.
+    /// Starts a transfer of `length` bytes, at most the request size: those in front of buffer(),
+    /// or on an IN pipe, where it is a multiple of the packet size, as many as come. A read ends
+    /// early with a short packet. usb::badArgument when `depth` are in flight already.
     virtual USBCode submit(std::size_t length) = 0;
-
-    /// Waits for the oldest write. After any code but usb::success the remaining writes are
-    /// cancelled, and `transferred` is what left of all of them.
-    virtual USBCode next(std::size_t& transferred, USBTimeouts timeouts) = 0;
+    /// Waits for the oldest transfer. After any code but usb::success the remaining ones are
+    /// cancelled.
+    virtual USBCode next(USBTransferred& done, USBTimeouts timeouts) = 0;
 
     [[nodiscard]] virtual std::size_t inFlight() const = 0;
 };
@@ -176,15 +164,10 @@ public:
                                 std::size_t& transferred, USBTimeouts timeouts) = 0;
     virtual USBCode clearPipeStallBothEnds(std::uint8_t pipe) = 0;
 
-    /// A stream of at most `depth` reads of at most `requestSize` bytes each on an IN pipe; null
-    /// when the platform has no memory for it.
-    [[nodiscard]] virtual std::unique_ptr<USBReadStream>
-    readStream(std::uint8_t pipe, std::size_t requestSize, std::size_t depth) = 0;
-
-    /// A stream of at most `depth` writes of at most `requestSize` bytes each on an OUT pipe; null
-    /// when the platform has no memory for it.
-    [[nodiscard]] virtual std::unique_ptr<USBWriteStream>
-    writeStream(std::uint8_t pipe, std::size_t requestSize, std::size_t depth) = 0;
+    /// A stream of at most `depth` transfers of at most `requestSize` bytes each on a bulk or
+    /// interrupt pipe; null when the platform has no memory for it.
+    [[nodiscard]] virtual std::unique_ptr<USBStream>
+    stream(std::uint8_t pipe, std::size_t requestSize, std::size_t depth) = 0;
 
     /// Control request on the default pipe; `data` is sent or filled according to the direction.
     virtual USBCode controlRequest(const USBControlRequest& request, std::span<std::byte> data,
