@@ -16,9 +16,8 @@ constexpr QLatin1Char slash('/');
 AFCLink::AFCLink(const QString& udid, const QString& bundleId, const IPhoneHelper::Limits& limits,
                  const std::stop_token& stop)
     : IPhoneHelper(udid, limits) {
-    const auto answer = IPhoneHelper::ask(HelperOperation::open, helperArguments(bundleId), stop);
-    *answer >> workingRootPath_;
-    requireSense(answer->status() == QDataStream::Ok && workingRootPath_.startsWith(slash));
+    workingRootPath_ = askFor<QString>(HelperOperation::open, helperArguments(bundleId), stop);
+    requireSense(workingRootPath_.startsWith(slash));
 }
 
 QString AFCLink::inContainer(const QString& path) const {

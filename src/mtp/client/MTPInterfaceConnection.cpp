@@ -45,29 +45,28 @@ std::vector<USBDeviceEntry> candidates(USBBus& bus, const MTPDeviceAddress& addr
     return found;
 }
 
-/// Bulk in, bulk out, and interrupt in: what MTP needs, and nothing more.
-bool hasPipesOfMTP(const USBInterface& interface) {
-    constexpr int wanted = 3;
-    if (interface.endpointCount() != wanted)
-        return false;
-    std::array<bool, wanted> has{};
-    for (std::uint8_t pipe = 1; pipe <= wanted; ++pipe) {
-        const auto properties = interface.pipeProperties(pipe);
-        if (!properties)
-            return false;
-        const bool isIn = properties->direction == USBDirection::in;
-        if (properties->transferType == USBTransferType::bulk)
-            has[isIn ? 0 : 1] = true;
-        else if (properties->transferType == USBTransferType::interrupt && isIn)
-            has[2] = true;
+/// Fills in which pipes an interface has; false when it has not both that MTP cannot do without.
+bool findPipes(const USBInterface& interface, MTPInterfaceConnection& connection) {
+    connection.inPipe = connection.outPipe = connection.eventPipe = 0;
+    for (int number = 1; number <= interface.endpointCount(); ++number) {
+        const auto pipe = static_cast<std::uint8_t>(number);
+        const USBPipeProperties properties = *interface.pipeProperties(pipe);
+        const bool isIn = properties.direction == USBDirection::in;
+        if (properties.transferType == USBTransferType::interrupt && isIn)
+            connection.eventPipe = pipe;
+        if (properties.transferType != USBTransferType::bulk)
+            continue;
+        (isIn ? connection.inPipe : connection.outPipe) = pipe;
+        connection.maxPacketSize =
+            properties.maxPacketSize < 8 ? fallbackPacketSize : properties.maxPacketSize;
     }
-    return has[0] && has[1] && has[2];
+    return connection.inPipe != 0 && connection.outPipe != 0;
 }
 
-bool isCalledMTP(const USBInterface& interface, const USBDeviceEntry& entry) {
-    return std::any_of(entry.interfaces.begin(), entry.interfaces.end(), [&](const auto& one) {
-        return one.number == interface.number() && one.name.contains(QLatin1StringView("MTP"));
-    });
+/// Bulk in, bulk out, and interrupt in: what MTP needs, and nothing more.
+bool hasPipesOfMTP(const USBInterface& interface) {
+    MTPInterfaceConnection found;
+    return interface.endpointCount() == 3 && findPipes(interface, found) && found.eventPipe != 0;
 }
 
 /// How likely an interface speaks MTP, the likeliest first; no value for one that does not. Adb and
@@ -78,14 +77,14 @@ std::optional<int> rankOf(const USBInterface& interface, const USBDeviceEntry& e
     if (interface.interfaceClass() != vendorClass ||
         interface.interfaceSubclass() == vendorADBSubclass)
         return std::nullopt;
-    if (isCalledMTP(interface, entry))
+    const auto known =
+        std::ranges::find(entry.interfaces, interface.number(), &USBInterfaceEntry::number);
+    const bool isKnown = known != entry.interfaces.end();
+    if (isKnown && known->name.contains(QLatin1StringView("MTP")))
         return 1;
     if (interface.interfaceSubclass() == vendorMTPSubclass)
         return 2;
-    const bool hasProtocol =
-        std::any_of(entry.interfaces.begin(), entry.interfaces.end(), [&](const auto& one) {
-            return one.number == interface.number() && one.protocol != 0;
-        });
+    const bool hasProtocol = isKnown && known->protocol != 0;
     const bool isCandidate =
         interface.interfaceSubclass() == vendorClass && !hasProtocol && hasPipesOfMTP(interface);
     return isCandidate ? std::optional(3) : std::nullopt;
@@ -109,23 +108,6 @@ USBCode openInterface(USBInterface& interface) {
     std::this_thread::sleep_for(releasePause);
     code = interface.open();
     return code == usb::success ? code : interface.openSeize();
-}
-
-bool findPipes(MTPInterfaceConnection& connection) {
-    const int count = connection.interface->endpointCount();
-    for (int number = 1; number <= count; ++number) {
-        const auto pipe = static_cast<std::uint8_t>(number);
-        const auto properties = connection.interface->pipeProperties(pipe);
-        if (properties && properties->transferType == USBTransferType::interrupt &&
-            properties->direction == USBDirection::in)
-            connection.eventPipe = pipe;
-        if (!properties || properties->transferType != USBTransferType::bulk)
-            continue;
-        (properties->direction == USBDirection::in ? connection.inPipe : connection.outPipe) = pipe;
-        connection.maxPacketSize =
-            properties->maxPacketSize < 8 ? fallbackPacketSize : properties->maxPacketSize;
-    }
-    return connection.inPipe != 0 && connection.outPipe != 0;
 }
 
 MTPFailure openError(USBCode code) {
@@ -170,7 +152,7 @@ MTPInterfaceConnection openMTPInterface(USBBus& bus, const MTPDeviceAddress& add
                 continue;
             }
             connection.interface = std::move(interface);
-            if (findPipes(connection))
+            if (findPipes(*connection.interface, connection))
                 return connection;
             connection.interface.reset();
         }

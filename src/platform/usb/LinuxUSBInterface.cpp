@@ -93,6 +93,12 @@ std::optional<LinuxUSBInterface::Pipe> LinuxUSBInterface::dataPipe(std::uint8_t 
     return carriesData ? std::optional(Pipe{addresses_[number - 1U], *properties}) : std::nullopt;
 }
 
+USBCode LinuxUSBInterface::carryOut(LibusbTransfer& transfer, const Pipe& pipe, std::size_t length,
+                                    USBTimeouts timeouts) {
+    const USBCode code = transfer.submit(pipe.address, libusbType(pipe.properties), length);
+    return code == usb::success ? transfer.finish(deadline(timeouts.limit), timeouts.stop) : code;
+}
+
 USBCode LinuxUSBInterface::readPipeTO(std::uint8_t pipe, std::span<std::byte> buffer,
                                       std::size_t& transferred, USBTimeouts timeouts) {
     transferred = 0;
@@ -105,10 +111,7 @@ USBCode LinuxUSBInterface::readPipeTO(std::uint8_t pipe, std::span<std::byte> bu
     const auto transfer = LibusbTransfer::make(handle_, length, Memory::heap);
     if (!transfer)
         return usb::noMemory;
-    USBCode code = transfer->submit(source->address, libusbType(source->properties), length);
-    if (code != usb::success)
-        return code;
-    code = transfer->finish(deadline(timeouts.limit), timeouts.stop);
+    const USBCode code = carryOut(*transfer, *source, length, timeouts);
     const std::size_t arrived = transfer->transferred();
     copy(buffer, transfer->buffer().first(arrived));
     transferred = std::min(arrived, buffer.size());
@@ -127,10 +130,7 @@ USBCode LinuxUSBInterface::writePipeTO(std::uint8_t pipe, std::span<const std::b
     if (!transfer)
         return usb::noMemory;
     copy(transfer->buffer(), data);
-    USBCode code = transfer->submit(target->address, libusbType(target->properties), data.size());
-    if (code != usb::success)
-        return code;
-    code = transfer->finish(deadline(timeouts.limit), timeouts.stop);
+    const USBCode code = carryOut(*transfer, *target, data.size(), timeouts);
     transferred = transfer->transferred();
     return code;
 }

@@ -9,6 +9,7 @@
 namespace tessary {
 
 class LibusbHandle;
+class LibusbTransfer;
 
 /// An interface behind usbfs, in its first alternate setting.
 class LinuxUSBInterface : public USBInterface {
@@ -46,6 +47,8 @@ private:
     };
 
     USBCode claim(bool fromKernel);
+    [[nodiscard]] static USBCode carryOut(LibusbTransfer& transfer, const Pipe& pipe,
+                                          std::size_t length, USBTimeouts timeouts);
     [[nodiscard]] std::optional<Pipe> dataPipe(std::uint8_t number, USBDirection direction) const;
 
     const LibusbHandle& handle_;
