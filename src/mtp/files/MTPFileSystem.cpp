@@ -1,7 +1,6 @@
 #include "mtp/files/MTPFileSystem.h"
 
 #include "base/text/PathNames.h"
-#include "mtp/files/MTPFileEdits.h"
 #include "mtp/files/MTPFileItems.h"
 #include "mtp/files/MTPFileReader.h"
 #include "mtp/files/MTPFileWriter.h"
@@ -60,6 +59,19 @@ std::optional<QByteArray> readThumbnail(MTPTree& tree, const FileItem& file, qin
         return std::nullopt;
     }
     return picture.isEmpty() ? std::nullopt : std::optional(picture);
+}
+
+/// The folder that an object lies in.
+MTPFound folderOf(const MTPFound& found) {
+    return {found.location.folder(), {found.parent, std::nullopt}};
+}
+
+/// What was listed as `item`; PhoneError::wholeStorage for what is no single object.
+MTPFound findOne(MTPTree& tree, const FileItem& item, const std::stop_token& stop) {
+    MTPFound found = tree.findItem(item, stop);
+    if (!found.object.info)
+        throw Error(PhoneError::wholeStorage, {item.path});
+    return found;
 }
 
 } // namespace
@@ -165,26 +177,33 @@ qint64 MTPFileSystem::read(const FileItem& file, ByteRange range, const ByteSink
     return reader.received();
 }
 
+/// Runs `make(MTPFileWriter&)`, which makes a file or folder of this name. A file has a size.
+template <typename Make>
+FileItem MTPFileSystem::making(const QString& folder, const QString& name,
+                               std::optional<qint64> size, const Call& call, Make make) {
+    try {
+        return link_.inTurn(call, joinPath(folder, name), [&](MTPTree& tree) {
+            const MTPFound at = tree.requireFolder(folder, call.stop);
+            MTPFileWriter writer(tree, at, call.stop);
+            const MTPObjectInfo made = make(writer);
+            link_.noteEdit();
+            return fileItemOf(made, at.location, isBelowStorage(folder));
+        });
+    } catch (const Error& error) {
+        if (!error.is(PhoneError::notDone))
+            throw;
+        return findInNewSession(folder, name, size, error, call);
+    }
+}
+
 FileItem MTPFileSystem::write(const NewFile& file, const ByteSource& content,
                               const ByteProgress& progress, const Call& call) {
     if (file.staysWhenBroken && file.size >= MTPPieceWriter::smallestFile &&
         capabilities(call).appends)
         return writeInPieces(MTPPieceWriter(file, content, progress, call.stop),
                              joinPath(file.folder, file.name), call);
-    const auto work = [&](MTPTree& tree) {
-        const MTPFound folder = tree.requireFolder(file.folder, call.stop);
-        MTPFileWriter writer(tree, folder, call.stop);
-        const MTPObjectInfo made = writer.writeFile(file, content, progress);
-        link_.noteEdit();
-        return fileItemOf(made, folder.location, isBelowStorage(file.folder));
-    };
-    try {
-        return link_.inTurn(call, joinPath(file.folder, file.name), work);
-    } catch (const Error& error) {
-        if (!error.is(PhoneError::notDone))
-            throw;
-        return findInNewSession(file.folder, file.name, file.size, error, call);
-    }
+    return making(file.folder, file.name, file.size, call,
+                  [&](MTPFileWriter& writer) { return writer.writeFile(file, content, progress); });
 }
 
 FileItem MTPFileSystem::append(const FileItem& begun, qint64 keptBytes, const NewFile& whole,
@@ -209,23 +228,12 @@ FileItem MTPFileSystem::writeInPieces(MTPPieceWriter writer, const QString& path
 }
 
 FileItem MTPFileSystem::makeFolder(const QString& parent, const QString& name, const Call& call) {
-    const auto work = [&](MTPTree& tree) {
-        const MTPFound folder = tree.requireFolder(parent, call.stop);
-        const MTPObjectInfo made = MTPFileWriter(tree, folder, call.stop).makeFolder(name);
-        link_.noteEdit();
-        return fileItemOf(made, folder.location, isBelowStorage(parent));
-    };
-    try {
-        return link_.inTurn(call, joinPath(parent, name), work);
-    } catch (const Error& error) {
-        if (!error.is(PhoneError::notDone))
-            throw;
-        return findInNewSession(parent, name, std::nullopt, error, call);
-    }
+    return making(parent, name, std::nullopt, call,
+                  [&](MTPFileWriter& writer) { return writer.makeFolder(name); });
 }
 
-/// What the phone said that it has made and does not show: some show it to a new session only. A
-/// file has a size. Throws `failure` when it is not there either.
+/// What the phone said that it has made and does not show: some show it to a new session only.
+/// Throws `failure` when it is not there either.
 FileItem MTPFileSystem::findInNewSession(const QString& folder, const QString& name,
                                          std::optional<qint64> size, const Error& failure,
                                          const Call& call) {
@@ -238,22 +246,34 @@ FileItem MTPFileSystem::findInNewSession(const QString& folder, const QString& n
     return *made;
 }
 
-/// Runs `edit(MTPFileEdits&)` on an item.
-template <typename Edit>
-auto MTPFileSystem::editing(const FileItem& item, const Call& call, Edit edit) {
-    return link_.inTurn(call, item.path, [&](MTPTree& tree) {
-        MTPFileEdits edits(tree, call.stop, [this] { link_.noteEdit(); });
-        return edit(edits);
+void MTPFileSystem::remove(const FileItem& item, const Call& call) {
+    link_.inTurn(call, item.path, [&](MTPTree& tree) {
+        const MTPFound found = findOne(tree, item, call.stop);
+        // Phones delete what is in a folder along with it: looked at right before.
+        if (found.object.isDirectory() &&
+            !tree.childHandles(found.location.storageID, found.object.handle).empty())
+            throw Error(PhoneError::folderNotEmpty, {item.path});
+        tree.client().deleteObject(found.object.handle);
+        tree.removed(found);
+        link_.noteEdit();
     });
 }
 
-void MTPFileSystem::remove(const FileItem& item, const Call& call) {
-    editing(item, call, [&](MTPFileEdits& edits) { edits.remove(item); });
-}
-
 void MTPFileSystem::removeTree(const FileItem& item, const Call& call) {
-    const bool isDone =
-        editing(item, call, [&](MTPFileEdits& edits) { return edits.removeTree(item); });
+    const bool isDone = link_.inTurn(call, item.path, [&](MTPTree& tree) {
+        const MTPFound found = findOne(tree, item, call.stop);
+        try {
+            tree.client().deleteObject(found.object.handle);
+        } catch (const MTPFailure& failure) {
+            tree.doubt(); // a part of it may be gone
+            if (!found.object.isDirectory() || endsSession(failure))
+                throw;
+            return false;
+        }
+        tree.removed(found);
+        link_.noteEdit();
+        return true;
+    });
     if (!isDone)
         PhoneFileSystem::removeTree(item, call);
 }
@@ -263,11 +283,55 @@ FileItem MTPFileSystem::rename(const FileItem& item, const QString& newName, Tak
     requireMTPName(newName);
     if (taken == TakenName::replaced)
         throw Error(PhoneError::notSupported, {item.path});
-    return editing(item, call, [&](MTPFileEdits& edits) { return edits.rename(item, newName); });
+    return link_.inTurn(call, item.path, [&](MTPTree& tree) {
+        const MTPFound found = findOne(tree, item, call.stop);
+        if (newName == item.name)
+            return item;
+        // Some phones would put the item in the place of the one that has this name.
+        const MTPFound folder = folderOf(found);
+        const std::uint32_t handle = found.object.handle;
+        requireFreeMTPName(tree.contents(folder, call.stop), newName, handle);
+        tree.client().renameObject(handle, newName);
+        tree.removed(found);
+        link_.noteEdit();
+        const auto renamed =
+            tree.confirm(handle, newName, folder.location.storageID, folder.object.handle);
+        if (!renamed)
+            throw Error(PhoneError::notDone, {item.path});
+        tree.added(folder, *renamed);
+        return fileItemOf(*renamed, folder.location, isBelowStorage(item.path));
+    });
 }
 
 FileItem MTPFileSystem::move(const FileItem& item, const QString& newFolder, const Call& call) {
-    return editing(item, call, [&](MTPFileEdits& edits) { return edits.move(item, newFolder); });
+    return link_.inTurn(call, item.path, [&](MTPTree& tree) {
+        const MTPFound found = findOne(tree, item, call.stop);
+        const MTPFound target = tree.requireFolder(newFolder, call.stop);
+        const std::uint32_t storageID = found.location.storageID;
+        if (target.location.storageID != storageID)
+            throw Error(PhoneError::otherStorage, {item.path});
+        if (isAtOrBelow(target.location.path, found.location.path))
+            throw Error(PhoneError::insideItself, {item.path});
+        requireFreeMTPName(tree.contents(target, call.stop), item.name);
+        try {
+            tree.client().moveObject(found.object.handle, storageID,
+                                     target.location.isRoot() ? 0 : target.object.handle);
+        } catch (const MTPFailure& failure) {
+            // The object is there, and so is the folder: then this phone just cannot move.
+            const Error error = phoneErrorOf(failure, item.path);
+            if (error.is(PhoneError::notFound) || error.is(PhoneError::refused))
+                throw Error(PhoneError::notSupported, {item.path}, *error.cause());
+            throw;
+        }
+        tree.removed(found);
+        link_.noteEdit();
+        const auto moved =
+            tree.confirm(found.object.handle, item.name, storageID, target.object.handle);
+        if (!moved)
+            throw Error(PhoneError::notDone, {item.path});
+        tree.added(target, *moved);
+        return fileItemOf(*moved, target.location, isBelowStorage(newFolder));
+    });
 }
 
 std::optional<QByteArray> MTPFileSystem::thumbnail(const FileItem& file, qint64 maxBytes,

@@ -57,8 +57,9 @@ public:
     [[nodiscard]] QStringList programsHolding() override;
 
 private:
-    template <typename Edit>
-    auto editing(const FileItem& item, const Call& call, Edit edit);
+    template <typename Make>
+    FileItem making(const QString& folder, const QString& name, std::optional<qint64> size,
+                    const Call& call, Make make);
     [[nodiscard]] FileItem writeInPieces(MTPPieceWriter writer, const QString& path,
                                          const Call& call);
     [[nodiscard]] FileItem findInNewSession(const QString& folder, const QString& name,
