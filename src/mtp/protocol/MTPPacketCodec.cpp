@@ -3,9 +3,9 @@
 #include "base/values/LittleEndian.h"
 
 #include <QLocale>
+#include <QRegularExpression>
 
 #include <algorithm>
-#include <array>
 #include <limits>
 
 namespace tessary {
@@ -31,98 +31,14 @@ Bytes beginContainer(MTPContainerType type, MTPOperationCode operation, std::uin
     return bytes;
 }
 
-/// A date and time in local time; no value when there is no such day or time. In the hour that a
-/// change to summer time leaves out, where QDateTime has no value, it is the time of a clock that
-/// was not put forward yet.
-std::optional<QDateTime> localDate(QDate date, QTime time) {
-    if (!date.isValid() || !time.isValid())
-        return std::nullopt;
+/// A date and time in local time. In the hour that a change to summer time leaves out, where
+/// QDateTime has no value, it is the time of a clock that was not put forward yet.
+QDateTime localDate(QDate date, QTime time) {
     const QDateTime local(date, time);
     if (local.isValid())
         return local;
     const int offset = QDateTime(date.addDays(-1), time).offsetFromUtc();
     return QDateTime(date, time, Qt::UTC).addSecs(-offset).toLocalTime();
-}
-
-/// The digits after the dot of a date, as milliseconds.
-std::optional<int> milliseconds(QStringView digits) {
-    int value = 0;
-    int weight = 100;
-    for (const QChar c : digits) {
-        if (c < QLatin1Char('0') || c > QLatin1Char('9'))
-            return std::nullopt;
-        value += weight * (c.unicode() - u'0');
-        weight /= 10;
-    }
-    return digits.isEmpty() ? std::nullopt : std::optional(value);
-}
-
-/// The date in `text` when it looks like `pattern`: a letter of "yMdHms" stands for one digit, a
-/// final "S" for one or more, anything else for itself. By hand since a listing parses two dates a
-/// file, and QLocale takes longer for them than for all the rest.
-std::optional<QDateTime> matchDate(QStringView text, QLatin1StringView pattern) {
-    constexpr QLatin1StringView letters("yMdHms");
-    std::array<int, 6> fields{};
-    const bool hasFraction = pattern.endsWith(QLatin1Char('S'));
-    const qsizetype fixedSize = pattern.size() - (hasFraction ? 1 : 0);
-    if (hasFraction ? text.size() < fixedSize : text.size() != fixedSize)
-        return std::nullopt;
-    for (qsizetype i = 0; i < fixedSize; ++i) {
-        const qsizetype letter = letters.indexOf(pattern[i]);
-        const QChar c = text[i];
-        if (letter < 0 ? c != pattern[i] : c < QLatin1Char('0') || c > QLatin1Char('9'))
-            return std::nullopt;
-        if (letter >= 0) {
-            int& field = fields[static_cast<std::size_t>(letter)];
-            field = 10 * field + (c.unicode() - u'0');
-        }
-    }
-    const auto fraction = hasFraction ? milliseconds(text.mid(fixedSize)) : std::optional(0);
-    if (!fraction)
-        return std::nullopt;
-    const auto [year, month, day, hour, minute, second] = fields;
-    return localDate(QDate(year, month, day), QTime(hour, minute, second, *fraction));
-}
-
-/// The zone that a date ends with.
-struct Zone {
-    int seconds = 0;    ///< east of Greenwich
-    qsizetype size = 0; ///< characters
-};
-
-/// "Z", "+0100" or "+01:00".
-std::optional<Zone> zoneAtEnd(QStringView text) {
-    if (text.endsWith(QLatin1Char('Z')))
-        return Zone{0, 1};
-    const qsizetype sign =
-        std::max(text.lastIndexOf(QLatin1Char('+')), text.lastIndexOf(QLatin1Char('-')));
-    if (sign < text.indexOf(QLatin1Char('T')) || sign < 0)
-        return std::nullopt;
-    QString digits = text.mid(sign + 1).toString();
-    digits.remove(QLatin1Char(':'));
-    bool isNumber = false;
-    const int number = digits.toInt(&isNumber);
-    constexpr int mostHours = 14;
-    const int hours = number / 100;
-    const int minutes = number % 100;
-    if (digits.size() != 4 || !isNumber || number < 0 || hours > mostHours || minutes > 59)
-        return std::nullopt;
-    const int seconds = (hours * 60 + minutes) * 60;
-    return Zone{text[sign] == QLatin1Char('-') ? -seconds : seconds, text.size() - sign};
-}
-
-/// ISO 8601, also in its basic form with a time zone ("20240131T235959Z").
-std::optional<QDateTime> isoDate(QString text) {
-    // Only whole date-times: the parser would also take a lone date.
-    const qsizetype separator = text.indexOf(QLatin1Char('T'));
-    if (separator < 0)
-        return std::nullopt;
-    if (separator == 8 && text.size() > 15) {
-        for (const auto& [at, mark] : {std::pair{13, u':'}, {11, u':'}, {6, u'-'}, {4, u'-'}})
-            text.insert(at, QChar(mark));
-    }
-    const QDateTime date = QDateTime::fromString(text, Qt::ISODate);
-    return date.isValid() ? std::optional(date) : std::nullopt;
 }
 
 } // namespace
@@ -295,25 +211,30 @@ QString MTPPacketCodec::decodeName(ByteView from, std::size_t at) {
 }
 
 std::optional<QDateTime> MTPPacketCodec::parseMTPDate(const QString& text) {
-    static constexpr std::array fractional{QLatin1StringView("yyyyMMddTHHmmss.S"),
-                                           QLatin1StringView("yyyy-MM-ddTHH:mm:ss.S")};
-    static constexpr std::array whole{QLatin1StringView("yyyyMMddTHHmmss"),
-                                      QLatin1StringView("yyyy-MM-ddTHH:mm:ss"),
-                                      QLatin1StringView("yyyy-MM-dd HH:mm:ss")};
-
-    const QString trimmed = text.trimmed();
-    if (trimmed.contains(QLatin1Char('.')))
-        if (const auto zone = zoneAtEnd(trimmed))
-            if (const auto date = parseMTPDate(trimmed.chopped(zone->size)))
-                return QDateTime(date->date(), date->time(), Qt::OffsetFromUTC, zone->seconds)
-                    .toLocalTime();
-    const bool hasFraction = trimmed.contains(QLatin1Char('.'));
-    for (const QLatin1StringView pattern : hasFraction
-                                               ? std::span<const QLatin1StringView>(fractional)
-                                               : std::span<const QLatin1StringView>(whole))
-        if (auto date = matchDate(trimmed, pattern))
-            return date;
-    return hasFraction ? std::nullopt : isoDate(trimmed);
+    // 1 year, 3 month, 4 day, 5 hour, 7 minute, 8 second, 9 fraction, 10 zone
+    static const QRegularExpression layout(QStringLiteral(
+        R"(^([0-9]{4})(-?)([0-9]{2})\2([0-9]{2})[T ]([0-9]{2})(:?)([0-9]{2})(?:\6([0-9]{2}))?)"
+        R"((?:\.([0-9]+))?(Z|[+-][0-9]{2}(?::?[0-9]{2})?)?$)"));
+    const QRegularExpressionMatch match = layout.match(text.trimmed());
+    if (!match.hasMatch())
+        return std::nullopt;
+    const auto number = [&match](int part) { return match.capturedView(part).toInt(); };
+    const int milliseconds = match.captured(9).left(3).leftJustified(3, QLatin1Char('0')).toInt();
+    const QDate date(number(1), number(3), number(4));
+    const QTime time(number(5), number(7), number(8), milliseconds);
+    if (!date.isValid() || !time.isValid())
+        return std::nullopt;
+    const QStringView zone = match.capturedView(10);
+    if (zone.isEmpty())
+        return localDate(date, time);
+    constexpr int mostHours = 14;
+    const int hours = zone.mid(1, 2).toInt();
+    const int minutes = zone.size() > 3 ? zone.right(2).toInt() : 0;
+    if (hours > mostHours || minutes > 59)
+        return std::nullopt;
+    const int east = (hours * 60 + minutes) * 60;
+    return QDateTime(date, time, Qt::OffsetFromUTC, zone[0] == QLatin1Char('-') ? -east : east)
+        .toLocalTime();
 }
 
 QString MTPPacketCodec::formatMTPDate(const QDateTime& date) {

@@ -86,9 +86,9 @@ public:
     /// with; empty when there is no string.
     [[nodiscard]] static QString decodeName(ByteView from, std::size_t at);
 
-    /// Dates are texts in local time ("20240131T235959", "2024-01-31T23:59:59", both also with a
-    /// fraction of a second, and "2024-01-31 23:59:59") or ISO 8601 with a time zone. No value for
-    /// anything else. White space around them does not count.
+    /// Dates are texts: "20240131T235959" or "2024-01-31T23:59:59", also with a blank for the "T"
+    /// or without seconds, with a fraction of a second, and with a time zone as in ISO 8601; else
+    /// they are in local time. No value for anything else. White space around them does not count.
     [[nodiscard]] static std::optional<QDateTime> parseMTPDate(const QString& text);
     /// "yyyyMMddTHHmmss" in local time.
     [[nodiscard]] static QString formatMTPDate(const QDateTime& date);
