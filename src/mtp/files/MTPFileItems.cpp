@@ -25,10 +25,6 @@ FileItem fileItemOf(const MTPObjectInfo& info, const MTPLocation& folder, bool a
             folder.prefix.isEmpty() ? identity : path};
 }
 
-FileItem rootItemOf(const MTPStorageInfo& storage, const MTPLocation& root) {
-    return {storage.storageDescription, root.shownPath(), true, 0, std::nullopt};
-}
-
 StorageVolume volumeOf(const MTPStorageInfo& info) {
     const auto clamped = [](std::uint64_t bytes) {
         return static_cast<std::uint64_t>(clampedByteCount(bytes));

@@ -14,9 +14,6 @@ namespace tessary {
 /// An entry of a folder.
 [[nodiscard]] FileItem fileItemOf(const MTPObjectInfo& info, const MTPLocation& folder,
                                   bool askedBelowStorage = false);
-/// The root of a storage, as a folder called after it.
-[[nodiscard]] FileItem rootItemOf(const MTPStorageInfo& storage, const MTPLocation& root);
-
 [[nodiscard]] StorageVolume volumeOf(const MTPStorageInfo& info);
 
 } // namespace tessary

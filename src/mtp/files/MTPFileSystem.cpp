@@ -162,7 +162,10 @@ std::optional<FileItem> MTPFileSystem::find(const QString& path, const Call& cal
             return std::nullopt;
         if (found->object.info)
             return fileItemOf(*found->object.info, found->location.folder());
-        return rootItemOf(tree.client().getStorageInfo(found->location.storageID), found->location);
+        // The root of a storage, as a folder called after it.
+        const MTPStorageInfo storage = tree.client().getStorageInfo(found->location.storageID);
+        return FileItem(storage.storageDescription, found->location.shownPath(), true, 0,
+                        std::nullopt);
     });
 }
 
