@@ -174,7 +174,7 @@ TEST(IPhoneHelper, thatCannotBeUsedIsAnError) {
         const auto begin = std::chrono::steady_clock::now();
         EXPECT_THAT(errorOf([&] {
                         IPhoneHelper helper(u"x"_s, limits);
-                        (void)helper.ask(HelperOperation::facts);
+                        (void)helper.askFor<IPhoneFacts>(HelperOperation::facts);
                     }),
                     StartsWith(row.error));
         EXPECT_LT(std::chrono::steady_clock::now() - begin, soon);

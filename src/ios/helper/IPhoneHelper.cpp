@@ -46,23 +46,23 @@ IPhoneHelper::IPhoneHelper(const QString& udid, Limits limits)
     }
 }
 
-std::unique_ptr<QDataStream> IPhoneHelper::ask(HelperOperation operation,
-                                               const QByteArray& arguments,
-                                               const std::stop_token& stop) {
+/// The bytes of a result.
+QByteArray IPhoneHelper::ask(HelperOperation operation, const QByteArray& arguments,
+                             const std::stop_token& stop) {
     const auto code = static_cast<char>(operation);
     const ChildChannel::Answer answer = channel_->ask(
         QByteArray(1, code) + arguments, limits_.longestAnswer, limits_.patience, stop);
     if (answer.outcome != Outcome::answered)
         fail(answer.outcome);
-    auto stream = std::make_unique<QDataStream>(answer.message);
+    QDataStream stream(answer.message);
     bool isLost = false;
     bool wentWell = false;
-    *stream >> isLost >> wentWell;
+    stream >> isLost >> wentWell;
     if (isLost)
         isLost_ = true;
-    if (stream->status() == QDataStream::Ok && wentWell)
-        return stream;
-    const auto error = readError(*stream);
+    if (stream.status() == QDataStream::Ok && wentWell)
+        return answer.message.sliced(stream.device()->pos());
+    const auto error = readError(stream);
     requireSense(error.has_value());
     throw Error(*error);
 }

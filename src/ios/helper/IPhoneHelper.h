@@ -30,21 +30,17 @@ public:
     /// Starts it; it does nothing yet. PhoneError::notReachable when it cannot be started.
     explicit IPhoneHelper(const QString& udid, Limits limits = {});
 
-    /// Asks for something and returns a stream at the beginning of the result, never null. Throws
-    /// the error that comes back instead. CancellationError at once when `stop` asks: the helper is
-    /// ended then. It is also ended when it is silent (PhoneError::noAnswer), when it has died,
-    /// says too much or makes no sense (PhoneError::nonsense over IPhoneError::helper).
-    [[nodiscard]] std::unique_ptr<QDataStream> ask(HelperOperation operation,
-                                                   const QByteArray& arguments = {},
-                                                   const std::stop_token& stop = {});
-    /// The same where the result is one value.
+    /// Asks for something and returns the result. Throws the error that comes back instead, and
+    /// PhoneError::nonsense for what is no such result. CancellationError at once when `stop` asks:
+    /// the helper is ended then. It is also ended when it is silent (PhoneError::noAnswer), when it
+    /// has died, says too much or makes no sense (PhoneError::nonsense over IPhoneError::helper).
     template <typename Result>
     [[nodiscard]] Result askFor(HelperOperation operation, const QByteArray& arguments = {},
                                 const std::stop_token& stop = {}) {
-        const auto answer = ask(operation, arguments, stop);
+        QDataStream answer(ask(operation, arguments, stop));
         Result result{};
-        *answer >> result;
-        requireSense(answer->status() == QDataStream::Ok);
+        answer >> result;
+        requireSense(answer.status() == QDataStream::Ok);
         return result;
     }
     /// Ends it and throws PhoneError::nonsense unless `makesSense`.
@@ -69,6 +65,8 @@ public:
     }
 
 private:
+    [[nodiscard]] QByteArray ask(HelperOperation operation, const QByteArray& arguments,
+                                 const std::stop_token& stop);
     [[noreturn]] void fail(ChildChannel::Outcome outcome);
 
     const Limits limits_;
