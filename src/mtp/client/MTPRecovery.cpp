@@ -23,27 +23,20 @@ constexpr auto statusPollInterval = 20ms;
 constexpr auto quietTime = 300ms;
 constexpr std::size_t drainReadSize = 0x40000;
 
-/// Whether there is no more time for it.
-class Bounds {
-public:
-    explicit Bounds(const MTPWaits& waits)
-        : deadline_(Clock::now() + waits.patience), stop_(waits.stop) {}
-    [[nodiscard]] bool areReached() const {
-        return Clock::now() >= deadline_ || stop_.stop_requested();
-    }
-
-private:
-    const Clock::time_point deadline_;
-    const std::stop_token& stop_;
-};
+/// Tells whether there is no more time.
+auto endOf(const MTPWaits& waits) {
+    return [deadline = Clock::now() + waits.patience, &stop = waits.stop] {
+        return Clock::now() >= deadline || stop.stop_requested();
+    };
+}
 
 /// Waits while the device says that it is busy, and clears the halts that it tells of.
 void awaitCancelled(const MTPInterfaceConnection& connection, const MTPWaits& waits) {
     USBInterface& interface = *connection.interface;
     USBControlRequest request = deviceStatusRequest;
     request.index = interface.number();
-    const Bounds bounds(waits);
-    while (!bounds.areReached()) {
+    const auto isOver = endOf(waits);
+    while (!isOver()) {
         std::array<std::byte, 32> status{};
         std::size_t transferred = 0;
         const USBCode code = interface.controlRequest(request, status, transferred, controlTimeout);
@@ -85,8 +78,8 @@ MTPPipeState drainMTPPipe(const MTPInterfaceConnection& connection, const MTPWai
     Bytes buffer((drainReadSize + packetSize - 1) / packetSize * packetSize);
     MTPPipeState state = MTPPipeState::quiet;
     bool stalledBefore = false;
-    const Bounds bounds(waits);
-    while (!bounds.areReached()) {
+    const auto isOver = endOf(waits);
+    while (!isOver()) {
         std::size_t transferred = 0;
         const USBCode code =
             interface.readPipeTO(connection.inPipe, buffer, transferred, {quietTime});

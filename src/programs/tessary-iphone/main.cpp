@@ -26,10 +26,8 @@ int main(int argc, char** argv) {
     try {
         auto content = SharedMemory::map(contentDescriptor, contentMemory);
         enterIPhoneSandbox();
-        HelperServer server(QString::fromUtf8(argv[2]), std::move(content));
-        if (QByteArray(argv[1]).toInt() != helperVersion)
-            server.refuseAll();
-        server.serve(STDIN_FILENO);
+        HelperServer(QString::fromUtf8(argv[2]), QByteArray(argv[1]).toInt(), std::move(content))
+            .serve(STDIN_FILENO);
     } catch (const std::exception& error) {
         std::fprintf(stderr, "tessary-iphone: %s\n", error.what());
         return 1;

@@ -63,7 +63,7 @@ QByteArray HelperServer::answer(const QByteArray& request) {
     QDataStream arguments(request);
     bool wentWell = false;
     try {
-        if (refusesAll_)
+        if (version_ != helperVersion)
             throw Error(PhoneError::notReachable, {},
                         Error(IPhoneError::helper, {QStringLiteral("another version")}));
         const auto operation = static_cast<HelperOperation>(take<quint8>(arguments));

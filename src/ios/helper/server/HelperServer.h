@@ -14,15 +14,11 @@ namespace tessary {
 /// that a library parses of the phone's bytes is parsed behind this.
 class HelperServer {
 public:
-    /// `content` is contentMemory bytes that the other side has, too.
-    HelperServer(QString udid, std::shared_ptr<std::byte> content)
-        : udid_(std::move(udid)), content_(std::move(content)) {}
+    /// `content` is contentMemory bytes that the other side has, too. With another `version` than
+    /// ours every answer is PhoneError::notReachable.
+    HelperServer(QString udid, int version, std::shared_ptr<std::byte> content)
+        : udid_(std::move(udid)), version_(version), content_(std::move(content)) {}
 
-    /// From now on every answer is that the program speaks another version:
-    /// PhoneError::notReachable.
-    void refuseAll() {
-        refusesAll_ = true;
-    }
     /// Answers what comes on a descriptor until it ends.
     void serve(int descriptor);
     /// The answer to one request.
@@ -38,7 +34,7 @@ private:
     [[nodiscard]] Lockdown& lockdown();
 
     const QString udid_;
-    bool refusesAll_ = false;
+    const int version_; ///< that the other side speaks
     const std::shared_ptr<std::byte> content_;
     std::unique_ptr<Lockdown> lockdown_; ///< until a connection is opened with it
     std::unique_ptr<AFCConnection> connection_;
