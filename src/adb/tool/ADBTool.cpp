@@ -5,7 +5,9 @@
 
 namespace tessary {
 
-QStringList ADBTool::defaultPaths() {
+namespace {
+
+QStringList usualPaths() {
     const QString inSDK = QStringLiteral("/platform-tools/adb");
     QStringList paths;
     for (const char* variable : {"ANDROID_HOME", "ANDROID_SDK_ROOT"})
@@ -21,12 +23,10 @@ QStringList ADBTool::defaultPaths() {
                                QStringLiteral("/usr/bin") + QStringLiteral("/adb")};
 }
 
-std::optional<QString> ADBTool::find() const {
-    return findAmong(paths_.value_or(defaultPaths()));
-}
+} // namespace
 
-std::optional<QString> ADBTool::findAmong(const QStringList& paths) {
-    for (const QString& path : paths) {
+std::optional<QString> findADBTool(const std::optional<QStringList>& paths) {
+    for (const QString& path : paths.value_or(usualPaths())) {
         const QFileInfo info(path);
         if (info.isFile() && info.isExecutable())
             return path;

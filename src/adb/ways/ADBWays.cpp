@@ -8,6 +8,7 @@
 #include "adb/protocol/ADBError.h"
 #include "adb/server/ADBServerConnection.h"
 #include "adb/services/ADBShellClient.h"
+#include "adb/tool/ADBTool.h"
 #include "base/threads/CancellationError.h"
 
 #include <algorithm>
@@ -100,7 +101,6 @@ private:
 
 ADBWays::ADBWays(Setup setup)
     : setup_(std::move(setup)),
-      tool_(setup_.adbPaths),
       server_(std::make_shared<const ADBServerClient>(setup_.server)),
       keys_(setup_.keys ? setup_.keys : std::make_shared<ADBKeyHelper>(setup_.processes)),
       tracker_(server_, setup_.changed) {}
@@ -163,7 +163,7 @@ bool ADBWays::startServer(const std::stop_token& stop) {
     const Wait wait{stop, ADBServerClient::patience};
     if (server_->version(wait))
         return true;
-    const auto executable = tool_.find();
+    const auto executable = findADBTool(setup_.adbPaths);
     const auto place = setup_.server.textForStart();
     if (!executable || !place)
         return false;
@@ -186,7 +186,7 @@ std::shared_ptr<ADBConnection> ADBWays::connectionTo(const PhoneIdentity& phone)
 }
 
 bool ADBWays::canReach(const PhoneIdentity& phone) {
-    if (tool_.find() || tracker_.hasServer())
+    if (findADBTool(setup_.adbPaths) || tracker_.hasServer())
         return true;
     if (addressOf(phone))
         return true;
@@ -312,8 +312,8 @@ void ADBWays::connect(const QString& address, const std::stop_token& stop) {
 
 void ADBWays::pair(const QString& address, const QString& code, const std::stop_token& stop) {
     if (!startServer(stop))
-        throw tool_.find() ? Error(ADBError::noServer, {setup_.server.text()})
-                           : Error(ADBError::noADB);
+        throw findADBTool(setup_.adbPaths) ? Error(ADBError::noServer, {setup_.server.text()})
+                                           : Error(ADBError::noADB);
     // Over the socket: a code among a process's arguments can be read by every user.
     QString answer;
     try {

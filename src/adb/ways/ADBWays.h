@@ -4,7 +4,6 @@
 #include "adb/server/ADBDeviceTracker.h"
 #include "adb/server/ADBServerClient.h"
 #include "adb/services/ADBStream.h"
-#include "adb/tool/ADBTool.h"
 #include "base/threads/StoppableMutex.h"
 #include "phone/records/PhoneIdentity.h"
 #include "platform/process/ProcessRunner.h"
@@ -72,7 +71,6 @@ private:
     void forget(const QString& address);
 
     const Setup setup_;
-    const ADBTool tool_;
     const std::shared_ptr<const ADBServerClient> server_;
     const std::shared_ptr<ADBHostKey> keys_;
     ADBDeviceTracker tracker_;

@@ -22,7 +22,7 @@ public:
         // The run is over before adb would be there by itself: it is waited for, or not started.
         if (!wantsADB(request, defaults))
             return;
-        demo_.startADB(ADBTool::findAmong(ADBTool::defaultPaths()));
+        demo_.startADB(findADBTool());
         demo_.awaitADB();
     }
 

@@ -144,7 +144,7 @@ int main(int argc, char** argv) {
 
     Phones phones(isDemo);
     if (isDemo)
-        phones.virtualPhones->startADB(ADBTool::findAmong(ADBTool::defaultPaths()));
+        phones.virtualPhones->startADB(findADBTool());
     QtProcessRunner processes(phones.environment());
     DeviceServices services({phones.bus(), processes, phones.adbServer()});
     TessaryAppSetup setup;
