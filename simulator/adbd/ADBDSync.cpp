@@ -92,17 +92,17 @@ void ADBDSync::take(ByteView bytes) {
         const std::size_t length = readLittleEndian<std::uint32_t>(in_, 4);
         if (length > longestPath || in_.size() < recordHeader + length)
             continue;
-        const auto command = adbSyncCommandFromRawValue(readLittleEndian<std::uint32_t>(in_, 0));
+        const ADBSyncCommand command{readLittleEndian<std::uint32_t>(in_, 0)};
         const std::string path(reinterpret_cast<const char*>(in_.data()) + recordHeader, length);
         in_.clear();
         const bool isUnknown = (!state_.config.hasStatV2 && (command == sta2 || command == lst2)) ||
                                (!state_.config.hasLsV2 && command == lis2);
-        if (!command || isUnknown) {
+        if (isUnknown) {
             fail("unknown command");
             isOver_ = true;
             return;
         }
-        serve(*command, path);
+        serve(command, path);
     }
 }
 
@@ -306,7 +306,7 @@ void ADBDSync::beginPush(const std::string& pathAndMode) {
 
 /// DATA with a length, whose bytes follow, or DONE with the time.
 void ADBDSync::takePushRecord(ByteView bytes) {
-    const auto command = adbSyncCommandFromRawValue(readLittleEndian<std::uint32_t>(bytes, 0));
+    const ADBSyncCommand command{readLittleEndian<std::uint32_t>(bytes, 0)};
     const auto value = readLittleEndian<std::uint32_t>(bytes, 4);
     if (command == data && value <= largestChunk) {
         chunkLeft_ = value;

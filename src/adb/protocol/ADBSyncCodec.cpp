@@ -2,8 +2,6 @@
 
 #include "base/values/LittleEndian.h"
 
-#include <algorithm>
-#include <array>
 #include <bit>
 
 namespace tessary {
@@ -12,9 +10,6 @@ namespace {
 
 using enum ADBSyncCommand;
 using Codec = ADBSyncCodec;
-
-constexpr std::array words{list, lis2, dent, dnt2, stat, lst2, sta2,
-                           send, recv, data, done, okay, fail, quit};
 
 constexpr std::uint32_t notThere = 2; // ENOENT of Linux
 
@@ -47,18 +42,13 @@ ADBFacts newFacts(ByteView record) {
 
 } // namespace
 
-std::optional<ADBSyncCommand> adbSyncCommandFromRawValue(std::uint32_t raw) {
-    const auto* const word = std::find(words.begin(), words.end(), ADBSyncCommand{raw});
-    return word == words.end() ? std::nullopt : std::optional(*word);
-}
-
 Bytes ADBSyncCodec::request(ADBSyncCommand command, const QByteArray& path) {
     Bytes bytes;
     bytes.reserve(2 * wordSize + static_cast<std::size_t>(path.size()));
     appendLittleEndian(bytes, static_cast<std::uint32_t>(command));
     appendLittleEndian(bytes, static_cast<std::uint32_t>(path.size()));
-    const auto* data = reinterpret_cast<const std::byte*>(path.constData());
-    bytes.insert(bytes.end(), data, data + path.size());
+    const ByteView text = std::as_bytes(std::span(path));
+    bytes.insert(bytes.end(), text.begin(), text.end());
     return bytes;
 }
 

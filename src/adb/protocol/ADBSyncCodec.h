@@ -9,7 +9,8 @@
 
 namespace tessary {
 
-/// The words of the file-sync records: four ASCII letters as a little-endian u32.
+/// The words of the file-sync records: four ASCII letters as a little-endian u32. What a phone says
+/// may be any other.
 enum class ADBSyncCommand : std::uint32_t {
     list = 0x5453494C,
     lis2 = 0x3253494C,
@@ -26,9 +27,6 @@ enum class ADBSyncCommand : std::uint32_t {
     fail = 0x4C494146,
     quit = 0x54495551,
 };
-
-/// No value for any other word.
-[[nodiscard]] std::optional<ADBSyncCommand> adbSyncCommandFromRawValue(std::uint32_t raw);
 
 /// What a sync service tells of one path.
 struct ADBFacts {

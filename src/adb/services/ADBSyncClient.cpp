@@ -80,6 +80,12 @@ ADBFacts ADBSyncClient::takeStat(const Question& question, const Wait& wait) {
     return itself;
 }
 
+ADBSyncClient::Front ADBSyncClient::takeFront(const Wait& wait) {
+    const ByteView front = reader_.take(frontSize, wait);
+    return {ADBSyncCommand{readLittleEndian<std::uint32_t>(front, 0)},
+            readLittleEndian<std::uint32_t>(front, Codec::wordSize)};
+}
+
 std::vector<ADBFacts> ADBSyncClient::stat(const std::vector<Question>& questions,
                                           const Wait& wait) {
     // So many that neither side's buffers fill up while nobody reads.
@@ -120,8 +126,7 @@ void ADBSyncClient::list(const QByteArray& path,
         if (++entries > mostEntries)
             throwNonsense("a listing without an end");
         const ByteView name = reader_.take(front->nameLength, wait);
-        entry(front->facts, QByteArray(reinterpret_cast<const char*>(name.data()),
-                                       static_cast<qsizetype>(name.size())));
+        entry(front->facts, QByteArrayView(name).toByteArray());
     }
     isSound_ = true;
 }
@@ -139,9 +144,7 @@ std::uint64_t ADBSyncClient::receive(const QByteArray& path,
     check(takeStat(question, wait));
     std::uint64_t received = 0;
     for (;;) {
-        const ByteView front = reader_.take(frontSize, wait);
-        const auto command = adbSyncCommandFromRawValue(readLittleEndian<std::uint32_t>(front, 0));
-        auto left = readLittleEndian<std::uint32_t>(front, Codec::wordSize);
+        auto [command, left] = takeFront(wait);
         if (command == fail)
             throwFailure(path, left, wait);
         if (command == done)
@@ -228,8 +231,7 @@ void ADBSyncClient::sendTogether(const std::vector<SmallFile>& files, std::uint3
     };
     for (const SmallFile& file : files) {
         append(pending, Codec::request(ADBSyncCommand::send, file.path + suffix));
-        const auto* content = reinterpret_cast<const std::byte*>(file.content.constData());
-        ByteView left(content, static_cast<std::size_t>(file.content.size()));
+        ByteView left = std::as_bytes(std::span(file.content));
         while (!left.empty()) {
             const ByteView piece = left.first(std::min(left.size(), largestPiece));
             appendLittleEndian(pending, word(data));
@@ -276,9 +278,7 @@ ADBSyncClient::receiveTogether(const std::vector<Wanted>& files, const Wait& wai
 std::optional<QByteArray> ADBSyncClient::takeContent(const Wanted& file, const Wait& wait) {
     QByteArray content;
     for (;;) {
-        const ByteView front = reader_.take(frontSize, wait);
-        const auto command = adbSyncCommandFromRawValue(readLittleEndian<std::uint32_t>(front, 0));
-        auto left = readLittleEndian<std::uint32_t>(front, Codec::wordSize);
+        auto [command, left] = takeFront(wait);
         if (command == done)
             return content.size() == file.size ? std::optional(content) : std::nullopt;
         if (command == fail || (command == data && left > file.size - content.size()))
@@ -288,16 +288,13 @@ std::optional<QByteArray> ADBSyncClient::takeContent(const Wanted& file, const W
         while (left > 0) {
             const ByteView piece = reader_.takeSome(left, wait);
             left -= static_cast<std::uint32_t>(piece.size());
-            content.append(reinterpret_cast<const char*>(piece.data()),
-                           static_cast<qsizetype>(piece.size()));
+            content.append(QByteArrayView(piece));
         }
     }
 }
 
 void ADBSyncClient::takeOkay(const QByteArray& path, const Wait& wait) {
-    const ByteView front = reader_.take(frontSize, wait);
-    const auto command = adbSyncCommandFromRawValue(readLittleEndian<std::uint32_t>(front, 0));
-    const auto length = readLittleEndian<std::uint32_t>(front, Codec::wordSize);
+    const auto [command, length] = takeFront(wait);
     if (command == fail)
         throwFailure(path, length, wait);
     if (command != okay)
@@ -350,9 +347,8 @@ void ADBSyncClient::writeContent(const QByteArray& path, const Bytes& bytes, con
 void ADBSyncClient::throwIfAnswered(const QByteArray& path, const Wait& wait) {
     if (!reader_.hasBytes())
         return;
-    const ByteView front = reader_.take(frontSize, wait);
-    const auto length = readLittleEndian<std::uint32_t>(front, Codec::wordSize);
-    if (readLittleEndian<std::uint32_t>(front, 0) != word(fail))
+    const auto [command, length] = takeFront(wait);
+    if (command != fail)
         throwNonsense("an answer before the end of a file");
     throwFailure(path, length, wait);
 }
@@ -362,9 +358,7 @@ void ADBSyncClient::throwFailure(const QByteArray& path, std::uint32_t length, c
     if (length > longestReason)
         throwNonsense("a reason that is too long");
     const ByteView text = reader_.take(length, wait);
-    throw Error(ADBError::syncFailed,
-                {shown(path), QString::fromUtf8(reinterpret_cast<const char*>(text.data()),
-                                                static_cast<qsizetype>(text.size()))});
+    throw Error(ADBError::syncFailed, {shown(path), QString::fromUtf8(QByteArrayView(text))});
 }
 
 } // namespace tessary

@@ -112,6 +112,12 @@ private:
         isSound_ = false;
         receivedBefore_ = reader_.received();
     }
+    /// What every answer begins with.
+    struct Front {
+        ADBSyncCommand command;
+        std::uint32_t length;
+    };
+    [[nodiscard]] Front takeFront(const Wait& wait);
     void appendStat(Bytes& bytes, const Question& question) const;
     [[nodiscard]] ADBFacts takeStat(const Question& question, const Wait& wait);
     void writeOut(const Bytes& bytes, const Wait& wait);
