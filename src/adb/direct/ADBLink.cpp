@@ -17,12 +17,8 @@ constexpr std::size_t mostUnread = std::size_t{2} << 20;
 constexpr std::size_t longestOutbox = 4096;
 
 Bytes bytesOf(std::string_view text) {
-    const auto* data = reinterpret_cast<const std::byte*>(text.data());
-    return {data, data + text.size()};
-}
-
-QByteArray textOf(const Bytes& bytes) {
-    return {reinterpret_cast<const char*>(bytes.data()), static_cast<qsizetype>(bytes.size())};
+    const ByteView bytes = std::as_bytes(std::span(text));
+    return {bytes.begin(), bytes.end()};
 }
 
 /// "device::name=value;…;features=a,b".
@@ -220,7 +216,7 @@ void ADBLink::handleGreeting(const ADBMessage& message, ADBCommand command) {
 }
 
 void ADBLink::beReady(const ADBMessage& message) {
-    const QByteArray banner = textOf(message.payload);
+    const QByteArray banner = QByteArrayView(message.payload).toByteArray();
     if (!banner.startsWith("device"))
         throw Error(ADBError::offline, {QString::fromUtf8(banner.left(banner.indexOf(':')))});
     hasChecksums_ = message.arg0 < ADBConstants::versionV2;

@@ -151,12 +151,10 @@ Bytes ADBAuthManager::getPhonePublicKeyPayload(const std::stop_token& /*stop*/) 
     form.insert(form.end(), squareBytes.begin(), squareBytes.end());
     appendLittleEndian(form, static_cast<std::uint32_t>(BN_get_word(e.get())));
     const QString host = identity_.host.isEmpty() ? QStringLiteral("Linux") : identity_.host;
-    QByteArray text =
-        QByteArray(reinterpret_cast<const char*>(form.data()), static_cast<qsizetype>(form.size()))
-            .toBase64();
+    QByteArray text = QByteArrayView(form).toByteArray().toBase64();
     text += ' ' + identity_.user.toUtf8() + '@' + host.toUtf8() + '\0';
-    const auto* bytes = reinterpret_cast<const std::byte*>(text.constData());
-    return {bytes, bytes + text.size()};
+    const ByteView bytes = std::as_bytes(std::span(text));
+    return {bytes.begin(), bytes.end()};
 }
 
 } // namespace tessary

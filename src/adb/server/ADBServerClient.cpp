@@ -88,9 +88,7 @@ void sendRequest(ADBStream& stream, const QByteArray& request, const Wait& wait)
         throw Error(ADBError::pathTooLong);
     const QByteArray bytes =
         QByteArray::number(request.size(), 16).rightJustified(4, '0') + request;
-    stream.write(ByteView(reinterpret_cast<const std::byte*>(bytes.constData()),
-                          static_cast<std::size_t>(bytes.size())),
-                 wait);
+    stream.write(std::as_bytes(std::span(bytes)), wait);
     const QByteArray answer = takeExactly(stream, wordSize, wait);
     if (answer == "FAIL")
         throwRefusal(request, QString::fromUtf8(takeADBText(stream, wait)));

@@ -18,8 +18,8 @@ void ADBShellPacket::appendFront(Bytes& bytes, std::byte kind, std::size_t lengt
 Bytes ADBShellPacket::input(const QByteArray& text) {
     Bytes packet;
     appendFront(packet, standardInput, static_cast<std::size_t>(text.size()));
-    const auto* data = reinterpret_cast<const std::byte*>(text.constData());
-    packet.insert(packet.end(), data, data + text.size());
+    const ByteView bytes = std::as_bytes(std::span(text));
+    packet.insert(packet.end(), bytes.begin(), bytes.end());
     return packet;
 }
 
@@ -30,7 +30,7 @@ void ADBPassedOver::throwEndless() {
 void appendOutput(QByteArray& to, ByteView bytes, qsizetype most) {
     if (to.size() + static_cast<qsizetype>(bytes.size()) > most)
         throw Error(ADBError::nonsense, {QStringLiteral("a command's endless output")});
-    to.append(reinterpret_cast<const char*>(bytes.data()), static_cast<qsizetype>(bytes.size()));
+    to.append(QByteArrayView(bytes));
 }
 
 } // namespace tessary

@@ -7,9 +7,8 @@
 namespace tessary {
 
 Bytes ADBKeyHelper::sign(ByteView token, const std::stop_token& stop) {
-    const QByteArray bytes(reinterpret_cast<const char*>(token.data()),
-                           static_cast<qsizetype>(token.size()));
-    return ask({adb_key::sign, QString::fromLatin1(bytes.toHex())}, stop);
+    return ask({adb_key::sign, QString::fromLatin1(QByteArrayView(token).toByteArray().toHex())},
+               stop);
 }
 
 Bytes ADBKeyHelper::getPhonePublicKeyPayload(const std::stop_token& stop) {
@@ -29,8 +28,8 @@ Bytes ADBKeyHelper::ask(const QStringList& arguments, const std::stop_token& sto
     request.stop = stop;
     const ProcessResult result = processes_.follow(request);
     if (result.succeeded()) {
-        const auto* bytes = reinterpret_cast<const std::byte*>(result.standardOutput.constData());
-        return {bytes, bytes + result.standardOutput.size()};
+        const ByteView bytes = std::as_bytes(std::span(result.standardOutput));
+        return {bytes.begin(), bytes.end()};
     }
     throwIfStopped(stop);
     const QString reason = QString::fromUtf8(result.standardError).trimmed();

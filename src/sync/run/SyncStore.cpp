@@ -29,7 +29,7 @@ std::optional<QByteArray> textOf(SyncSide& side, const Call& call) {
     const auto append = [&json](ByteView bytes) {
         if (json.size() + std::ssize(bytes) > SyncManifest::maxBytes)
             throw TooLong{};
-        json.append(reinterpret_cast<const char*>(bytes.data()), std::ssize(bytes));
+        json.append(QByteArrayView(bytes));
     };
     try {
         side.files().read(*file, {}, append, call);
