@@ -25,7 +25,7 @@ void walk(ByteView input, std::size_t frontSize, Decode decode) {
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const ByteView input = fuzzInput(data, size);
     if (const auto message = ADBMessage::decodeHeader(input)) {
-        require(message->isValidMagic() && message->payload.empty());
+        require(message->magic == ~message->command && message->payload.empty());
         const Bytes encoded = message->encode();
         require(encoded.size() == ADBConstants::headerSize &&
                 std::equal(encoded.begin(), encoded.end(), input.begin()));

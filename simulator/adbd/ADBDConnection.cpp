@@ -95,7 +95,7 @@ bool ADBDConnection::serveOne() {
     message->payload.resize(message->dataLength);
     if (!readExactly(message->payload.data(), message->payload.size()))
         return false;
-    if (state_->config.isFirstVersion && message->dataCheck != byteSum(message->payload))
+    if (state_->config.isFirstVersion && !message->isIntact())
         return false;
     return handle(*std::move(message));
 }

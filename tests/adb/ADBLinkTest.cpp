@@ -134,7 +134,7 @@ TEST_F(ADBLinkTest, phoneThatBreaksTheRulesIsLostAtOnce) {
          std::vector(4, ADBMessage(ADBCommand::wrte, 7, 1, much, true))},
         {"takes another id", {ADBMessage(ADBCommand::wrte, 8, 1, {}, true)}},
         {"acknowledges by another id", {ADBMessage(ADBCommand::okay, 8, 1, {}, true)}},
-        {"says an unknown word", {ADBMessage(1, 2, 3, 0, 0, ~1U, {})}},
+        {"says an unknown word", {ADBMessage(ADBCommand{1}, 2, 3)}},
         {"greets again", {ADBMessage(ADBCommand::cnxn, 1, 4096, {}, true)}},
     };
     for (const Row& row : rows) {

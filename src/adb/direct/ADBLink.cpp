@@ -5,7 +5,6 @@
 #include "base/threads/ThreadName.h"
 
 #include <algorithm>
-#include <numeric>
 
 namespace tessary {
 
@@ -28,14 +27,6 @@ QByteArrayList featuresIn(const QByteArray& banner) {
         if (word.startsWith(sign))
             return word.mid(sign.size()).split(',');
     return {};
-}
-
-bool isIntact(const ADBMessage& message) {
-    const auto sum = std::accumulate(message.payload.begin(), message.payload.end(),
-                                     std::uint32_t{0}, [](std::uint32_t before, std::byte one) {
-                                         return before + std::to_integer<std::uint32_t>(one);
-                                     });
-    return sum == message.dataCheck;
 }
 
 } // namespace
@@ -198,7 +189,7 @@ void ADBLink::handle(ADBMessage&& message) {
     const std::scoped_lock lock(mutex_);
     if (!command)
         throw Error(ADBError::nonsense, {QStringLiteral("an unknown command")});
-    if (hasChecksums_ && state_ == State::ready && !isIntact(message))
+    if (hasChecksums_ && state_ == State::ready && !message.isIntact())
         throw Error(ADBError::nonsense, {QStringLiteral("a message's checksum")});
     if (state_ == State::ready)
         handleStream(std::move(message), *command);

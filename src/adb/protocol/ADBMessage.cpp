@@ -32,17 +32,6 @@ std::optional<ADBCommand> adbCommandFromRawValue(std::uint32_t raw) {
     return std::nullopt;
 }
 
-ADBMessage::ADBMessage(std::uint32_t commandWord, std::uint32_t first, std::uint32_t second,
-                       std::uint32_t length, std::uint32_t check, std::uint32_t magicWord,
-                       Bytes body)
-    : command(commandWord),
-      arg0(first),
-      arg1(second),
-      dataLength(length),
-      dataCheck(check),
-      magic(magicWord),
-      payload(std::move(body)) {}
-
 ADBMessage::ADBMessage(ADBCommand word, std::uint32_t first, std::uint32_t second, Bytes body,
                        bool skipChecksum)
     : command(static_cast<std::uint32_t>(word)),
@@ -65,14 +54,21 @@ Bytes ADBMessage::encode() const {
     return bytes;
 }
 
+bool ADBMessage::isIntact() const {
+    return dataCheck == byteSum(payload);
+}
+
 std::optional<ADBMessage> ADBMessage::decodeHeader(ByteView from) {
     if (from.size() < ADBConstants::headerSize)
         return std::nullopt;
-    const auto field = [&](std::size_t at) { return readLittleEndian<std::uint32_t>(from, at); };
-    ADBMessage message(field(0), field(4), field(8), field(12), field(16), field(20), {});
-    if (!message.isValidMagic())
-        return std::nullopt;
-    return message;
+    ADBMessage message;
+    std::size_t at = 0;
+    for (auto* field : {&message.command, &message.arg0, &message.arg1, &message.dataLength,
+                        &message.dataCheck, &message.magic}) {
+        *field = readLittleEndian<std::uint32_t>(from, at);
+        at += sizeof *field;
+    }
+    return message.magic == ~message.command ? std::optional(std::move(message)) : std::nullopt;
 }
 
 } // namespace tessary

@@ -52,10 +52,6 @@ struct ADBMessage {
     Bytes payload;
 
     ADBMessage() = default;
-    /// Every field as it was read.
-    ADBMessage(std::uint32_t command, std::uint32_t arg0, std::uint32_t arg1,
-               std::uint32_t dataLength, std::uint32_t dataCheck, std::uint32_t magic,
-               Bytes payload);
     /// A message to be sent. `dataCheck` is the sum of the payload's bytes, or 0 with
     /// `skipChecksum`. Fatal for a payload above the 32-bit range.
     ADBMessage(ADBCommand command, std::uint32_t arg0, std::uint32_t arg1, Bytes payload = {},
@@ -68,9 +64,8 @@ struct ADBMessage {
     /// `dataLength` is whatever the other side claims.
     [[nodiscard]] static std::optional<ADBMessage> decodeHeader(ByteView from);
 
-    [[nodiscard]] bool isValidMagic() const {
-        return magic == ~command;
-    }
+    /// Whether the payload has the sum that the header tells.
+    [[nodiscard]] bool isIntact() const;
 
     bool operator==(const ADBMessage&) const = default;
 };
