@@ -119,37 +119,26 @@ void addClashes(QSet<QString>& clashes, const std::vector<const QString*>& paths
 
 } // namespace
 
-template <typename Container>
-typename Container::const_iterator SyncObstacles::Follower<Container>::find(const QString& path) {
-    const auto keyOf = [](const auto& element) -> const QString& {
-        if constexpr (std::is_same_v<typename Container::value_type, QString>)
-            return element;
-        else
-            return element.first;
-    };
-    while (at_ != end_ && keyOf(*at_) < path)
-        ++at_;
-    return at_ != end_ && keyOf(*at_) == path ? at_ : end_;
-}
-
 SyncObstacles::SyncObstacles(const SyncTree& local, const SyncTree& device, const SyncFiles& record)
     : local_(local),
       device_(device),
       record_(record),
-      localFolders_(local.folders),
-      deviceFolders_(device.folders),
-      localUnknown_(local.unknown),
-      deviceUnknown_(device.unknown),
       localGaps_(gaps(local, device, record)),
-      deviceGaps_(gaps(device, local, record)) {}
+      deviceGaps_(gaps(device, local, record)) {
+    const auto note = [this](const SyncTree& side, const SyncTree& other) {
+        std::ranges::set_intersection(side.files | std::views::keys, other.folders,
+                                      std::inserter(kindsDiffer_, kindsDiffer_.end()),
+                                      std::less<>());
+    };
+    note(local, device);
+    note(device, local);
+}
 
 Reason SyncObstacles::reasonFor(const QString& path, bool isLocalFile, bool isDeviceFile) {
-    for (auto* unknown : {&localUnknown_, &deviceUnknown_})
-        if (const auto it = unknown->find(path); !unknown->isEnd(it))
+    for (const SyncTree* side : {&local_, &device_})
+        if (const auto it = side->unknown.find(path); it != side->unknown.end())
             return std::make_shared<const Error>(it->second);
-    const bool localFolder = !localFolders_.isEnd(localFolders_.find(path));
-    const bool deviceFolder = !deviceFolders_.isEnd(deviceFolders_.find(path));
-    if ((isLocalFile && deviceFolder) || (isDeviceFile && localFolder))
+    if (kindsDiffer_.contains(path))
         return std::make_shared<const Error>(SyncError::kindsDiffer, QVariantList{path});
     if ((!isLocalFile && mayBeInGap(path, localGaps_, local_, record_)) ||
         (!isDeviceFile && mayBeInGap(path, deviceGaps_, device_, record_)))

@@ -12,8 +12,8 @@
 
 namespace tessary {
 
-/// Tells which paths cannot be synced because of what stands beside or above them. Asked for each
-/// path in ascending order.
+/// Tells which paths cannot be synced because of what stands beside or above them. Quick when asked
+/// for each path in ascending order.
 class SyncObstacles {
 public:
     SyncObstacles(const SyncTree& local, const SyncTree& device, const SyncFiles& record);
@@ -23,31 +23,12 @@ public:
                                                          bool isDeviceFile);
 
 private:
-    /// Walks a sorted container beside ascending questions.
-    template <typename Container>
-    class Follower {
-    public:
-        explicit Follower(const Container& container)
-            : at_(container.begin()), end_(container.end()) {}
-        typename Container::const_iterator find(const QString& path);
-        [[nodiscard]] bool isEnd(typename Container::const_iterator it) const {
-            return it == end_;
-        }
-
-    private:
-        typename Container::const_iterator at_;
-        const typename Container::const_iterator end_;
-    };
-
     [[nodiscard]] std::shared_ptr<const Error> reasonAbove(QStringView folder) const;
 
     const SyncTree& local_;
     const SyncTree& device_;
     const SyncFiles& record_;
-    Follower<std::set<QString>> localFolders_;
-    Follower<std::set<QString>> deviceFolders_;
-    Follower<std::map<QString, Error>> localUnknown_;
-    Follower<std::map<QString, Error>> deviceUnknown_;
+    std::set<QString> kindsDiffer_; ///< a file on one side and a folder on the other
     /// Folders in which something could not be read whose name may be any.
     std::set<QString> localGaps_;
     std::set<QString> deviceGaps_;
