@@ -4,6 +4,7 @@
 #include "adb/protocol/ADBError.h"
 #include "base/log/DiagnosticsLogger.h"
 #include "base/text/PathNames.h"
+#include "phone/NameRules.h"
 
 #include <QHash>
 #include <QSet>
@@ -156,14 +157,11 @@ void listADBFolder(ADBSession& session, const QString& folder, const ListingRece
 
 std::optional<QString> spellingInFolder(ADBSession& session, const QString& folder,
                                         const QString& wanted, const std::stop_token& stop) {
-    NameRules caseless;
-    caseless.ignoresCase = true;
-    caseless.ignoresUnicodeForm = true;
-    const QString key = caseless.key(wanted);
+    const QString key = phoneNames.key(wanted);
     std::optional<QString> found;
     const auto take = [&](const ADBFacts&, QByteArray&& bytes) {
         const QString name = QString::fromUtf8(bytes);
-        if (name == wanted || (found != wanted && caseless.key(name) == key))
+        if (name == wanted || (found != wanted && phoneNames.key(name) == key))
             found = name;
     };
     session.asking(stop, [&](ADBSyncClient& sync) {

@@ -34,23 +34,13 @@ MarkedPath aroundMark(const QString& path, const QString& mark) {
 ConflictNames::ConflictNames(const SyncTree& local, const SyncTree& device, const QDateTime& now)
     : local_(local), device_(device), mark_(markBegin + now.toString(markDate)) {}
 
-bool ConflictNames::isTaken(const QString& path) const {
-    if (given_.contains(path))
-        return true;
-    for (const SyncTree* side : {&local_, &device_})
-        if (side->files.contains(path) || side->folders.contains(path) ||
-            side->unknown.contains(path))
-            return true;
-    return false;
-}
-
 QString ConflictNames::forPath(const QString& path) {
     for (int n = 1;; ++n) {
         const QString mark =
             mark_ + (n == 1 ? QString() : QLatin1Char(' ') + QString::number(n)) + QLatin1Char(')');
         const auto [begin, end] = aroundMark(path, mark);
         const QString copy = begin + mark + end;
-        if (!isTaken(copy)) {
+        if (!given_.contains(copy) && !local_.contains(copy) && !device_.contains(copy)) {
             given_.insert(copy);
             return copy;
         }

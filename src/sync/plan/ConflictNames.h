@@ -23,8 +23,6 @@ public:
     [[nodiscard]] QString forPath(const QString& path);
 
 private:
-    [[nodiscard]] bool isTaken(const QString& path) const;
-
     const SyncTree& local_;
     const SyncTree& device_;
     const QString mark_;

@@ -32,7 +32,7 @@ std::set<QString> gaps(const SyncTree& side, const SyncTree& other, const SyncFi
                              record.contains(path) || other.files.contains(path) ||
                              other.folders.contains(path);
         if (!isNamed)
-            folders.insert(path.left(std::max<qsizetype>(0, path.lastIndexOf(u'/'))));
+            folders.insert(folderOf(path));
     }
     return folders;
 }
@@ -49,9 +49,8 @@ bool mayBeInGap(const QString& path, const std::set<QString>& gaps, const SyncTr
     };
     for (qsizetype end = path.indexOf(u'/');; end = path.indexOf(u'/', end + 1)) {
         const QString name = end < 0 ? path : path.left(end);
-        const QString folder = name.left(std::max<qsizetype>(0, name.lastIndexOf(u'/')));
-        if (gaps.contains(folder) && !side.files.contains(name) && !side.folders.contains(name) &&
-            wasKnown(name))
+        if (gaps.contains(folderOf(name)) && !side.files.contains(name) &&
+            !side.folders.contains(name) && wasKnown(name))
             return true;
         if (end < 0)
             return false;
@@ -143,20 +142,17 @@ Reason SyncObstacles::reasonFor(const QString& path, bool isLocalFile, bool isDe
     if ((!isLocalFile && mayBeInGap(path, localGaps_, local_, record_)) ||
         (!isDeviceFile && mayBeInGap(path, deviceGaps_, device_, record_)))
         return std::make_shared<const Error>(SyncError::notListed, QVariantList{path});
-    const QStringView folder =
-        QStringView(path).left(std::max<qsizetype>(0, path.lastIndexOf(u'/')));
-    if (!isFolderKnown_ || folder != folder_) {
-        isFolderKnown_ = true;
-        folder_ = folder.toString();
+    if (const QString folder = folderOf(path); folder != folder_) {
+        folder_ = folder;
         folderReason_ = reasonAbove(folder);
     }
     return folderReason_;
 }
 
-Reason SyncObstacles::reasonAbove(QStringView folder) const {
+Reason SyncObstacles::reasonAbove(const QString& folder) const {
     for (qsizetype end = folder.indexOf(u'/'); !folder.isEmpty();
          end = folder.indexOf(u'/', end + 1)) {
-        const QString above = (end < 0 ? folder : folder.left(end)).toString();
+        const QString above = end < 0 ? folder : folder.left(end);
         for (const SyncTree* side : {&local_, &device_}) {
             if (const auto it = side->unknown.find(above); it != side->unknown.end())
                 return std::make_shared<const Error>(SyncError::aboveUnknown, QVariantList{above},

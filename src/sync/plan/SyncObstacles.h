@@ -23,7 +23,7 @@ public:
                                                          bool isDeviceFile);
 
 private:
-    [[nodiscard]] std::shared_ptr<const Error> reasonAbove(QStringView folder) const;
+    [[nodiscard]] std::shared_ptr<const Error> reasonAbove(const QString& folder) const;
 
     const SyncTree& local_;
     const SyncTree& device_;
@@ -32,8 +32,7 @@ private:
     /// Folders in which something could not be read whose name may be any.
     std::set<QString> localGaps_;
     std::set<QString> deviceGaps_;
-    QString folder_; ///< that was asked about last
-    bool isFolderKnown_ = false;
+    QString folder_;                            ///< that was asked about last; the root at first
     std::shared_ptr<const Error> folderReason_; ///< for everything in it
 };
 

@@ -15,15 +15,6 @@ namespace {
 /// Deeper trees have none that could be told from chance.
 constexpr int maxRounds = 64;
 
-QString folded(const QString& path) {
-    static constexpr NameRules rules{.ignoresCase = true, .ignoresUnicodeForm = true};
-    return rules.key(path);
-}
-
-bool isThere(const SyncTree& tree, const QString& path) {
-    return tree.files.contains(path) || tree.folders.contains(path) || tree.unknown.contains(path);
-}
-
 /// Moves every key at or below `from` to `to`.
 template <typename Map>
 void moveKeys(Map& map, const QString& from, const QString& to) {
@@ -71,7 +62,7 @@ std::optional<SyncRename> topmost(const QString& from, const QString& to, const 
     SyncRename rename;
     rename.from = oldNames.first(depth).join(u'/');
     rename.to = newNames.first(depth).join(u'/');
-    if (isThere(leads, rename.from) || isThere(follows, rename.to) ||
+    if (leads.contains(rename.from) || follows.contains(rename.to) ||
         leads.files.contains(rename.to) != follows.files.contains(rename.from))
         return std::nullopt;
     return rename;
@@ -82,14 +73,14 @@ std::optional<SyncRename> nextRename(const SyncTree& leads, const SyncTree& foll
                                      const SyncFiles& record) {
     QHash<QString, QString> gone; // recorded paths that only `follows` still has, by their form
     for (const auto& [path, entry] : record)
-        if (!isThere(leads, path) && follows.files.contains(path))
-            gone.insert(folded(path), path);
+        if (!leads.contains(path) && follows.files.contains(path))
+            gone.insert(phoneNames.key(path), path);
     if (gone.isEmpty())
         return std::nullopt;
     for (const auto& [path, file] : leads.files) {
-        if (record.contains(path) || isThere(follows, path))
+        if (record.contains(path) || follows.contains(path))
             continue;
-        const auto old = gone.constFind(folded(path));
+        const auto old = gone.constFind(phoneNames.key(path));
         if (old == gone.constEnd() || record.at(*old).size != file.size)
             continue;
         if (auto rename = topmost(*old, path, leads, follows))

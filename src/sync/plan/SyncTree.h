@@ -5,6 +5,7 @@
 #include <QDateTime>
 #include <QString>
 
+#include <algorithm>
 #include <chrono>
 #include <map>
 #include <optional>
@@ -37,6 +38,16 @@ struct SyncTree {
     std::map<QString, Error> unknown;
     /// The steps in which dates are listed.
     std::chrono::milliseconds dateStep{1000};
+
+    /// Whether anything has the path.
+    [[nodiscard]] bool contains(const QString& path) const {
+        return files.contains(path) || folders.contains(path) || unknown.contains(path);
+    }
 };
+
+/// Everything of a relative path before its last component; empty for what lies at the root.
+[[nodiscard]] inline QString folderOf(const QString& relativePath) {
+    return relativePath.left(std::max<qsizetype>(0, relativePath.lastIndexOf(u'/')));
+}
 
 } // namespace tessary

@@ -37,10 +37,6 @@ QStringList namesIn(const SyncFiles& known, const QString& folder) {
 
 } // namespace
 
-QString folderOf(const QString& path) {
-    return path.left(std::max<qsizetype>(0, path.lastIndexOf(u'/')));
-}
-
 SyncFile syncFileOf(const FileItem& item) {
     return {item.size, syncDate(item.modifiedDate), item.modifiedDate.has_value()};
 }

@@ -76,9 +76,6 @@ private:
     std::set<QString> made_; ///< folders that are known to be there
 };
 
-/// Everything of a relative path before its last component; empty for what lies at the root.
-[[nodiscard]] QString folderOf(const QString& relativePath);
-
 /// A file of a listing as the sync sees it.
 [[nodiscard]] SyncFile syncFileOf(const FileItem& item);
 
