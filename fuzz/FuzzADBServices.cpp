@@ -108,7 +108,9 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
         });
         attempt([&] {
             InputPhone phone(input);
-            const ADBCommandResult result = ADBShellClient(phone, isNew).run("ls", {});
+            const ADBCommandResult result =
+                ADBShellClient(phone, isNew ? QByteArrayList{"shell_v2"} : QByteArrayList())
+                    .run("ls", {});
             require(static_cast<std::size_t>(result.output.size() + result.errors.size()) <= size);
         });
         attempt([&] {

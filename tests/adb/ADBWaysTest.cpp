@@ -49,7 +49,7 @@ protected:
         return setup;
     }
     [[nodiscard]] bool hasServer() const {
-        return ADBServerClient(address_).version({{}, 5s}).has_value();
+        return ADBServerClient(address_).isThere({{}, 5s});
     }
     std::string listing(ADBWays& ways, const PhoneIdentity& phone) {
         return codeOf([&] {

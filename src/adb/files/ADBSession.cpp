@@ -22,12 +22,10 @@ void ADBSession::probe(const std::stop_token& stop) {
         return;
     const QByteArrayList names = connection_->features({stop, patience});
     const auto features = ADBSyncClient::Features::of(names);
-    ADBShellClient shell(*connection_, names.contains("shell_v2"));
+    ADBShellClient shell(*connection_, names);
     if (!features.hasNewStat) {
         bool isNumber = false;
-        const int level = shell.run("getprop ro.build.version.sdk", {stop, patience})
-                              .output.trimmed()
-                              .toInt(&isNumber);
+        const int level = shell.property("ro.build.version.sdk", {stop, patience}).toInt(&isNumber);
         if (!isNumber || level < oldestLevel)
             throw Error(ADBError::tooOld, {level});
     }

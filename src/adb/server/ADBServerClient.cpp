@@ -123,16 +123,13 @@ QByteArray ADBServerClient::ask(const QByteArray& request, const Wait& wait) con
     return takeADBText(*open({request}, wait), wait);
 }
 
-std::optional<int> ADBServerClient::version(const Wait& wait) const {
+bool ADBServerClient::isThere(const Wait& wait) const {
     try {
-        bool isNumber = false;
-        const int version = ask("host:version", wait).toInt(&isNumber, 16);
-        if (!isNumber)
-            throw Error(ADBError::nonsense, {QStringLiteral("the version of an adb server")});
-        return version;
+        (void)ask("host:version", wait);
+        return true;
     } catch (const Error& error) {
         if (error.is(ADBError::noServer))
-            return std::nullopt;
+            return false;
         throw;
     }
 }

@@ -7,7 +7,6 @@
 #include <QByteArray>
 
 #include <memory>
-#include <optional>
 #include <vector>
 
 namespace tessary {
@@ -27,8 +26,8 @@ public:
     [[nodiscard]] const ADBServerAddress& address() const {
         return address_;
     }
-    /// The version of the protocol that the server speaks with its tool; no value when none runs.
-    [[nodiscard]] std::optional<int> version(const Wait& wait) const;
+    /// Whether a server answers, whatever its version.
+    [[nodiscard]] bool isThere(const Wait& wait) const;
     /// The phones that the server knows right now.
     [[nodiscard]] std::vector<ADBDevice> devices(const Wait& wait) const;
 

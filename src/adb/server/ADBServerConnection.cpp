@@ -77,10 +77,8 @@ ADBServerConnection::ownSerialOf(const QString& name,
     const Wait wait{either.token(), patience};
     try {
         ADBServerConnection phone(server, {name, {}});
-        ADBShellClient shell(phone, phone.features(wait).contains("shell_v2"));
-        return QString::fromUtf8(shell.run("getprop ro.serialno", wait).output)
-            .trimmed()
-            .left(longest);
+        ADBShellClient shell(phone, phone.features(wait));
+        return shell.property("ro.serialno", wait).left(longest);
     } catch (const Error&) {
         return std::nullopt;
     } catch (const CancellationError&) {

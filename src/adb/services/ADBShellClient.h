@@ -4,6 +4,7 @@
 #include "adb/services/ADBStream.h"
 
 #include <QByteArray>
+#include <QString>
 
 #include <cstdint>
 #include <functional>
@@ -26,9 +27,9 @@ struct ADBCommandResult {
 /// blocking. A stream that ends before the exit status came is ADBError::brokenOff.
 class ADBShellClient {
 public:
-    /// `connection` must outlive it.
-    ADBShellClient(ADBConnection& connection, bool hasVersion2)
-        : connection_(connection), hasVersion2_(hasVersion2) {}
+    /// With what a connection can do, which must outlive it.
+    ADBShellClient(ADBConnection& connection, const QByteArrayList& features)
+        : connection_(connection), hasVersion2_(features.contains("shell_v2")) {}
 
     /// Whether the output of a command reaches us as it is, apart from its errors.
     [[nodiscard]] bool isExact() const {
@@ -37,7 +38,11 @@ public:
     /// Runs a line of one or more simple commands. More output than outputLimit is
     /// ADBError::nonsense.
     [[nodiscard]] ADBCommandResult run(const QByteArray& line, const Wait& wait);
-    /// The same, with the output handed to `output` as it comes until that says that it is enough
+    /// What a phone says of itself ("ro.serialno"), without blanks around it.
+    [[nodiscard]] QString property(const QByteArray& name, const Wait& wait) {
+        return QString::fromUtf8(run("getprop " + name, wait).output).trimmed();
+    }
+    /// As run(), with the output handed to `output` as it comes until that says that it is enough
     /// (false: the command is ended, and its status is 0). Only where isExact().
     [[nodiscard]] ADBCommandResult
     stream(const QByteArray& line, const std::function<bool(ByteView)>& output, const Wait& wait);

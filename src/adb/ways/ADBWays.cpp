@@ -161,14 +161,14 @@ bool ADBWays::ensureServer(const std::stop_token& stop) {
 /// The same without trust in what was so a moment ago.
 bool ADBWays::startServer(const std::stop_token& stop) {
     const Wait wait{stop, ADBServerClient::patience};
-    if (server_->version(wait))
+    if (server_->isThere(wait))
         return true;
     const auto executable = findADBTool(setup_.adbPaths);
     const auto place = setup_.server.textForStart();
     if (!executable || !place)
         return false;
     const auto lock = startMutex_.hold(stop);
-    if (server_->version(wait))
+    if (server_->isThere(wait))
         return true;
     ProcessRequest request;
     request.program = *executable;
@@ -178,7 +178,7 @@ bool ADBWays::startServer(const std::stop_token& stop) {
     (void)setup_.processes.follow(request);
     throwIfStopped(stop);
     tracker_.wake();
-    return server_->version(wait).has_value();
+    return server_->isThere(wait);
 }
 
 std::shared_ptr<ADBConnection> ADBWays::connectionTo(const PhoneIdentity& phone) {
@@ -292,15 +292,12 @@ void ADBWays::connect(const QString& address, const std::stop_token& stop) {
     phone.serialNumber = address;
     const auto way = straightTo(phone);
     const Wait wait{stop, networkPatience};
-    ADBShellClient shell(*way, way->features(wait).contains("shell_v2"));
-    const auto property = [&](const QByteArray& name) {
-        return QString::fromUtf8(shell.run("getprop " + name, wait).output).trimmed();
-    };
+    ADBShellClient shell(*way, way->features(wait));
     ADBDevice device;
     device.serial = address;
     device.state = QStringLiteral("device");
-    device.phoneSerial = property("ro.serialno");
-    device.model = property("ro.product.model");
+    device.phoneSerial = shell.property("ro.serialno", wait);
+    device.model = shell.property("ro.product.model", wait);
     {
         const std::scoped_lock lock(mutex_);
         std::erase_if(straight_, [&](const ADBDevice& one) { return one.serial == address; });
