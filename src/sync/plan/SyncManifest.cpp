@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 
 namespace tessary {
 
@@ -21,38 +22,25 @@ struct BadValue {};
 
 /// "yyyy-MM-ddTHH:mm:ssZ". Written by hand: QDateTime takes a microsecond for each.
 void appendDate(QByteArray& out, const QDateTime& date) {
-    const qint64 msecs = std::clamp(date.toMSecsSinceEpoch(), earliest, latest);
-    qint64 day = msecs / millisecondsPerDay;
-    qint64 inDay = msecs % millisecondsPerDay;
-    if (inDay < 0) {
-        inDay += millisecondsPerDay;
-        --day;
-    }
-    const auto seconds = static_cast<int>(inDay / 1000);
-    int year = 0;
-    int month = 0;
-    int dayOfMonth = 0;
-    QDate(1970, 1, 1).addDays(day).getDate(&year, &month, &dayOfMonth);
-    const auto digits = [&out](int value, int count) {
-        constexpr int base = 10;
+    using namespace std::chrono;
+    const sys_time<milliseconds> time(
+        milliseconds(std::clamp(date.toMSecsSinceEpoch(), earliest, latest)));
+    const auto midnight = floor<days>(time);
+    const year_month_day day(midnight);
+    const hh_mm_ss clock(floor<seconds>(time - midnight));
+    const auto append = [&out](auto number, int digits, const char* behind) {
         std::array<char, 4> text{};
-        for (int n = count; n-- > 0; value /= base)
-            text[static_cast<std::size_t>(n)] = static_cast<char>('0' + value % base);
-        out.append(text.data(), count);
+        for (int n = digits; n-- > 0; number /= 10)
+            text[static_cast<std::size_t>(n)] = static_cast<char>('0' + number % 10);
+        out.append(text.data(), digits).append(behind);
     };
     out.append('"');
-    digits(year, 4);
-    out.append('-');
-    digits(month, 2);
-    out.append('-');
-    digits(dayOfMonth, 2);
-    out.append('T');
-    digits(seconds / 3600, 2);
-    out.append(':');
-    digits(seconds / 60 % 60, 2);
-    out.append(':');
-    digits(seconds % 60, 2);
-    out.append("Z\"");
+    append(static_cast<int>(day.year()), 4, "-");
+    append(static_cast<unsigned>(day.month()), 2, "-");
+    append(static_cast<unsigned>(day.day()), 2, "T");
+    append(clock.hours().count(), 2, ":");
+    append(clock.minutes().count(), 2, ":");
+    append(clock.seconds().count(), 2, "Z\"");
 }
 
 /// A JSON string. Lone surrogates, which UTF-8 cannot hold, are written as escapes.
@@ -95,23 +83,24 @@ void appendField(QByteArray& out, const char* indent, const char* key, const QSt
     out.append(",\n");
 }
 
+void appendField(QByteArray& out, const char* indent, const char* key, const QDateTime& value) {
+    out.append(indent).append('"').append(key).append("\" : ");
+    appendDate(out, value);
+    out.append(",\n");
+}
+
 void appendFile(QByteArray& out, const QString& path, const SyncFileEntry& entry) {
     constexpr const char* indent = "          ";
-    const auto date = [&](const char* key, const QDateTime& value) {
-        out.append(indent).append('"').append(key).append("\" : ");
-        appendDate(out, value);
-        out.append(",\n");
-    };
     out.append("        ");
     appendText(out, path);
     out.append(" : {\n");
     if (entry.isContentKnown)
         out.append(indent).append("\"contentKnown\" : true,\n");
     if (entry.deviceModifiedDate)
-        date("deviceModifiedDate", *entry.deviceModifiedDate);
+        appendField(out, indent, "deviceModifiedDate", *entry.deviceModifiedDate);
     if (entry.differingDate)
-        date("differingDate", *entry.differingDate);
-    date("modifiedDate", entry.modifiedDate);
+        appendField(out, indent, "differingDate", *entry.differingDate);
+    appendField(out, indent, "modifiedDate", entry.modifiedDate);
     if (!entry.sha256.isEmpty())
         out.append(indent).append("\"sha256\" : \"").append(entry.sha256.toHex()).append("\",\n");
     out.append(indent).append("\"size\" : ").append(QByteArray::number(entry.size));
@@ -133,9 +122,7 @@ void appendHost(QByteArray& out, const QString& id, const SyncHostEntry& host) {
         appendFile(out, path, entry);
     }
     out.append(isFirst ? "},\n" : "\n      },\n");
-    out.append(indent).append("\"lastSynced\" : ");
-    appendDate(out, host.lastSynced);
-    out.append(",\n");
+    appendField(out, indent, "lastSynced", host.lastSynced);
     appendField(out, indent, "localFolderPath", host.localFolderPath);
     appendField(out, indent, "macName", host.macName);
     appendField(out, indent, "remoteFolderPath", host.remoteFolderPath);
@@ -242,18 +229,12 @@ QDateTime wholeSeconds(const QDateTime& date) {
 }
 
 bool isSyncPath(const QString& path) {
-    qsizetype from = 0;
-    while (true) {
-        const qsizetype slash = path.indexOf(u'/', from);
-        const QStringView name = QStringView(path).mid(from, slash < 0 ? -1 : slash - from);
-        if (name.isEmpty() || name == View(".") || name == View("..") ||
-            name == SyncManifest::fileName)
-            return false;
-        if (slash < 0)
-            break;
-        from = slash + 1;
-    }
-    return !path.contains(QChar::Null);
+    const QList<QStringView> names = QStringView(path).split(u'/');
+    return !path.contains(QChar::Null) &&
+           std::none_of(names.begin(), names.end(), [](QStringView name) {
+               return name.isEmpty() || name == View(".") || name == View("..") ||
+                      name == SyncManifest::fileName;
+           });
 }
 
 QByteArray SyncManifest::encode() const {
