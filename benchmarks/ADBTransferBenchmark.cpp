@@ -109,7 +109,7 @@ private:
     /// Without adb, next to nothing.
     void straightWays() {
         const auto keys = std::make_shared<ADBAuthManager>(
-            std::make_unique<FileKeyStore>(disk_.path(u"keys"_s)), ADBHostIdentity{u"a"_s, u"b"_s});
+            std::make_unique<FileKeyStore>(disk_.path(u"keys"_s)), u"a"_s, u"b"_s);
         const std::pair<const char*, ADBDirectConnection::Connect> straight[] = {
             {"network",
              [this](const Wait& wait) {

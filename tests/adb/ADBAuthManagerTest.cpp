@@ -37,7 +37,7 @@ class ADBAuthManagerTest : public testing::Test {
 protected:
     [[nodiscard]] ADBAuthManager manager(const QString& host = QStringLiteral("Ann's desk")) const {
         return ADBAuthManager(std::make_unique<FileKeyStore>(folder_.path(QStringLiteral("keys"))),
-                              {QStringLiteral("ann"), host});
+                              QStringLiteral("ann"), host);
     }
     /// Runs a command in the test's folder.
     void expectSucceeds(const char* line) {

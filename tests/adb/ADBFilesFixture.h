@@ -76,9 +76,8 @@ protected:
         };
         return std::make_shared<ADBDirectConnection>(
             transport,
-            std::make_shared<ADBAuthManager>(
-                std::make_unique<FileKeyStore>(keys_.path()),
-                ADBHostIdentity{QStringLiteral("ann"), QStringLiteral("desk")}),
+            std::make_shared<ADBAuthManager>(std::make_unique<FileKeyStore>(keys_.path()),
+                                             QStringLiteral("ann"), QStringLiteral("desk")),
             std::function<QStringList()>(), trustPatience);
     }
 

@@ -104,8 +104,8 @@ protected:
     std::shared_ptr<ScriptedTransport::State> phone_ = std::make_shared<ScriptedTransport::State>();
     std::shared_ptr<ADBLink> link_ = std::make_shared<ADBLink>(
         std::make_unique<ScriptedTransport>(phone_),
-        std::make_shared<ADBAuthManager>(std::make_unique<FileKeyStore>(keys_.path()),
-                                         ADBHostIdentity{u"ann"_s, u"desk"_s}));
+        std::make_shared<ADBAuthManager>(std::make_unique<FileKeyStore>(keys_.path()), u"ann"_s,
+                                         u"desk"_s));
 };
 
 TEST_F(ADBLinkTest, pieceIsAcknowledgedOnceThereIsRoom) {

@@ -44,7 +44,7 @@ protected:
         setup.server = address_;
         setup.adbPaths = paths;
         setup.keys = std::make_shared<ADBAuthManager>(std::make_unique<FileKeyStore>(keys_.path()),
-                                                      ADBHostIdentity{u"ann"_s, u"desk"_s});
+                                                      u"ann"_s, u"desk"_s);
         setup.changed = [this] { ++changes_; };
         return setup;
     }

@@ -53,8 +53,8 @@ private:
         PhoneIdentity{}, std::make_shared<PhoneQueue>(),
         std::make_shared<ADBDirectConnection>(
             [this](const Wait& wait) { return connect(wait); },
-            std::make_shared<ADBAuthManager>(std::make_unique<FileKeyStore>(keys_.path()),
-                                             ADBHostIdentity{s("ann"), s("desk")}),
+            std::make_shared<ADBAuthManager>(std::make_unique<FileKeyStore>(keys_.path()), s("ann"),
+                                             s("desk")),
             std::function<QStringList()>(), 300ms));
 };
 

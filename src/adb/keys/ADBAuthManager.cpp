@@ -2,7 +2,6 @@
 
 #include "base/values/FreeWith.h"
 #include "base/values/LittleEndian.h"
-#include "platform/desktop/HostInfo.h"
 
 #include <openssl/bio.h>
 #include <openssl/bn.h>
@@ -24,6 +23,7 @@ constexpr int keyBits = 2048;
 
 using Text = std::unique_ptr<BIO, FreeWith<BIO_free_all>>;
 using Number = std::unique_ptr<BIGNUM, FreeWith<BN_free>>;
+using PrivateKey = std::unique_ptr<EVP_PKEY, FreeWith<EVP_PKEY_free>>;
 using Context = std::unique_ptr<EVP_PKEY_CTX, FreeWith<EVP_PKEY_CTX_free>>;
 
 /// What OpenSSL says of the failure that has just happened on this thread.
@@ -61,11 +61,11 @@ std::uint32_t inverse(std::uint32_t odd) {
 }
 
 /// Null for anything that is no RSA key of this size. Asks nobody for a password.
-ADBAuthManager::PrivateKey keyFrom(const QByteArray& pem) {
+PrivateKey keyFrom(const QByteArray& pem) {
     const Text text(BIO_new_mem_buf(pem.constData(), static_cast<int>(pem.size())));
     const auto noPassword = [](char*, int, int, void*) { return -1; };
-    ADBAuthManager::PrivateKey key(
-        text ? PEM_read_bio_PrivateKey(text.get(), nullptr, noPassword, nullptr) : nullptr);
+    PrivateKey key(text ? PEM_read_bio_PrivateKey(text.get(), nullptr, noPassword, nullptr)
+                        : nullptr);
     ERR_clear_error();
     const bool isOurs =
         key && EVP_PKEY_is_a(key.get(), "RSA") == 1 && EVP_PKEY_get_bits(key.get()) == keyBits;
@@ -74,31 +74,19 @@ ADBAuthManager::PrivateKey keyFrom(const QByteArray& pem) {
 
 QByteArray newKey() {
     ERR_clear_error();
-    const ADBAuthManager::PrivateKey key(EVP_RSA_gen(keyBits));
+    const PrivateKey key(EVP_RSA_gen(keyBits));
     if (!key)
         failToGenerate(reasonOr(QStringLiteral("Unknown keygen error")));
     return pemOf(key.get());
 }
 
-} // namespace
-
-ADBHostIdentity ADBHostIdentity::ofThisComputer() {
-    return {loginName(), computerName()};
-}
-
-void ADBAuthManager::FreeKey::operator()(evp_pkey_st* key) const {
-    EVP_PKEY_free(key);
-}
-
-ADBAuthManager::ADBAuthManager(std::unique_ptr<KeyStore> store, ADBHostIdentity identity)
-    : store_(std::move(store)), identity_(std::move(identity)) {}
-
-ADBAuthManager::PrivateKey ADBAuthManager::getOrCreatePrivateKey() {
+PrivateKey storedKey(KeyStore& store) {
     std::optional<QByteArray> pem;
     try {
-        pem = store_->find(keyTag);
+        const QString tag = ADBAuthManager::keyTag;
+        pem = store.find(tag);
         if (!pem)
-            pem = store_->addIfMissing(keyTag, newKey());
+            pem = store.addIfMissing(tag, newKey());
     } catch (const KeyStoreError& error) {
         failToGenerate(QString::fromUtf8(error.what()));
     }
@@ -108,8 +96,10 @@ ADBAuthManager::PrivateKey ADBAuthManager::getOrCreatePrivateKey() {
     return key;
 }
 
+} // namespace
+
 Bytes ADBAuthManager::sign(ByteView token, const std::stop_token& /*stop*/) {
-    const PrivateKey key = getOrCreatePrivateKey();
+    const PrivateKey key = storedKey(*store_);
     ERR_clear_error();
     const Context context(EVP_PKEY_CTX_new(key.get(), nullptr));
     Bytes signature(static_cast<std::size_t>(EVP_PKEY_get_size(key.get())));
@@ -129,7 +119,7 @@ Bytes ADBAuthManager::sign(ByteView token, const std::stop_token& /*stop*/) {
 Bytes ADBAuthManager::getPhonePublicKeyPayload(const std::stop_token& /*stop*/) {
     constexpr int size = keyBits / 8;
     constexpr std::uint32_t words = size / 4;
-    const PrivateKey key = getOrCreatePrivateKey();
+    const PrivateKey key = storedKey(*store_);
     const Number n = numberOf(key.get(), OSSL_PKEY_PARAM_RSA_N);
     const Number e = numberOf(key.get(), OSSL_PKEY_PARAM_RSA_E);
     const Number square(BN_new());
@@ -150,9 +140,9 @@ Bytes ADBAuthManager::getPhonePublicKeyPayload(const std::stop_token& /*stop*/) 
     form.insert(form.end(), modulus.begin(), modulus.end());
     form.insert(form.end(), squareBytes.begin(), squareBytes.end());
     appendLittleEndian(form, static_cast<std::uint32_t>(BN_get_word(e.get())));
-    const QString host = identity_.host.isEmpty() ? QStringLiteral("Linux") : identity_.host;
+    const QString host = host_.isEmpty() ? QStringLiteral("Linux") : host_;
     QByteArray text = QByteArrayView(form).toByteArray().toBase64();
-    text += ' ' + identity_.user.toUtf8() + '@' + host.toUtf8() + '\0';
+    text += ' ' + user_.toUtf8() + '@' + host.toUtf8() + '\0';
     const ByteView bytes = std::as_bytes(std::span(text));
     return {bytes.begin(), bytes.end()};
 }

@@ -2,42 +2,26 @@
 
 #include "adb/protocol/ADBError.h"
 #include "adb/protocol/ADBHostKey.h"
+#include "platform/desktop/HostInfo.h"
 #include "platform/keys/KeyStore.h"
-#include "platform/keys/SystemKeyStore.h"
 
 #include <QString>
 
 #include <memory>
 
-struct evp_pkey_st;
-
 namespace tessary {
 
-/// Who asks a phone to be let in.
-struct ADBHostIdentity {
-    QString user; ///< login name
-    QString host; ///< this computer's name; empty when it has none
-
-    [[nodiscard]] static ADBHostIdentity ofThisComputer();
-};
-
-/// The key in the key store under `keyTag`. It is made on first use and looked up anew each time,
-/// so that every program of this user signs with the same one.
+/// The key in the key store under `keyTag`: RSA, 2048 bits. It is made on first use and looked up
+/// anew each time, so that every program of this user signs with the same one. What is stored is
+/// never replaced, even when it is no such key.
 class ADBAuthManager final : public ADBHostKey {
 public:
     static constexpr QLatin1StringView keyTag{"com.kestrine.adb.privatekey"};
 
-    struct FreeKey {
-        void operator()(evp_pkey_st* key) const;
-    };
-    /// An OpenSSL key, private half included.
-    using PrivateKey = std::unique_ptr<evp_pkey_st, FreeKey>;
-
+    /// `user` and `host` are who asks a phone to be let in; a computer may have no name.
     explicit ADBAuthManager(std::unique_ptr<KeyStore> store = makeSystemKeyStore(),
-                            ADBHostIdentity identity = ADBHostIdentity::ofThisComputer());
-
-    /// RSA, 2048 bits. What is stored is never replaced, even when it is no such key.
-    [[nodiscard]] PrivateKey getOrCreatePrivateKey();
+                            QString user = loginName(), QString host = computerName())
+        : store_(std::move(store)), user_(std::move(user)), host_(std::move(host)) {}
 
     /// The key store hears no stop.
     [[nodiscard]] Bytes sign(ByteView token, const std::stop_token& stop) override;
@@ -45,7 +29,8 @@ public:
 
 private:
     const std::unique_ptr<KeyStore> store_;
-    const ADBHostIdentity identity_;
+    const QString user_;
+    const QString host_;
 };
 
 } // namespace tessary

@@ -2,7 +2,6 @@
 
 #include "base/log/DiagnosticsLogger.h"
 #include "platform/keys/FileKeyStore.h"
-#include "platform/keys/SystemKeyStore.h"
 
 #include <QDir>
 #include <QLockFile>

@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QString>
 
+#include <memory>
 #include <optional>
 #include <stdexcept>
 
@@ -28,5 +29,9 @@ public:
     /// several programs that do so at the same time all get the same secret.
     [[nodiscard]] virtual QByteArray addIfMissing(const QString& tag, const QByteArray& secret) = 0;
 };
+
+/// The secret service of this user's desktop. Where none answers, files in the folder
+/// "tessary/keys" of the user's data ($XDG_DATA_HOME, or ~/.local/share).
+[[nodiscard]] std::unique_ptr<KeyStore> makeSystemKeyStore();
 
 } // namespace tessary
