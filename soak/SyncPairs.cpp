@@ -17,7 +17,7 @@ SyncPairs::SyncPairs(Program& program, Content& content, Dice& dice, Story& stor
 }
 
 void SyncPairs::add(SoakPhone& phone, const QString& folder) {
-    for (const SyncMode mode : allSyncModes) {
+    for (const SyncMode mode : {SyncMode::biDirectional, SyncMode::toPhone, SyncMode::toComputer}) {
         const QString name = u"Sync%1"_s.arg(static_cast<int>(mode));
         SyncPair pair;
         pair.deviceUDID = phone.udid();

@@ -167,7 +167,7 @@ TEST_F(SyncManagerTest, questionGoesWithItsRun) {
     QFile::remove(local_.path(u"one/a"_s));
     view_->run(pair.id);
     ASSERT_TRUE(eventually([this] { return view_->question().has_value(); }));
-    view_->cancel(pair.id);
+    sync_->cancel(pair.id);
     wait();
     EXPECT_FALSE(view_->question());
     EXPECT_EQ(sync_->lastReport(pair.id)->outcome, Outcome::cancelled);

@@ -302,8 +302,7 @@ void runInPeace(World& world, const Options& options) {
 }
 
 Options randomOptions(const Random& random) {
-    return {allSyncModes[static_cast<std::size_t>(random(3))], random(4) != 0, random(2) == 0,
-            random(2) == 0};
+    return {static_cast<SyncMode>(random(3)), random(4) != 0, random(2) == 0, random(2) == 0};
 }
 
 RC_GTEST_PROP(SyncRunPropertiesTest, nothingIsLostWhateverFails, ()) {

@@ -31,7 +31,7 @@ QByteArray longContent(char last) {
 }
 
 TYPED_TEST(SyncWaysTest, everyModeCopiesItsWayAndASecondRunIsQuiet) {
-    for (const SyncMode mode : allSyncModes) {
+    for (const SyncMode mode : {SyncMode::biDirectional, SyncMode::toPhone, SyncMode::toComputer}) {
         SCOPED_TRACE(rawValue(mode).toStdString());
         this->clear();
         this->pair_.syncMode = mode;

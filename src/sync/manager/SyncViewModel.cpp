@@ -115,10 +115,6 @@ void SyncViewModel::runAll() {
         run(id);
 }
 
-void SyncViewModel::cancel(const QUuid& id) {
-    manager_.cancel(id);
-}
-
 /// A pair that is to run by itself does so each time that its phone has come and can be read. What
 /// was never synced is looked at by somebody first.
 void SyncViewModel::runPairsOfNewDevices() {

@@ -47,7 +47,6 @@ public:
     void run(const QUuid& id);
     /// Runs every pair that was synced before.
     void runAll();
-    void cancel(const QUuid& id);
 
     /// Shows what a run would do.
     void requestPreview(const SyncPair& pair);

@@ -4,6 +4,7 @@
 #include "base/text/ByteFormat.h"
 
 #include <algorithm>
+#include <array>
 
 namespace tessary {
 

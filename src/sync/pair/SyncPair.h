@@ -7,16 +7,12 @@
 #include <QStringList>
 #include <QUuid>
 
-#include <array>
 #include <optional>
 
 namespace tessary {
 
 /// How files flow.
 enum class SyncMode { biDirectional, toPhone, toComputer };
-
-inline constexpr std::array allSyncModes{SyncMode::biDirectional, SyncMode::toPhone,
-                                         SyncMode::toComputer};
 
 /// The text of a mode in JSON and for people.
 [[nodiscard]] QString rawValue(SyncMode mode);
@@ -121,7 +117,6 @@ struct SyncPair {
 
 /// One file that a run would delete, as the user is asked about it.
 struct DeletionCandidate {
-    QUuid id = QUuid::createUuid();
     QString relativePath;
     bool isHere = true;                 ///< on this computer, else on the phone
     qint64 size = 0;                    ///< bytes

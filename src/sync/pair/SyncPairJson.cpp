@@ -3,6 +3,7 @@
 #include <QJsonObject>
 #include <QTimeZone>
 
+#include <array>
 #include <cmath>
 #include <limits>
 

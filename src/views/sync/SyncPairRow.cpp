@@ -67,7 +67,7 @@ SyncPairRow::SyncPairRow(SyncViewModel& sync, const QUuid& id, QWidget* parent)
     progress_->setTextVisible(false);
     progress_->setFixedHeight(5);
     connect(run_, &QToolButton::clicked, this, [this] { sync_.run(id_); });
-    connect(cancel_, &QToolButton::clicked, this, [this] { sync_.cancel(id_); });
+    connect(cancel_, &QToolButton::clicked, this, [this] { sync_.manager().cancel(id_); });
     more_->setMenu(menu_);
     more_->setPopupMode(QToolButton::InstantPopup);
     connect(menu_, &QMenu::aboutToShow, this, &SyncPairRow::fillMenu);
