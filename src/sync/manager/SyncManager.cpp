@@ -164,13 +164,6 @@ QString SyncManager::macHostID() {
     return syncHostID(defaults_);
 }
 
-void SyncManager::setBrowsingContext(std::optional<DeviceInfo> device, std::optional<AppInfo> app,
-                                     const QString& remotePath) {
-    activeDevice_ = std::move(device);
-    activeApp_ = std::move(app);
-    activeRemotePath_ = remotePath;
-}
-
 bool SyncManager::isRunningOrWaiting(const QUuid& id) const {
     return (running_ && running_->id == id) ||
            std::any_of(waiting_.begin(), waiting_.end(),

@@ -1,8 +1,6 @@
 #pragma once
 
 #include "base/local/Trash.h"
-#include "phone/records/AppInfo.h"
-#include "phone/records/DeviceInfo.h"
 #include "platform/settings/StoredList.h"
 #include "sync/manager/SyncConnection.h"
 #include "sync/manager/SyncReportStore.h"
@@ -63,19 +61,6 @@ public:
     void removeSyncPair(const QUuid& id);
     /// This computer's name in manifests; made on first use.
     [[nodiscard]] QString macHostID();
-
-    /// The folder that is being browsed, of which a pair may be made.
-    void setBrowsingContext(std::optional<DeviceInfo> device, std::optional<AppInfo> app,
-                            const QString& remotePath);
-    [[nodiscard]] const std::optional<DeviceInfo>& activeDevice() const {
-        return activeDevice_;
-    }
-    [[nodiscard]] const std::optional<AppInfo>& activeApp() const {
-        return activeApp_;
-    }
-    [[nodiscard]] const QString& activeRemotePath() const {
-        return activeRemotePath_;
-    }
 
     /// Runs one pair, after those that wait already. Nothing happens when it runs or waits.
     /// `decisions` were made at a preview.
@@ -144,9 +129,6 @@ private:
     QHash<QUuid, SyncReport> lastReports_;
     std::deque<Job> waiting_;
     std::optional<Running> running_;
-    std::optional<DeviceInfo> activeDevice_;
-    std::optional<AppInfo> activeApp_;
-    QString activeRemotePath_;
 };
 
 } // namespace tessary

@@ -45,18 +45,16 @@ SyncViewModel::~SyncViewModel() {
 }
 
 std::optional<SyncPair> SyncViewModel::draft(const QString& documents) const {
-    const auto& device = manager_.activeDevice();
+    const auto& [device, app, remotePath] = browsed_;
     const bool isAndroid = device && device->platform == DevicePlatform::android;
-    if (!device || (!isAndroid && !manager_.activeApp()))
+    if (!device || (!isAndroid && !app))
         return std::nullopt;
     SyncPair pair;
     pair.deviceUDID = device->udid;
     pair.deviceName = device->deviceName.value_or(device->udid);
-    pair.appBundleID =
-        isAndroid ? QString(SyncPair::deviceStorage) : manager_.activeApp()->bundleIdentifier;
-    pair.appName =
-        isAndroid ? QStringLiteral("Internal Storage") : manager_.activeApp()->displayName;
-    pair.remoteFolderPath = manager_.activeRemotePath();
+    pair.appBundleID = isAndroid ? QString(SyncPair::deviceStorage) : app->bundleIdentifier;
+    pair.appName = isAndroid ? QStringLiteral("Internal Storage") : app->displayName;
+    pair.remoteFolderPath = remotePath;
     pair.localFolderPath = documents;
     const QString top = lastComponent(pair.remoteFolderPath);
     for (const QString& name : {pair.deviceName, top.isEmpty() ? pair.appName : top})

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "phone/records/AppInfo.h"
+#include "phone/records/DeviceInfo.h"
 #include "sync/manager/SyncManager.h"
 
 #include <QObject>
@@ -30,6 +32,13 @@ public:
         }
     };
 
+    /// The folder that is being browsed, of which a pair may be made.
+    struct Browsed {
+        std::optional<DeviceInfo> device;
+        std::optional<AppInfo> app; ///< whose documents it is in
+        QString remotePath;
+    };
+
     /// Both must outlive the view model.
     SyncViewModel(SyncManager& manager, DeviceManager& deviceManager, QObject* parent = nullptr);
     /// Answers a question that waits with SyncAnswer::stop().
@@ -39,6 +48,9 @@ public:
         return manager_;
     }
 
+    void setBrowsed(Browsed browsed) {
+        browsed_ = std::move(browsed);
+    }
     /// A new pair of the folder that is being browsed, with a folder of its own below
     /// `documents`; no value while none is.
     [[nodiscard]] std::optional<SyncPair> draft(const QString& documents) const;
@@ -100,6 +112,7 @@ private:
 
     SyncManager& manager_;
     DeviceManager& deviceManager_;
+    Browsed browsed_;
     std::optional<Preview> preview_;
     std::stop_source stopPreview_;
     std::optional<SyncQuestion> question_;

@@ -287,10 +287,8 @@ void MainWindow::changeEvent(QEvent* event) {
 }
 
 void MainWindow::showSync(const QWidget& anchor) {
-    std::optional<DeviceInfo> device;
-    if (tab().showsFolder())
-        device = browser().activeDevice();
-    app_.syncManager().setBrowsingContext(device, choice().app(), browser().currentPath());
+    const auto device = tab().showsFolder() ? browser().activeDevice() : std::nullopt;
+    common_.sync.setBrowsed({device, choice().app(), browser().currentPath()});
     syncPanel_->popUpBelow(anchor);
 }
 
