@@ -2,19 +2,19 @@
 
 #include "base/threads/MainThread.h"
 
+#include <QHash>
+
 #include <optional>
 #include <utility>
 
 namespace tessary {
 
-/// One time of browsing, shared with the work that is still on its way when it ends.
+/// One time of browsing. What was reported before it ended comes to nothing.
 struct WirelessADBDiscovery::Browsing {
-    std::mutex lock; ///< guards `devices`
     QHash<QString, DiscoveredWirelessDevice> devices;
-
-    // On the main thread:
-    const WirelessADBDiscovery* owner = nullptr; ///< null when it is over
     std::optional<bool> isAvailable;
+    std::unique_ptr<ServiceBrowser> connectBrowser;
+    std::unique_ptr<ServiceBrowser> pairingBrowser;
 };
 
 WirelessADBDiscovery::WirelessADBDiscovery(std::shared_ptr<ServiceNetwork> network)
@@ -29,59 +29,47 @@ void WirelessADBDiscovery::startBrowsing() {
     if (browsing_)
         return;
     browsing_ = std::make_shared<Browsing>();
-    browsing_->owner = this;
-    queue_ = std::make_unique<SerialQueue>("com.kestrine.wireless.discovery");
-    connectBrowser_ = network_->browse(connectType);
-    pairingBrowser_ = network_->browse(pairingType);
-    startBrowser(*connectBrowser_, false);
-    startBrowser(*pairingBrowser_, true);
+    browsing_->connectBrowser = startBrowser(connectType, false);
+    browsing_->pairingBrowser = startBrowser(pairingType, true);
 }
 
-void WirelessADBDiscovery::startBrowser(ServiceBrowser& browser, bool isPairing) {
-    browser.start(
-        [queue = queue_.get(), browsing = browsing_, isPairing](const ServiceResults& results) {
-            queue->post(
-                [browsing, results, isPairing] { handleResults(browsing, results, isPairing); });
+std::unique_ptr<ServiceBrowser> WirelessADBDiscovery::startBrowser(const QString& type,
+                                                                   bool isPairing) {
+    auto browser = network_->browse(type);
+    browser->start([this, current = std::weak_ptr(browsing_), isPairing](const auto& results) {
+        MainThread::post([this, current, results, isPairing] {
+            if (!current.expired())
+                handleResults(results, isPairing);
         });
+    });
+    return browser;
 }
 
 void WirelessADBDiscovery::stopBrowsing() {
     MainThread::assertCurrent();
-    if (!browsing_)
-        return;
-    browsing_->owner = nullptr;
     browsing_.reset();
-    connectBrowser_.reset();
-    pairingBrowser_.reset();
-    queue_.reset();
 }
 
-void WirelessADBDiscovery::handleResults(const std::shared_ptr<Browsing>& browsing,
-                                         const ServiceResults& results, bool isPairing) {
-    std::vector<DiscoveredWirelessDevice> found;
-    {
-        const std::scoped_lock lock(browsing->lock);
-        for (const ServiceEndpoint& service : results.services) {
-            auto known = browsing->devices.find(service.name);
-            if (known == browsing->devices.end())
-                known = browsing->devices.insert(service.name,
-                                                 {service.name, service.name, service, isPairing});
-            if (known->isPairing != isPairing)
-                known->otherEndpoint = known->endpoint;
-            known->endpoint = service;
-            known->isPairing = isPairing;
-        }
-        found.assign(browsing->devices.cbegin(), browsing->devices.cend());
+void WirelessADBDiscovery::handleResults(const ServiceResults& results, bool isPairing) {
+    auto& devices = browsing_->devices;
+    for (const ServiceEndpoint& service : results.services) {
+        auto known = devices.find(service.name);
+        if (known == devices.end())
+            known = devices.insert(service.name, {service.name, service.name, service, isPairing});
+        if (known->isPairing != isPairing)
+            known->otherEndpoint = known->endpoint;
+        known->endpoint = service;
+        known->isPairing = isPairing;
     }
-    MainThread::post([browsing, found = std::move(found), isAvailable = results.isAvailable] {
-        if (browsing->owner && browsing->isAvailable != isAvailable) {
-            browsing->isAvailable = isAvailable;
-            if (browsing->owner->onAvailabilityChanged)
-                browsing->owner->onAvailabilityChanged(isAvailable);
-        }
-        if (browsing->owner && browsing->owner->onDevicesUpdated)
-            browsing->owner->onDevicesUpdated(found);
-    });
+    const std::vector<DiscoveredWirelessDevice> found(devices.cbegin(), devices.cend());
+    const bool isNews = std::exchange(browsing_->isAvailable, results.isAvailable) !=
+                        std::optional(results.isAvailable);
+    // Who is called may end it.
+    const std::weak_ptr current(browsing_);
+    if (isNews && onAvailabilityChanged)
+        onAvailabilityChanged(results.isAvailable);
+    if (!current.expired() && onDevicesUpdated)
+        onDevicesUpdated(found);
 }
 
 } // namespace tessary

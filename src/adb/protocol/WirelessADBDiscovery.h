@@ -1,14 +1,11 @@
 #pragma once
 
-#include "base/threads/SerialQueue.h"
 #include "platform/dnssd/ServiceBrowser.h"
 
-#include <QHash>
 #include <QString>
 
 #include <functional>
 #include <memory>
-#include <mutex>
 #include <optional>
 #include <vector>
 
@@ -55,15 +52,11 @@ public:
 private:
     struct Browsing;
 
-    void startBrowser(ServiceBrowser& browser, bool isPairing);
-    static void handleResults(const std::shared_ptr<Browsing>& browsing,
-                              const ServiceResults& results, bool isPairing);
+    [[nodiscard]] std::unique_ptr<ServiceBrowser> startBrowser(const QString& type, bool isPairing);
+    void handleResults(const ServiceResults& results, bool isPairing);
 
     const std::shared_ptr<ServiceNetwork> network_;
     std::shared_ptr<Browsing> browsing_; ///< present while browsing
-    std::unique_ptr<ServiceBrowser> connectBrowser_;
-    std::unique_ptr<ServiceBrowser> pairingBrowser_;
-    std::unique_ptr<SerialQueue> queue_; ///< what the browsers report is handled on it
 };
 
 } // namespace tessary
