@@ -52,8 +52,7 @@ void ADBDirectConnection::release() {
     std::shared_ptr<ADBLink> ended; // outside of the lock
     // Who makes a link right now needs it.
     const auto lock = mutex_.tryToHold();
-    // The question on the phone goes with the link.
-    if (lock && link_ && !link_->hasStreams() && !link_->awaitsTrust())
+    if (lock && link_ && link_->isIdle())
         ended = std::move(link_);
 }
 

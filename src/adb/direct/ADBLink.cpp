@@ -102,16 +102,15 @@ void ADBLink::await(std::unique_lock<std::mutex>& lock, const Wait& wait, Ready 
 
 void ADBLink::awaitReady(const Wait& wait, std::chrono::milliseconds trustPatience) {
     std::unique_lock lock(mutex_);
-    const auto isAnswered = [this] { return state_ == State::ready || state_ == State::asking; };
     for (;;) {
-        await(lock, wait, [&] { return isAnswered() || asksForKey_; });
+        await(lock, wait, [this] { return state_ != State::greeting || asksForKey_; });
+        if (state_ == State::lost)
+            throwLost();
         if (!asksForKey_)
             break;
         // A person who unlocks the key store first is no silence of the phone.
         changed_.wait(lock, wait.stop, [this] { return !asksForKey_ || state_ == State::lost; });
         throwIfStopped(wait.stop);
-        if (state_ == State::lost)
-            throwLost();
     }
     const auto isReady = [this] { return state_ == State::ready || state_ == State::lost; };
     const bool isOver = changed_.wait_for(lock, wait.stop, trustPatience, isReady);
@@ -122,19 +121,14 @@ void ADBLink::awaitReady(const Wait& wait, std::chrono::milliseconds trustPatien
         throwLost();
 }
 
-bool ADBLink::awaitsTrust() const {
-    const std::scoped_lock lock(mutex_);
-    return state_ == State::asking;
-}
-
 bool ADBLink::isLost() const {
     const std::scoped_lock lock(mutex_);
     return state_ == State::lost;
 }
 
-bool ADBLink::hasStreams() const {
+bool ADBLink::isIdle() const {
     const std::scoped_lock lock(mutex_);
-    return !channels_.empty();
+    return channels_.empty() && state_ != State::asking;
 }
 
 QByteArrayList ADBLink::features() const {

@@ -35,10 +35,9 @@ public:
     /// allow it first and has not after `trustPatience`; the question stays on the phone as long as
     /// this link.
     void awaitReady(const Wait& wait, std::chrono::milliseconds trustPatience);
-    /// Whether the phone asks a person now.
-    [[nodiscard]] bool awaitsTrust() const;
     [[nodiscard]] bool isLost() const;
-    [[nodiscard]] bool hasStreams() const;
+    /// Whether no stream is open and the phone asks no person: the question goes with the link.
+    [[nodiscard]] bool isIdle() const;
     /// What the phone can do; empty before it is ready.
     [[nodiscard]] QByteArrayList features() const;
     [[nodiscard]] std::unique_ptr<ADBStream> open(const QByteArray& service, const Wait& wait);
