@@ -14,27 +14,11 @@
 
 namespace tessary {
 
-namespace {
-
-constexpr QLatin1Char slash('/');
-
-} // namespace
-
 std::uint32_t ADBEdits::secondsOf(const std::optional<QDateTime>& date) {
     constexpr qint64 last = std::numeric_limits<std::uint32_t>::max();
     const qint64 seconds =
         (date && date->isValid() ? *date : QDateTime::currentDateTimeUtc()).toSecsSinceEpoch();
     return static_cast<std::uint32_t>(std::clamp<qint64>(seconds, 0, last));
-}
-
-QString requireItemPath(const FileItem& item, const QString& canonical, const QString& root) {
-    if (canonical == root || canonical.count(slash) < 2)
-        throw Error(PhoneError::wholeStorage, {canonical});
-    const QStringList components = item.path.split(slash, Qt::SkipEmptyParts);
-    if (!isSafeName(item.name) || components.contains(QStringLiteral("..")) ||
-        components.contains(QStringLiteral(".")) || lastComponent(canonical) != item.name)
-        throw Error(PhoneError::nameNotAllowed, {item.name});
-    return canonical;
 }
 
 void ADBEdits::requireKind(const FileItem& item, const std::optional<ADBFacts>& facts) {
@@ -54,10 +38,6 @@ void ADBEdits::requireFolder(const QString& path, const std::optional<ADBFacts>&
 void ADBEdits::requireName(const QString& name) {
     if (!NameRules().accepts(name))
         throw Error(PhoneError::nameNotAllowed, {name});
-}
-
-bool ADBEdits::isThere(const QByteArray& path) {
-    return session_.facts(path, false, stop_).has_value();
 }
 
 /// True when the name is `own` in another spelling.
@@ -95,7 +75,7 @@ void ADBEdits::remove(const FileItem& item) {
         session_.run({"rm", "-f", path}, ADBSession::longPatience, stop_);
     else
         session_.run({"rmdir", path}, ADBSession::patience, stop_);
-    if (isThere(path))
+    if (session_.facts(path, false, stop_))
         throw Error(PhoneError::notDone, {item.path});
 }
 

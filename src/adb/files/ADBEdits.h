@@ -48,15 +48,9 @@ private:
     [[nodiscard]] FileItem fill(const NewFile& file, qint64 keptBytes, const ByteSource& content,
                                 const ByteProgress& progress);
     [[nodiscard]] FileItem respell(const FileItem& item, const QString& newPath);
-    [[nodiscard]] bool isThere(const QByteArray& path);
 
     ADBSession& session_;
     const std::stop_token stop_;
 };
-
-/// An item's path, canonical. PhoneError::wholeStorage for a storage's root, ::nameNotAllowed for
-/// one whose name is none, or that leads elsewhere.
-[[nodiscard]] QString requireItemPath(const FileItem& item, const QString& canonical,
-                                      const QString& root);
 
 } // namespace tessary

@@ -96,6 +96,16 @@ auto ADBFileSystem::inTurn(const QString& path, const Call& call, Work work) {
     return withSession(path, work);
 }
 
+/// As inTurn(), with `work(edits)`.
+template <typename Work>
+auto ADBFileSystem::editing(const QString& path, const Call& call, Work work) {
+    return inTurn(path, call, [&] {
+        queue_->noteEdit();
+        ADBEdits edits(session_, call.stop);
+        return work(edits);
+    });
+}
+
 /// As inTurn(), with `work(turn)`.
 template <typename Work>
 auto ADBFileSystem::inPassingTurn(const QString& path, const Call& call, Work work) {
@@ -267,10 +277,8 @@ ADBFileSystem::writeTogether(const QString& folder, const std::vector<SmallFile>
 
 FileItem ADBFileSystem::makeFolder(const QString& parent, const QString& name, const Call& call) {
     const QString folder = canonicalPath(parent);
-    return inTurn(joinPath(folder, name), call, [&] {
-        queue_->noteEdit();
-        return ADBEdits(session_, call.stop).makeFolder(folder, name);
-    });
+    return editing(joinPath(folder, name), call,
+                   [&](ADBEdits& edits) { return edits.makeFolder(folder, name); });
 }
 
 /// The canonical path of a place that was kept, maybe while the phone was used over MTP.
@@ -285,20 +293,23 @@ QString ADBFileSystem::enteredPath(const QString& path, const Call& call) {
     return clean;
 }
 
-/// The item with its path as the phone has it.
+/// The item with its path as the phone has it. PhoneError::wholeStorage for a storage's root,
+/// ::nameNotAllowed for one whose name is none, or whose path leads elsewhere.
 FileItem ADBFileSystem::editable(const FileItem& item) const {
-    const QString path = canonicalPath(item.path);
     FileItem there = item;
-    there.path = requireItemPath(item, path, ADBStorages::rootPathOf(path));
+    there.path = canonicalPath(item.path);
+    if (there.path == ADBStorages::rootPathOf(there.path) || there.path.count(u'/') < 2)
+        throw Error(PhoneError::wholeStorage, {there.path});
+    const QStringList components = item.path.split(u'/', Qt::SkipEmptyParts);
+    if (!isSafeName(item.name) || components.contains(QStringLiteral("..")) ||
+        components.contains(QStringLiteral(".")) || lastComponent(there.path) != item.name)
+        throw Error(PhoneError::nameNotAllowed, {item.name});
     return there;
 }
 
 void ADBFileSystem::remove(const FileItem& item, const Call& call) {
     const FileItem there = editable(item);
-    inTurn(there.path, call, [&] {
-        queue_->noteEdit();
-        ADBEdits(session_, call.stop).remove(there);
-    });
+    editing(there.path, call, [&](ADBEdits& edits) { edits.remove(there); });
 }
 
 void ADBFileSystem::removeTree(const FileItem& item, const Call& call) {
@@ -325,10 +336,8 @@ FileItem ADBFileSystem::rename(const FileItem& item, const QString& newName, Tak
     const FileItem there = editable(item);
     const QString folder = parentPath(there.path);
     // What a phone refuses here is the new name.
-    return inTurn(joinPath(folder, newName), call, [&] {
-        queue_->noteEdit();
-        return ADBEdits(session_, call.stop).rename(there, folder, newName, taken);
-    });
+    return editing(joinPath(folder, newName), call,
+                   [&](ADBEdits& edits) { return edits.rename(there, folder, newName, taken); });
 }
 
 FileItem ADBFileSystem::move(const FileItem& item, const QString& newFolder, const Call& call) {
@@ -338,18 +347,14 @@ FileItem ADBFileSystem::move(const FileItem& item, const QString& newFolder, con
         throw Error(PhoneError::insideItself, {there.path});
     if (ADBStorages::rootPathOf(folder) != ADBStorages::rootPathOf(there.path))
         throw Error(PhoneError::otherStorage, {there.path});
-    return inTurn(there.path, call, [&] {
-        queue_->noteEdit();
-        return ADBEdits(session_, call.stop).rename(there, folder, there.name, TakenName::refused);
+    return editing(there.path, call, [&](ADBEdits& edits) {
+        return edits.rename(there, folder, there.name, TakenName::refused);
     });
 }
 
 void ADBFileSystem::setModified(const FileItem& file, const QDateTime& date, const Call& call) {
     const FileItem there = editable(file);
-    inTurn(there.path, call, [&] {
-        queue_->noteEdit();
-        ADBEdits(session_, call.stop).setModified(there, date);
-    });
+    editing(there.path, call, [&](ADBEdits& edits) { edits.setModified(there, date); });
 }
 
 std::optional<std::uint64_t> ADBFileSystem::freeBytes(const QString& folder, const Call& call) {

@@ -71,6 +71,8 @@ private:
     template <typename Work>
     auto inTurn(const QString& path, const Call& call, Work work);
     template <typename Work>
+    auto editing(const QString& path, const Call& call, Work work);
+    template <typename Work>
     auto inPassingTurn(const QString& path, const Call& call, Work work);
     template <typename Work>
     auto withSession(const QString& path, Work work);

@@ -150,12 +150,12 @@ const QByteArrayList& ADBSession::hashCommand(const std::stop_token& stop) {
             const ADBCommandResult result =
                 tryRun(words + QByteArrayList{"/dev/null"}, patience, stop);
             // What SHA-256 makes of nothing.
-            if (found.isEmpty() && result.status == 0 &&
+            if (result.status == 0 &&
                 result.output.startsWith(
-                    "e3b0c44298fc1c149afbf4c8996fb92427ae41e4649b934ca495991b7852b855"))
+                    "e3b0c44298fc1c149afbf4c8996fb92427ae41e4649b934ca495991b7852b855")) {
                 found = words;
-            if (!found.isEmpty())
                 break;
+            }
         }
         hashCommand_ = found;
     }
