@@ -125,8 +125,8 @@ std::vector<ADBDevice> ADBWays::devices() {
     return all;
 }
 
-/// The places on the bus where a device speaks adb.
-QStringList ADBWays::placesWithADB() const {
+/// Looks for the places on the bus where a device speaks adb.
+QStringList ADBWays::findPlaces() {
     const auto speaksADB = [](const USBDeviceEntry& entry) {
         return std::any_of(entry.interfaces.begin(), entry.interfaces.end(), [](const auto& one) {
             return one.interfaceClass == ADBUSBInterfaceKind::interfaceClass &&
@@ -138,16 +138,13 @@ QStringList ADBWays::placesWithADB() const {
     for (const USBDeviceEntry& entry : setup_.bus.devices())
         if (speaksADB(entry))
             places.append(entry.location);
+    const std::scoped_lock lock(mutex_);
+    places_ = places;
     return places;
 }
 
 void ADBWays::lookAgain(const std::stop_token& stop) {
-    const QStringList places = placesWithADB();
-    {
-        const std::scoped_lock lock(mutex_);
-        places_ = places;
-    }
-    if (!places.isEmpty())
+    if (!findPlaces().isEmpty())
         (void)ensureServer(stop);
     tracker_.wake();
 }
@@ -197,10 +194,7 @@ bool ADBWays::canReach(const PhoneIdentity& phone) {
         if (places_)
             return places_->contains(phone.usbLocation);
     }
-    const QStringList places = placesWithADB();
-    const std::scoped_lock lock(mutex_);
-    places_ = places;
-    return places.contains(phone.usbLocation);
+    return findPlaces().contains(phone.usbLocation);
 }
 
 std::shared_ptr<ADBConnection> ADBWays::byServer(const PhoneIdentity& phone) {

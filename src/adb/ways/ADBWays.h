@@ -61,7 +61,7 @@ public:
 private:
     friend class ADBChosenConnection;
 
-    [[nodiscard]] QStringList placesWithADB() const;
+    [[nodiscard]] QStringList findPlaces();
     [[nodiscard]] bool ensureServer(const std::stop_token& stop);
     bool startServer(const std::stop_token& stop);
     [[nodiscard]] std::shared_ptr<ADBConnection> byServer(const PhoneIdentity& phone);
