@@ -7,12 +7,9 @@ namespace tessary {
 namespace {
 
 /// The words for states, the longer of two that begin alike first.
-const QString& states() {
-    static const QString words = QStringLiteral(
-        "(device|offline|unauthorized|authorizing|connecting|recovery|sideload|rescue|"
-        "bootloader|host|unknown|no permissions)");
-    return words;
-}
+constexpr QLatin1StringView states(
+    "(device|offline|unauthorized|authorizing|connecting|recovery|sideload|rescue|bootloader|host|"
+    "unknown|no permissions)");
 
 ADBDevice deviceOf(const QString& serial, const QString& state, const QString& details) {
     ADBDevice device;
@@ -41,10 +38,9 @@ bool ADBDevice::isNetwork() const {
 std::vector<ADBDevice> parseADBDevices(const QByteArray& output) {
     // "serial\tstate", or the serial in a column of 22 and a blank, the state and details. A serial
     // may hold blanks, and even words for states.
-    static const QRegularExpression tabbed(QStringLiteral("^([^\\t]+)\\t%1(.*)$").arg(states()));
-    static const QRegularExpression columns(QStringLiteral("^(.{22}) %1( .*)?$").arg(states()));
-    static const QRegularExpression longSerial(
-        QStringLiteral("^(.{22,}?) +%1( .*)?$").arg(states()));
+    static const QRegularExpression tabbed(QStringLiteral("^([^\\t]+)\\t%1(.*)$").arg(states));
+    static const QRegularExpression columns(QStringLiteral("^(.{22}) %1( .*)?$").arg(states));
+    static const QRegularExpression longSerial(QStringLiteral("^(.{22,}?) +%1( .*)?$").arg(states));
     std::vector<ADBDevice> devices;
     const QStringList lines = QString::fromUtf8(output).split(QLatin1Char('\n'));
     for (QString line : lines) {

@@ -18,10 +18,7 @@ namespace {
 /// A report of more bytes is none of ours.
 constexpr qint64 largestReport = 64LL * 1024 * 1024;
 
-const QString& pattern() {
-    static const QString text = QStringLiteral("*.json");
-    return text;
-}
+constexpr QLatin1StringView pattern("*.json");
 
 /// Sorts by date.
 QString fileName(const QDateTime& date) {
@@ -65,7 +62,7 @@ std::vector<SyncReport> SyncReportStore::of(const QUuid& pair, std::size_t most)
     std::vector<SyncReport> reports;
     const QDir folder(folderOf(pair));
     for (const QString& name :
-         folder.entryList({pattern()}, QDir::Files, QDir::Name | QDir::Reversed)) {
+         folder.entryList({pattern}, QDir::Files, QDir::Name | QDir::Reversed)) {
         QFile file(folder.filePath(name));
         if (reports.size() == most || file.size() > largestReport ||
             !file.open(QIODevice::ReadOnly))
@@ -78,7 +75,7 @@ std::vector<SyncReport> SyncReportStore::of(const QUuid& pair, std::size_t most)
 
 void SyncReportStore::forget(const QUuid& pair) const {
     QDir folder(folderOf(pair));
-    for (const QString& name : folder.entryList({pattern()}, QDir::Files))
+    for (const QString& name : folder.entryList({pattern}, QDir::Files))
         QFile::remove(folder.filePath(name));
     (void)QDir(folder_).rmdir(pair.toString(QUuid::WithoutBraces));
 }

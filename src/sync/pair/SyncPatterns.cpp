@@ -8,10 +8,7 @@ namespace tessary {
 
 namespace {
 
-const QString& anyFolders() {
-    static const QString text = QStringLiteral("**");
-    return text;
-}
+constexpr QLatin1StringView anyFolders("**");
 
 /// Reads a "[...]" that begins at `at`. Moves `at` behind it and says whether `unit` is one of it;
 /// leaves `at` where it is when there is no end: then it is a plain sign.
@@ -90,7 +87,7 @@ bool matchesPath(const QStringList& globs, const QList<QStringView>& names) {
     qsizetype anyAt = -1;
     qsizetype anyName = 0;
     while (n < names.size()) {
-        if (g < globs.size() && globs[g] == anyFolders()) {
+        if (g < globs.size() && globs[g] == anyFolders) {
             anyAt = ++g;
             anyName = n;
             if (g == globs.size())
@@ -136,7 +133,7 @@ SyncPatterns::SyncPatterns(const QStringList& lines) {
         if (pattern.names.isEmpty())
             continue;
         if (!isTied)
-            pattern.names.prepend(anyFolders());
+            pattern.names.prepend(anyFolders);
         patterns_.push_back(std::move(pattern));
     }
 }
