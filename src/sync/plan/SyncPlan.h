@@ -53,11 +53,6 @@ struct SyncPlannedAction {
     [[nodiscard]] bool isWork() const {
         return kind != Kind::alreadyInSync && kind != Kind::leave && kind != Kind::skip;
     }
-    /// Whether a transfer takes the place of another file.
-    [[nodiscard]] bool replaces() const {
-        return (kind == Kind::upload && device != nullptr) ||
-               (kind == Kind::download && local != nullptr);
-    }
     /// Bytes that it moves at least.
     [[nodiscard]] qint64 bytes() const;
 };

@@ -103,7 +103,8 @@ SyncPlanner::SyncPlanner(const SyncPlanInput& input) : input_(input) {
                     SyncReason obstacle =
                         obstacles.reasonFor(path, local != nullptr, device != nullptr);
                     if (!obstacle && (local != nullptr || device != nullptr)) {
-                        pending = decide(action);
+                        pending = local != nullptr && device != nullptr ? decideBoth(action)
+                                                                        : decideOne(action);
                         const bool acts = action.isWork() || (pending != Pending::nothing &&
                                                               pending != Pending::freshness);
                         changesRecord |= acts;
@@ -213,11 +214,6 @@ bool SyncPlanner::vouches(const SyncPlannedAction& action) const {
 
 /// Sets an action's kind, or what it waits for. A kind `skip` without a reason means that nothing
 /// is to be done and nothing recorded.
-SyncPlanner::Pending SyncPlanner::decide(SyncPlannedAction& action) const {
-    return action.local != nullptr && action.device != nullptr ? decideBoth(action)
-                                                               : decideOne(action);
-}
-
 SyncPlanner::Pending SyncPlanner::decideBoth(SyncPlannedAction& action) const {
     const SyncFile& local = *action.local;
     const SyncFile& device = *action.device;

@@ -80,7 +80,6 @@ private:
     void decideResemblances();
     void decideFreshOnes(bool changesRecord);
     [[nodiscard]] bool vouches(const SyncPlannedAction& action) const;
-    [[nodiscard]] Pending decide(SyncPlannedAction& action) const;
     [[nodiscard]] Pending decideBoth(SyncPlannedAction& action) const;
     [[nodiscard]] Pending decideOne(SyncPlannedAction& action) const;
     void settleEqual(SyncPlannedAction& action, bool isContentKnown) const;

@@ -43,13 +43,13 @@ const char* deedName(SyncDeed deed) {
 SyncDeed deedOf(const SyncPlannedAction& action) {
     switch (action.kind) {
     case Kind::upload:
-        return action.deletesSource ? SyncDeed::moveToDevice
-               : action.replaces()  ? SyncDeed::replaceOnDevice
-                                    : SyncDeed::upload;
+        return action.deletesSource       ? SyncDeed::moveToDevice
+               : action.device != nullptr ? SyncDeed::replaceOnDevice
+                                          : SyncDeed::upload;
     case Kind::download:
-        return action.deletesSource ? SyncDeed::moveHere
-               : action.replaces()  ? SyncDeed::replaceHere
-                                    : SyncDeed::download;
+        return action.deletesSource      ? SyncDeed::moveHere
+               : action.local != nullptr ? SyncDeed::replaceHere
+                                         : SyncDeed::download;
     case Kind::moveDeleteSourceOnly:
         return SyncDeed::moveToDevice;
     case Kind::moveDeleteRemoteSourceOnly:
