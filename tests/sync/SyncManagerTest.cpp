@@ -104,6 +104,9 @@ TEST_F(SyncManagerTest, pairsRunOneAfterTheOtherAndAreSaved) {
     ASSERT_NE(sync_->lastReport(two.id), nullptr);
     EXPECT_THAT(sync_->lastReport(two.id)->paths({SyncDeed::download}), ElementsAre(u"a"_s));
 
+    sync_->updateSyncPair(two); // as a form had it before the run
+    EXPECT_TRUE(sync_->pair(two.id)->lastSyncedAt);
+
     const auto again = makeManager();
     ASSERT_EQ(again->syncPairs().size(), 2U);
     EXPECT_EQ(again->syncPairs()[1].status, SyncStatus::completed());

@@ -136,13 +136,15 @@ void SyncManager::updateSyncPair(const SyncPair& pair) {
     SyncPair* old = find(pair.id);
     if (old == nullptr)
         return;
-    // What was decided for one folder holds for no other.
-    if (pair.localFolderPath != old->localFolderPath)
-        std::erase_if(waiting_, [&](const Job& job) { return job.id == pair.id; });
+    // A run may have begun or ended since the caller has got it.
     SyncPair changed = pair;
-    if (isRunningOrWaiting(pair.id)) {
-        changed.status = old->status;
-        changed.progress = old->progress;
+    changed.status = old->status;
+    changed.progress = old->progress;
+    changed.lastSyncedAt = old->lastSyncedAt;
+    // What was decided for one folder holds for no other, whose first run is previewed.
+    if (pair.localFolderPath != old->localFolderPath) {
+        changed.lastSyncedAt.reset();
+        std::erase_if(waiting_, [&](const Job& job) { return job.id == pair.id; });
     }
     *old = std::move(changed);
     saveSyncPairs();

@@ -54,8 +54,8 @@ public:
     }
     [[nodiscard]] const SyncPair* pair(const QUuid& id) const;
     void addSyncPair(const SyncPair& pair);
-    /// Replaces the pair with this id. A pair that runs keeps its state, and ends where it began;
-    /// one that waits and gets another folder here waits no more.
+    /// Replaces the pair with this id, but for its state. A pair that runs ends where it began; one
+    /// that gets another folder here was never synced, and waits no more.
     void updateSyncPair(const SyncPair& pair);
     /// Cancels the pair's run, too, and forgets its reports. Its manifests stay.
     void removeSyncPair(const QUuid& id);

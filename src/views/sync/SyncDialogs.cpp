@@ -39,13 +39,8 @@ void SyncDialogs::editPair(const QUuid& id) {
         return;
     auto* form = new SyncPairDialog(*pair, SyncPairDialog::Purpose::edits, &window_);
     form->setAttribute(Qt::WA_DeleteOnClose);
-    connect(form, &QDialog::accepted, this, [this, form, folder = pair->localFolderPath] {
-        SyncPair edited = form->pair();
-        // With another folder it is a first run again, and looked at beforehand.
-        if (edited.localFolderPath != folder)
-            edited.lastSyncedAt.reset();
-        sync_.manager().updateSyncPair(edited);
-    });
+    connect(form, &QDialog::accepted, this,
+            [this, form] { sync_.manager().updateSyncPair(form->pair()); });
     form->open();
 }
 
