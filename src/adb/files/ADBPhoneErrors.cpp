@@ -37,6 +37,26 @@ constexpr std::array errnos{
     Errno{122, View("Disk quota exceeded"), PhoneError::full},
 };
 
+/// A system call's reason, by its number on the phone.
+PhoneError codeOfErrno(std::uint32_t number) {
+    const auto* found = std::find_if(errnos.begin(), errnos.end(),
+                                     [&](const Errno& row) { return row.number == number; });
+    return found == errnos.end() ? PhoneError::refused : found->error;
+}
+
+/// The same by the words that Android's C library has for it, at the end of what a service or a
+/// command says.
+PhoneError codeOfReason(const QString& reason) {
+    // Some commands have figures to tell behind it.
+    const QStringList lines = reason.split(QLatin1Char('\n'));
+    const auto* found = std::find_if(errnos.begin(), errnos.end(), [&](const Errno& row) {
+        return std::any_of(lines.begin(), lines.end(), [&](const QString& line) {
+            return QStringView(line).trimmed().endsWith(row.words);
+        });
+    });
+    return found == errnos.end() ? PhoneError::refused : found->error;
+}
+
 PhoneError codeOf(const Error& error, ADBError code) {
     switch (code) {
     case ADBError::noKey:
@@ -65,11 +85,11 @@ PhoneError codeOf(const Error& error, ADBError code) {
     case ADBError::nonsense:
         return PhoneError::nonsense;
     case ADBError::syncFailed:
-        return phoneErrorOfReason(error.arguments().value(1).toString());
+        return codeOfReason(error.arguments().value(1).toString());
     case ADBError::statFailed:
-        return phoneErrorOfErrno(error.arguments().value(1).toUInt());
+        return codeOfErrno(error.arguments().value(1).toUInt());
     case ADBError::commandFailed:
-        return phoneErrorOfReason(error.arguments().value(2).toString());
+        return codeOfReason(error.arguments().value(2).toString());
     case ADBError::nameNotText:
     case ADBError::pathTooLong:
         return PhoneError::nameNotAllowed;
@@ -78,23 +98,6 @@ PhoneError codeOf(const Error& error, ADBError code) {
 }
 
 } // namespace
-
-PhoneError phoneErrorOfErrno(std::uint32_t number) {
-    const auto* found = std::find_if(errnos.begin(), errnos.end(),
-                                     [&](const Errno& row) { return row.number == number; });
-    return found == errnos.end() ? PhoneError::refused : found->error;
-}
-
-PhoneError phoneErrorOfReason(const QString& reason) {
-    // Some commands have figures to tell behind it.
-    const QStringList lines = reason.split(QLatin1Char('\n'));
-    const auto* found = std::find_if(errnos.begin(), errnos.end(), [&](const Errno& row) {
-        return std::any_of(lines.begin(), lines.end(), [&](const QString& line) {
-            return QStringView(line).trimmed().endsWith(row.words);
-        });
-    });
-    return found == errnos.end() ? PhoneError::refused : found->error;
-}
 
 Error phoneErrorOf(const Error& error, const QString& path) {
     const auto code = error.code().as<ADBError>();
