@@ -40,7 +40,6 @@ protected:
         const auto phone = open();
         LocalFileSystem disk(pair_.localFolderPath);
         SyncComputer computer = syncComputer(disk);
-        computer.trash = {};
         if (!flushes_)
             computer.flush = [] {};
         SyncRunEvents events;

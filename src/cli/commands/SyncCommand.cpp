@@ -12,7 +12,6 @@
 #include "sync/manager/SyncHost.h"
 #include "sync/plan/SyncError.h"
 #include "sync/plan/SyncReportJson.h"
-#include "sync/run/SyncLock.h"
 #include "sync/run/SyncRun.h"
 
 #include <QDir>
@@ -308,8 +307,6 @@ void syncFolders(CliSession& session) {
         requireStored(session.setup().defaults);
 
     LocalFileSystem folder(pair.localFolderPath);
-    SyncComputer computer = syncComputer(folder);
-    computer.trash = moveToTrash;
     SyncReport report;
     {
         ProgressPrinter printer(session.setup().error);
@@ -327,14 +324,7 @@ void syncFolders(CliSession& session) {
         events.ask = [&session](const SyncQuestion& question) {
             return answerTo(session, question);
         };
-        SyncRun run({pair,
-                     hostID,
-                     computerName(),
-                     std::move(computer),
-                     phone,
-                     [] { return QDateTime::currentDateTime(); },
-                     SyncLock::defaultFile(),
-                     {}},
+        SyncRun run({pair, hostID, computerName(), syncComputer(folder, moveToTrash), phone},
                     events, session.stop());
         if (session.request().isDryRun) {
             showPreview(session, run.preview());

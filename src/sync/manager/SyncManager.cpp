@@ -8,7 +8,6 @@
 #include "platform/desktop/HostInfo.h"
 #include "sync/manager/SyncHost.h"
 #include "sync/pair/SyncPairJson.h"
-#include "sync/run/SyncLock.h"
 #include "transfer/local/LocalFileSystem.h"
 
 #include <algorithm>
@@ -77,11 +76,9 @@ struct RunWork {
     auto with(const std::stop_token& stop, const SyncRunEvents& events, Use use) const {
         const auto files = setup.connect(pair, device, stop);
         LocalFileSystem folder(pair.localFolderPath);
-        SyncComputer computer = syncComputer(folder);
-        computer.trash = setup.trash;
-        SyncRun run({pair, hostID, computerName(), std::move(computer), *files, now,
-                     SyncLock::defaultFile(), decisions},
-                    events, stop);
+        SyncRunSetup ofRun{pair, hostID, computerName(), syncComputer(folder, setup.trash), *files};
+        ofRun.decisions = decisions;
+        SyncRun run(std::move(ofRun), events, stop);
         return use(run);
     }
 };

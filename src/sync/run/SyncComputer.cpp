@@ -4,8 +4,9 @@
 
 namespace tessary {
 
-SyncComputer syncComputer(LocalFileSystem& folder) {
-    return {folder, [&folder] { makeFolders(folder.folder()); }, [&folder] { folder.flush(); }, {}};
+SyncComputer syncComputer(LocalFileSystem& folder, std::function<bool(const QString& path)> trash) {
+    return {folder, [&folder] { makeFolders(folder.folder()); }, [&folder] { folder.flush(); },
+            std::move(trash)};
 }
 
 } // namespace tessary

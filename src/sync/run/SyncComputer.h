@@ -21,6 +21,7 @@ struct SyncComputer {
 };
 
 /// A real folder; must outlive the result. A code of LocalError from `makeFolder`.
-[[nodiscard]] SyncComputer syncComputer(LocalFileSystem& folder);
+[[nodiscard]] SyncComputer syncComputer(LocalFileSystem& folder,
+                                        std::function<bool(const QString& path)> trash = {});
 
 } // namespace tessary

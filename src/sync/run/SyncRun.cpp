@@ -8,7 +8,6 @@
 #include "phone/PhoneQueue.h"
 #include "sync/plan/SyncError.h"
 #include "sync/run/SyncContents.h"
-#include "sync/run/SyncLock.h"
 #include "sync/run/SyncStore.h"
 #include "sync/run/SyncWorker.h"
 #include "transfer/copy/CopyErrors.h"

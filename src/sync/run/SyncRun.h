@@ -5,6 +5,7 @@
 #include "sync/plan/SyncReport.h"
 #include "sync/run/SyncConsent.h"
 #include "sync/run/SyncContents.h"
+#include "sync/run/SyncLock.h"
 #include "sync/run/SyncRunEvents.h"
 #include "sync/run/SyncTransfer.h"
 
@@ -25,10 +26,11 @@ struct SyncRunSetup {
     QString computerName;
     SyncComputer computer;
     PhoneFileSystem& device;
-    std::function<QDateTime()> now; ///< in local time
-    QString lockFile;               ///< see SyncLock; empty: nobody else runs
+    /// In local time.
+    std::function<QDateTime()> now = [] { return QDateTime::currentDateTime(); };
+    QString lockFile = SyncLock::defaultFile(); ///< see SyncLock; empty: nobody else runs
     /// What was decided beforehand, at a preview; anything else is asked.
-    SyncDecisions decisions;
+    SyncDecisions decisions{};
 };
 
 /// One run of one pair, once the device is connected: scans both folders, asks what has to be
