@@ -2,7 +2,6 @@
 
 #include "Story.h"
 #include "base/threads/Background.h"
-#include "sync/manager/SyncConnection.h"
 
 #include <QCoreApplication>
 #include <QDirIterator>
@@ -42,8 +41,7 @@ Program::Program(VirtualUSBBus& bus, const QProcessEnvironment& environment, con
                    [this](const DeviceInfo& device, const AppInfo& app) {
                        return services.files().openApp(device, app);
                    }}),
-      sync(defaults,
-           {.connect = deviceConnector(services.files()), .reportFolder = folder + u"/reports"_s}) {
+      sync(defaults, {.phones = services.files(), .reportFolder = folder + u"/reports"_s}) {
     QObject::connect(&devices, &DeviceManager::devicesChanged, [this] { deviceListChanged(); });
     devices.startListening();
 }

@@ -3,7 +3,6 @@
 #include "app/LanguageManager.h"
 #include "base/local/PrivateFolder.h"
 #include "base/threads/Background.h"
-#include "sync/manager/SyncConnection.h"
 
 #include <algorithm>
 #include <chrono>
@@ -38,7 +37,7 @@ TessaryApp::TessaryApp(DeviceSources sources, DeviceServices& services, TessaryA
       deviceManager_(sources, services, setup_.alsoAccept),
       rememberedCopies_(copies_, deviceManager_, services.files(), setup_.copyRecords),
       phoneMounts_(deviceManager_, services.files(), setup_.showFolder),
-      syncManager_(*setup_.defaults, {deviceConnector(services.files())}),
+      syncManager_(*setup_.defaults, {services.files()}),
       updateChecker_(setup_.http, setup_.defaults, setup_.openAddress, setup_.updates),
       favoritesManager_(setup_.defaults) {
     LanguageManager::shared().useStore(setup_.defaults);

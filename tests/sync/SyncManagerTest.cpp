@@ -36,8 +36,7 @@ protected:
     }
 
     std::unique_ptr<SyncManager> makeManager() {
-        SyncManagerSetup setup;
-        setup.connect = deviceConnector(services_.files());
+        SyncManagerSetup setup{services_.files()};
         setup.trash = nullptr;
         setup.reportFolder = local_.path(u"reports"_s);
         return std::make_unique<SyncManager>(defaults_, std::move(setup));

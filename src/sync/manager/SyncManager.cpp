@@ -3,6 +3,7 @@
 #include "base/threads/Background.h"
 #include "base/threads/CancellationError.h"
 #include "base/threads/TellLatest.h"
+#include "devices/files/PhoneFileSystems.h"
 #include "devices/list/DeviceManager.h"
 #include "phone/PhoneError.h"
 #include "platform/desktop/HostInfo.h"
@@ -64,6 +65,20 @@ private:
     std::optional<SyncAnswer> value_; ///< guarded by mutex_
 };
 
+/// The device side of a pair: an Android phone's storage, an app's documents on an iPhone, or the
+/// iPhone's media folder.
+std::shared_ptr<PhoneFileSystem> openSide(PhoneFileSystems& phones, const SyncPair& pair,
+                                          const DeviceInfo& device) {
+    if (device.platform == DevicePlatform::android)
+        return phones.open(device);
+    if (pair.appBundleID == SyncPair::deviceStorage)
+        return phones.openMedia(device);
+    AppInfo app;
+    app.bundleIdentifier = pair.appBundleID;
+    app.displayName = pair.appName;
+    return phones.openApp(device, app);
+}
+
 /// Everything that a run in the background needs.
 struct RunWork {
     SyncPair pair;
@@ -74,7 +89,8 @@ struct RunWork {
 
     template <typename Use>
     auto with(const std::stop_token& stop, const SyncRunEvents& events, Use use) const {
-        const auto files = setup.connect(pair, device, stop);
+        throwIfStopped(stop);
+        const auto files = openSide(setup.phones, pair, device);
         LocalFileSystem folder(pair.localFolderPath);
         SyncRunSetup ofRun{pair, hostID, computerName(), syncComputer(folder, setup.trash), *files};
         ofRun.decisions = decisions;

@@ -2,7 +2,6 @@
 
 #include "base/local/Trash.h"
 #include "platform/settings/StoredList.h"
-#include "sync/manager/SyncConnection.h"
 #include "sync/manager/SyncReportStore.h"
 #include "sync/pair/SyncPair.h"
 #include "sync/plan/SyncReport.h"
@@ -21,10 +20,11 @@
 namespace tessary {
 
 class DeviceManager;
+class PhoneFileSystems;
 
 /// What runs work with besides the settings.
 struct SyncManagerSetup {
-    SyncConnector connect; ///< what it uses must outlive the work in the background
+    PhoneFileSystems& phones; ///< must outlive the work in the background
     /// Where local files go that a run deletes or replaces; empty: they are gone.
     std::function<bool(const QString& path)> trash = moveToTrash;
     QString reportFolder = SyncReportStore::defaultFolder();
