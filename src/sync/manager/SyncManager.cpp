@@ -175,10 +175,6 @@ void SyncManager::removeSyncPair(const QUuid& id) {
     Q_EMIT syncPairsChanged();
 }
 
-QString SyncManager::macHostID() {
-    return syncHostID(defaults_);
-}
-
 bool SyncManager::isRunningOrWaiting(const QUuid& id) const {
     return (running_ && running_->id == id) ||
            std::any_of(waiting_.begin(), waiting_.end(),
@@ -224,16 +220,6 @@ void SyncManager::startNext() {
         Q_EMIT idle();
 }
 
-/// What a run tells, on its way to the pair list.
-SyncRunEvents SyncManager::eventsOf(const QUuid& id) {
-    SyncRunEvents events;
-    events.progress = tellLatest<SyncProgress>(this, [this, id](const SyncProgress& progress) {
-        if (running_ && running_->id == id)
-            setProgress(id, progress);
-    });
-    return events;
-}
-
 void SyncManager::start(const Job& job) {
     const QUuid id = job.id;
     SyncProgress progress;
@@ -246,8 +232,13 @@ void SyncManager::start(const Job& job) {
         ended(id, failedReport(Error(PhoneError::notConnected)));
         return;
     }
-    const RunWork work{pair, *device, macHostID(), setup_, job.decisions};
-    const auto run = [work, events = eventsOf(id), ask = job.ask,
+    const RunWork work{pair, *device, syncHostID(defaults_), setup_, job.decisions};
+    SyncRunEvents events;
+    events.progress = tellLatest<SyncProgress>(this, [this, id](const SyncProgress& told) {
+        if (running_ && running_->id == id)
+            setProgress(id, told);
+    });
+    const auto run = [work, events, ask = job.ask,
                       store = store_](const std::stop_token& stop) mutable {
         events.ask = [ask, stop](const SyncQuestion& question) {
             const auto answer = std::make_shared<PendingAnswer>();
@@ -338,7 +329,7 @@ void SyncManager::setProgress(const QUuid& id, const SyncProgress& progress) {
 std::stop_source SyncManager::preview(const SyncPair& pair, DeviceManager& deviceManager,
                                       PreviewDone done) {
     const auto device = deviceOf(pair, &deviceManager);
-    const RunWork work{pair, device.value_or(DeviceInfo()), macHostID(), setup_, {}};
+    const RunWork work{pair, device.value_or(DeviceInfo()), syncHostID(defaults_), setup_, {}};
     return runInBackground(
         this,
         [work, isConnected = device.has_value()](const std::stop_token& stop) {

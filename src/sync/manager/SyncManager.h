@@ -59,8 +59,6 @@ public:
     void updateSyncPair(const SyncPair& pair);
     /// Cancels the pair's run, too, and forgets its reports. Its manifests stay.
     void removeSyncPair(const QUuid& id);
-    /// This computer's name in manifests; made on first use.
-    [[nodiscard]] QString macHostID();
 
     /// Runs one pair, after those that wait already. Nothing happens when it runs or waits.
     /// `decisions` were made at a preview.
@@ -115,7 +113,6 @@ private:
     void saveSyncPairs();
     void startNext();
     void start(const Job& job);
-    [[nodiscard]] SyncRunEvents eventsOf(const QUuid& id);
     void setProgress(const QUuid& id, const SyncProgress& progress);
     void ended(const QUuid& id, SyncReport report);
     void finish(const QUuid& id, const SyncStatus& status, SyncStage stage);
