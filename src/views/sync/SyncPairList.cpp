@@ -8,6 +8,7 @@
 #include <QScrollArea>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <utility>
 
 namespace tessary {
@@ -51,8 +52,12 @@ void SyncPairList::showDevice(const QString& udid) {
         rebuild();
 }
 
-void SyncPairList::setTallestRows(int height) {
-    scroll_->setMaximumHeight(height);
+void SyncPairList::fitRows(int width, int tallest) {
+    for (const SyncPairRow* row : std::as_const(rowOf_))
+        row->layout()->activate(); // its words may have changed just now
+    const QWidget& content = *scroll_->widget();
+    content.layout()->activate();
+    scroll_->setFixedHeight(std::clamp(content.heightForWidth(width), 0, tallest));
 }
 
 void SyncPairList::rebuild() {

@@ -26,8 +26,9 @@ public:
 
     /// Shows the pairs of one device only.
     void showDevice(const QString& udid);
-    /// Beyond this height in pixels the rows scroll.
-    void setTallestRows(int height);
+    /// Gives the rows the height that they take at this width, all in pixels; beyond the tallest
+    /// they scroll.
+    void fitRows(int width, int tallest);
 
 private:
     void rebuild();

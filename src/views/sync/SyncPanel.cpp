@@ -20,7 +20,11 @@ constexpr int tallestRows = 420;
 } // namespace
 
 SyncPanel::SyncPanel(SyncViewModel& sync, std::function<void()> makePair, QWidget* parent)
-    : QFrame(parent, Qt::Popup), sync_(sync), makePair_(new QPushButton), runAll_(new QPushButton) {
+    : QFrame(parent, Qt::Popup),
+      sync_(sync),
+      pairs_(new SyncPairList(sync)),
+      makePair_(new QPushButton),
+      runAll_(new QPushButton) {
     setObjectName(QStringLiteral("syncPanel"));
     setFrameShape(QFrame::StyledPanel);
     setFixedWidth(panelWidth);
@@ -36,22 +40,20 @@ SyncPanel::SyncPanel(SyncViewModel& sync, std::function<void()> makePair, QWidge
     });
     connect(runAll_, &QPushButton::clicked, this, [this] { sync_.runAll(); });
 
-    auto* pairs = new SyncPairList(sync);
-    pairs->setTallestRows(tallestRows);
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(makePair_);
     buttons->addStretch(1);
     buttons->addWidget(runAll_);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(14, 12, 14, 12);
-    column->addWidget(pairs);
+    column->addWidget(pairs_);
     column->addLayout(buttons);
 
-    connect(&sync.manager(), &SyncManager::syncPairsChanged, this, [this] {
-        updateButtons();
-        adjustSize();
-    });
-    connect(&sync.manager(), &SyncManager::syncPairChanged, this, &SyncPanel::updateButtons);
+    // Queued: the rows come first, and those that are new are shown only then.
+    connect(&sync.manager(), &SyncManager::syncPairsChanged, this, &SyncPanel::fit,
+            Qt::QueuedConnection);
+    connect(&sync.manager(), &SyncManager::syncPairChanged, this, &SyncPanel::fit,
+            Qt::QueuedConnection);
 }
 
 void SyncPanel::updateButtons() {
@@ -62,9 +64,15 @@ void SyncPanel::updateButtons() {
     makePair_->setEnabled(sync_.draft(QString()).has_value());
 }
 
-void SyncPanel::popUpBelow(const QWidget& anchor) {
+void SyncPanel::fit() {
     updateButtons();
+    const QMargins around = layout()->contentsMargins();
+    pairs_->fitRows(contentsRect().width() - around.left() - around.right(), tallestRows);
     adjustSize();
+}
+
+void SyncPanel::popUpBelow(const QWidget& anchor) {
+    fit();
     QPoint corner = anchor.mapToGlobal(QPoint(anchor.width() - width(), anchor.height() + 4));
     const QRect room = anchor.screen()->availableGeometry();
     corner.setX(std::clamp(corner.x(), room.left(), std::max(room.left(), room.right() - width())));

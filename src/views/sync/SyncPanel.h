@@ -10,6 +10,8 @@ class QPushButton;
 
 namespace tessary {
 
+class SyncPairList;
+
 /// The sync menu: the pairs with their state and what may be done with them, and what makes a new
 /// one. A popup that closes when the user clicks elsewhere.
 class SyncPanel : public QFrame {
@@ -24,8 +26,11 @@ public:
 
 private:
     void updateButtons();
+    /// Rows may have come, or have got more words.
+    void fit();
 
     SyncViewModel& sync_;
+    SyncPairList* pairs_;
     QPushButton* makePair_;
     QPushButton* runAll_;
 };
