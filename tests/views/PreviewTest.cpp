@@ -137,7 +137,7 @@ TEST_F(PreviewTest, propertiesTellTheExactFactsAndCountWhatIsInFolders) {
     PropertiesDialog* dialog = openProperties();
     EXPECT_EQ(textOf("propertiesTitle"), u"e data.bin"_s);
     EXPECT_THAT(textOf("propertiesSize").toStdString(), testing::HasSubstr("5,000 bytes"));
-    EXPECT_EQ(textOf("propertiesPath").remove(QChar(0x200B)), u"/sdcard/e data.bin"_s);
+    EXPECT_EQ(textOf("propertiesPath"), u"/sdcard/e data.bin"_s);
     pressOn(dialog, Qt::Key_Escape);
     EXPECT_TRUE(wait([this] { return window_->findChild<PropertiesDialog*>() == nullptr; }));
 

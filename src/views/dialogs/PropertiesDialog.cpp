@@ -30,11 +30,6 @@ namespace {
 constexpr int iconSide = 64;
 constexpr int valueWidth = 330;
 
-/// Room for breaks in a long path: without them it cannot be wrapped.
-QString breakable(QString text) {
-    return text.replace(QLatin1Char('/'), QStringLiteral("/\u200B"));
-}
-
 } // namespace
 
 QString exactSizeText(qint64 bytes) {
@@ -82,7 +77,7 @@ PropertiesDialog::PropertiesDialog(std::shared_ptr<PhoneFileSystem> files,
                [&first] { return dateText(first.modifiedDate); });
     addRow(isOne ? QT_TR_NOOP("Path") : QT_TR_NOOP("Folder"), "propertiesPath",
            [path = files_->canonicalPath(isOne ? first.path : parentPath(first.path))] {
-               return breakable(printable(path));
+               return printable(path);
            });
     column->addLayout(form_);
 
