@@ -9,6 +9,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QTextBoundaryFinder>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -34,6 +35,17 @@ QColor mixed(const QColor& ground, const QColor& colour, double share) {
     const auto part = [share](int a, int b) { return static_cast<int>(a + share * (b - a)); };
     return {part(ground.red(), colour.red()), part(ground.green(), colour.green()),
             part(ground.blue(), colour.blue())};
+}
+
+/// What cannot be broken is cut in its middle: a long name without a blank would widen the window.
+QString breakable(const QString& text, const QFontMetrics& metrics) {
+    constexpr int widest = 240; // pixels
+    QString shown;
+    QTextBoundaryFinder breaks(QTextBoundaryFinder::Line, text);
+    for (qsizetype from = 0, to = breaks.toNextBoundary(); to >= 0;
+         from = to, to = breaks.toNextBoundary())
+        shown += metrics.elidedText(text.sliced(from, to - from), Qt::ElideMiddle, widest);
+    return shown;
 }
 
 } // namespace
@@ -83,8 +95,8 @@ void StatusBanner::show(const BannerMessage& message) {
     message_ = message;
     const KindRow& kind = kinds[static_cast<std::size_t>(message.kind)];
     icon_->setPixmap(icon(kind.iconName).pixmap(24, 24));
-    text_->setText(message.words.what);
-    advice_->setText(message.words.advice);
+    text_->setText(breakable(message.words.what, text_->fontMetrics()));
+    advice_->setText(breakable(message.words.advice, advice_->fontMetrics()));
     advice_->setVisible(!message.words.advice.isEmpty());
     details_->setText(message.words.details);
     close_->setVisible(message.canBeClosed);
