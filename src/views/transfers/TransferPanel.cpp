@@ -176,7 +176,8 @@ void TransferPanel::showMenu(const QPoint& position) {
     };
     add("document-open-folder", tr("Show in Folder"), hasCopy(index), [&] { showCopy(index); });
     add("view-refresh", tr("Retry"), job->canGoOn(), [&] { callbacks_.goOn(id); });
-    add("media-playback-pause", isPaused ? tr("Resume") : tr("Pause"), isUnderWay,
+    add(isPaused ? "media-playback-start" : "media-playback-pause",
+        isPaused ? tr("Resume") : tr("Pause"), isUnderWay,
         [&] { isPaused ? queue_.resume(id) : queue_.pause(id); });
     add("process-stop", tr("Cancel"), isUnderWay, [&] { cancelSelected(); });
     add("go-up", tr("Move Up"), canMove && index.row() > 0, [&] {
