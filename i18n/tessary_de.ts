@@ -581,8 +581,8 @@
         <translation>Das Telefon ist nicht erreichbar.</translation>
     </message>
     <message>
-        <source>Check its cable or its network. For Turbo mode, USB debugging must be on; Standard MTP works without.</source>
-        <translation>Prüfen Sie Kabel oder Netzwerk. Für den Turbomodus muss das USB-Debugging eingeschaltet sein; Standard-MTP kommt ohne aus.</translation>
+        <source>Check its cable or its network. On an Android phone, Turbo mode needs USB debugging; Standard MTP works without.</source>
+        <translation>Prüfen Sie Kabel oder Netzwerk. Auf einem Android-Telefon muss für den Turbomodus das USB-Debugging eingeschaltet sein; Standard-MTP kommt ohne aus.</translation>
     </message>
     <message>
         <source>The phone&apos;s answers make no sense.</source>

@@ -581,8 +581,8 @@
         <translation>No se puede acceder al teléfono.</translation>
     </message>
     <message>
-        <source>Check its cable or its network. For Turbo mode, USB debugging must be on; Standard MTP works without.</source>
-        <translation>Comprueba el cable o la red. El modo turbo necesita la depuración USB; MTP estándar funciona sin ella.</translation>
+        <source>Check its cable or its network. On an Android phone, Turbo mode needs USB debugging; Standard MTP works without.</source>
+        <translation>Comprueba el cable o la red. En un teléfono Android el modo turbo necesita la depuración USB; MTP estándar funciona sin ella.</translation>
     </message>
     <message>
         <source>The phone&apos;s answers make no sense.</source>

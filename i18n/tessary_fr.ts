@@ -581,8 +581,8 @@
         <translation>Le téléphone est injoignable.</translation>
     </message>
     <message>
-        <source>Check its cable or its network. For Turbo mode, USB debugging must be on; Standard MTP works without.</source>
-        <translation>Vérifiez le câble ou le réseau. Le mode turbo exige le débogage USB&#xa0;; le MTP standard s’en passe.</translation>
+        <source>Check its cable or its network. On an Android phone, Turbo mode needs USB debugging; Standard MTP works without.</source>
+        <translation>Vérifiez le câble ou le réseau. Sur un téléphone Android, le mode turbo exige le débogage USB&#xa0;; le MTP standard s’en passe.</translation>
     </message>
     <message>
         <source>The phone&apos;s answers make no sense.</source>

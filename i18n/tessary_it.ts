@@ -581,8 +581,8 @@
         <translation>Il telefono non è raggiungibile.</translation>
     </message>
     <message>
-        <source>Check its cable or its network. For Turbo mode, USB debugging must be on; Standard MTP works without.</source>
-        <translation>Controlla il cavo o la rete. La modalità turbo richiede il debug USB; MTP standard funziona senza.</translation>
+        <source>Check its cable or its network. On an Android phone, Turbo mode needs USB debugging; Standard MTP works without.</source>
+        <translation>Controlla il cavo o la rete. Su un telefono Android la modalità turbo richiede il debug USB; MTP standard funziona senza.</translation>
     </message>
     <message>
         <source>The phone&apos;s answers make no sense.</source>

@@ -574,8 +574,8 @@
         <translation>デバイスに接続できません。</translation>
     </message>
     <message>
-        <source>Check its cable or its network. For Turbo mode, USB debugging must be on; Standard MTP works without.</source>
-        <translation>ケーブルまたはネットワークを確認してください。ターボモードにはUSBデバッグが必要ですが、標準 MTPには不要です。</translation>
+        <source>Check its cable or its network. On an Android phone, Turbo mode needs USB debugging; Standard MTP works without.</source>
+        <translation>ケーブルまたはネットワークを確認してください。Androidでは、ターボモードにはUSBデバッグが必要ですが、標準 MTPには不要です。</translation>
     </message>
     <message>
         <source>The phone&apos;s answers make no sense.</source>

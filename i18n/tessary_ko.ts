@@ -574,8 +574,8 @@
         <translation>휴대폰에 연결할 수 없습니다.</translation>
     </message>
     <message>
-        <source>Check its cable or its network. For Turbo mode, USB debugging must be on; Standard MTP works without.</source>
-        <translation>케이블이나 네트워크를 확인하세요. 터보 모드에는 USB 디버깅이 필요하며, 표준 MTP에는 필요하지 않습니다.</translation>
+        <source>Check its cable or its network. On an Android phone, Turbo mode needs USB debugging; Standard MTP works without.</source>
+        <translation>케이블이나 네트워크를 확인하세요. Android에서는 터보 모드에 USB 디버깅이 필요하며, 표준 MTP에는 필요하지 않습니다.</translation>
     </message>
     <message>
         <source>The phone&apos;s answers make no sense.</source>

@@ -581,8 +581,8 @@
         <translation>Não é possível acessar o telefone.</translation>
     </message>
     <message>
-        <source>Check its cable or its network. For Turbo mode, USB debugging must be on; Standard MTP works without.</source>
-        <translation>Verifique o cabo ou a rede. O modo turbo exige a depuração USB; o MTP padrão funciona sem ela.</translation>
+        <source>Check its cable or its network. On an Android phone, Turbo mode needs USB debugging; Standard MTP works without.</source>
+        <translation>Verifique o cabo ou a rede. Em um telefone Android, o modo turbo exige a depuração USB; o MTP padrão funciona sem ela.</translation>
     </message>
     <message>
         <source>The phone&apos;s answers make no sense.</source>

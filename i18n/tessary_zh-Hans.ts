@@ -574,8 +574,8 @@
         <translation>无法连接到手机。</translation>
     </message>
     <message>
-        <source>Check its cable or its network. For Turbo mode, USB debugging must be on; Standard MTP works without.</source>
-        <translation>请检查数据线或网络。极速模式需要开启 USB 调试；标准 MTP 则不需要。</translation>
+        <source>Check its cable or its network. On an Android phone, Turbo mode needs USB debugging; Standard MTP works without.</source>
+        <translation>请检查数据线或网络。在 Android 手机上，极速模式需要开启 USB 调试；标准 MTP 则不需要。</translation>
     </message>
     <message>
         <source>The phone&apos;s answers make no sense.</source>

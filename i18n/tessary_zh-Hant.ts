@@ -574,8 +574,8 @@
         <translation>無法連接到手機。</translation>
     </message>
     <message>
-        <source>Check its cable or its network. For Turbo mode, USB debugging must be on; Standard MTP works without.</source>
-        <translation>請檢查傳輸線或網路。極速模式需要開啟 USB 偵錯；標準 MTP 則不需要。</translation>
+        <source>Check its cable or its network. On an Android phone, Turbo mode needs USB debugging; Standard MTP works without.</source>
+        <translation>請檢查傳輸線或網路。在 Android 手機上，極速模式需要開啟 USB 偵錯；標準 MTP 則不需要。</translation>
     </message>
     <message>
         <source>The phone&apos;s answers make no sense.</source>

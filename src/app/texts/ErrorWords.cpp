@@ -60,8 +60,8 @@ public:
         {QT_TR_NOOP("The phone ended the connection."), nullptr, plugInAgain},
         // notReachable
         {QT_TR_NOOP("The phone cannot be reached."), nullptr,
-         QT_TR_NOOP("Check its cable or its network. For Turbo mode, USB debugging must be on; "
-                    "Standard MTP works without.")},
+         QT_TR_NOOP("Check its cable or its network. On an Android phone, "
+                    "Turbo mode needs USB debugging; Standard MTP works without.")},
         // nonsense
         {QT_TR_NOOP("The phone's answers make no sense."), nullptr,
          QT_TR_NOOP("Unplug the phone and plug it in again.")},
