@@ -41,6 +41,8 @@ TEST_F(KeysTest, theFirstArrowSelectsTheFirstEntryAndEscapeNothing) {
     EXPECT_EQ(selectedNames(), QStringList(u"alpha.txt"_s));
     press(Qt::Key_Escape);
     EXPECT_TRUE(selectedNames().isEmpty());
+    press(Qt::Key_Down);
+    EXPECT_EQ(selectedNames(), QStringList(u"alpha.txt"_s)) << "the keyboard was there";
 }
 
 TEST_F(KeysTest, backspaceLeadsUpFromPagesWithoutFiles) {

@@ -5,6 +5,7 @@
 #include "views/listing/RubberBand.h"
 
 #include <QItemSelectionModel>
+#include <QKeyEvent>
 #include <QMouseEvent>
 
 #include <utility>
@@ -35,6 +36,17 @@ protected:
             this->selectionModel()->setCurrentIndex(current.siblingAtRow(last + 1),
                                                     QItemSelectionModel::NoUpdate);
         View::rowsAboutToBeRemoved(parent, first, last);
+    }
+    /// Where nothing is selected, the first arrow takes the entry that has the frame; Qt would pass
+    /// it by.
+    void keyPressEvent(QKeyEvent* event) override {
+        const QModelIndex current = this->currentIndex();
+        const bool isArrow = event->key() == Qt::Key_Up || event->key() == Qt::Key_Down;
+        const bool isPlain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+        if (isArrow && isPlain && current.isValid() && !this->selectionModel()->hasSelection())
+            this->setCurrentIndex(current);
+        else
+            View::keyPressEvent(event);
     }
     void mousePressEvent(QMouseEvent* event) override {
         dropSelectionBeside(*this, *event);
