@@ -434,6 +434,8 @@ void BrowserView::dropEvent(QDropEvent* event) {
     dropMark_->hide();
     showStatus();
     drops_.drop(*event, dropMark_->folderUnder(event->position().toPoint()));
+    if (event->isAccepted())
+        setFocus(); // what is pressed next, as Undo, is meant for what came here
 }
 
 } // namespace tessary
