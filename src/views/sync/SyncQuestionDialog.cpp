@@ -7,6 +7,7 @@
 #include "views/sync/SyncFileList.h"
 
 #include <QDialogButtonBox>
+#include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QTreeWidget>
@@ -33,6 +34,8 @@ QTreeWidget* makeList(const std::vector<DeletionCandidate>& candidates) {
     auto* list = new QTreeWidget;
     list->setAccessibleName(SyncQuestionDialog::tr("Files to delete"));
     setUpSyncFileList(*list, SyncQuestionDialog::tr("Where"));
+    // A few words: the room is the names'.
+    list->header()->setSectionResizeMode(list->columnCount() - 1, QHeaderView::ResizeToContents);
     QList<QTreeWidgetItem*> rows;
     for (const DeletionCandidate& candidate : candidates) {
         auto* row = makeSyncFileRow(candidate.relativePath, candidate.size, sideText(candidate));
