@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QPalette>
 
+#include <array>
 #include <utility>
 
 /// Outside of any namespace, as the macro wants it.
@@ -70,16 +71,28 @@ QIcon lineIcon(const QString& name) {
 }
 
 QIcon fileIcon(const QString& name) {
-    constexpr int drawnSize = 64;
+    constexpr int smallest = 64;
+    constexpr std::array sizes{smallest, 96, 256};
     static QHash<QString, QIcon> drawn;
     const QString key = name + QLatin1Char(' ') + QIcon::themeName();
     auto found = drawn.constFind(key);
     if (found == drawn.constEnd()) {
-        const QPixmap picture = icon(name).pixmap(drawnSize, drawnSize);
-        QIcon both(picture);
-        // A selected row has a ground of its own: tinted, the icon would vanish in it.
-        both.addPixmap(picture, QIcon::Selected);
-        found = drawn.insert(key, both);
+        QIcon all;
+        for (const int size : sizes) {
+            // Among thumbnails, which fill theirs, it has some room around it.
+            const int side = size == smallest ? size : size * 2 / 3;
+            const QPixmap drawing = icon(name).pixmap(side, side);
+            const qreal ratio = drawing.devicePixelRatio();
+            QPixmap picture(QSize(size, size) * ratio);
+            picture.setDevicePixelRatio(ratio);
+            picture.fill(Qt::transparent);
+            const QSizeF room = QSizeF(size, size) - drawing.deviceIndependentSize();
+            QPainter(&picture).drawPixmap(QPointF(room.width(), room.height()) / 2, drawing);
+            all.addPixmap(picture);
+            // A selected row has a ground of its own: tinted, the icon would vanish in it.
+            all.addPixmap(picture, QIcon::Selected);
+        }
+        found = drawn.insert(key, all);
     }
     return *found;
 }
