@@ -89,7 +89,12 @@ QIcon fileIcon(const QString& name) {
             const QSizeF room = QSizeF(size, size) - drawing.deviceIndependentSize();
             QPainter(&picture).drawPixmap(QPointF(room.width(), room.height()) / 2, drawing);
             all.addPixmap(picture);
-            // A selected row has a ground of its own: tinted, the icon would vanish in it.
+            // On the ground of a selected row, in which it would vanish in its own colour or
+            // tinted.
+            QPainter lighter(&picture);
+            lighter.setCompositionMode(QPainter::CompositionMode_SourceAtop);
+            lighter.fillRect(picture.rect(), QColor(255, 255, 255, 110));
+            lighter.end();
             all.addPixmap(picture, QIcon::Selected);
         }
         found = drawn.insert(key, all);
