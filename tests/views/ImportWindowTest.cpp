@@ -143,6 +143,11 @@ TEST_F(ImportWindowTest, aCancelledImportSaysWhatIsOnTheDisk) {
     ASSERT_TRUE(wait([this] { return state() == State::copied; }));
     EXPECT_EQ(import.arrivedCount(), here().size());
     EXPECT_LT(here().size(), 3);
+
+    window_->copyQueue().goOn(import.job()->id);
+    EXPECT_EQ(state(), State::copying) << "it is not over any more";
+    ASSERT_TRUE(wait([this] { return state() == State::copied; }));
+    EXPECT_EQ(import.arrivedCount(), 3);
 }
 
 TEST_F(ImportWindowTest, aRemovalGoesOnWhenItsPageIsLeftAndSaysHowItEnded) {

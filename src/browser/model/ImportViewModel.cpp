@@ -41,7 +41,11 @@ ImportViewModel::ImportViewModel(CopyQueue& queue, QString ledgers, QObject* par
             takeEnd();
     });
     connect(&queue_, &CopyQueue::jobChanged, this, [this](int index) {
-        if (state_ == State::copying && queue_.indexOf(job_) == index)
+        if (queue_.indexOf(job_) != index)
+            return;
+        if (state_ == State::copied && !job()->isFinished())
+            state_ = State::copying; // it goes on
+        if (state_ == State::copying)
             Q_EMIT stateChanged();
     });
 }
