@@ -107,23 +107,12 @@ QString placeDisplayName(const QString& name) {
     return name;
 }
 
-QString freeSpaceText(std::uint64_t freeBytes, std::uint64_t totalBytes) {
+QString freeSpaceText(const StorageVolume& storage) {
     const auto shown = [](std::uint64_t bytes) { return formatBytes(clampedByteCount(bytes)); };
-    if (totalBytes == 0)
+    if (storage.totalBytes == 0)
         return {}; // nobody knows
     return DisplayNames::tr("%1 free of %2")
-        .arg(shown(std::min(freeBytes, totalBytes)), shown(totalBytes));
-}
-
-QString freeSpaceText(const DeviceInfo& device) {
-    if (!device.volumes.empty())
-        return freeSpaceText(device.volumes.front().freeBytes, device.volumes.front().totalBytes);
-    const auto unsignedOf = [](const std::optional<qint64>& bytes) {
-        return static_cast<std::uint64_t>(std::max<qint64>(bytes.value_or(0), 0));
-    };
-    return device.freeStorageBytes ? freeSpaceText(unsignedOf(device.freeStorageBytes),
-                                                   unsignedOf(device.totalStorageBytes))
-                                   : QString();
+        .arg(shown(std::min(storage.freeBytes, storage.totalBytes)), shown(storage.totalBytes));
 }
 
 QString modeDisplayName(const SyncPair& pair) {

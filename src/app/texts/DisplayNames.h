@@ -26,9 +26,7 @@ namespace tessary {
 /// program gave it ("Internal Storage", "Documents"), as the phone says it otherwise.
 [[nodiscard]] QString placeDisplayName(const QString& name);
 /// "12 GB free of 64 GB". Never more free than there is; empty of a storage without a size.
-[[nodiscard]] QString freeSpaceText(std::uint64_t freeBytes, std::uint64_t totalBytes);
-/// Of the first storage, or of the whole device; empty while nobody knows.
-[[nodiscard]] QString freeSpaceText(const DeviceInfo& device);
+[[nodiscard]] QString freeSpaceText(const StorageVolume& storage);
 /// What a pair does: "Both ways", "Only to the phone", "Move to this computer" ...
 [[nodiscard]] QString modeDisplayName(const SyncPair& pair);
 /// Where a pair's folder lies on the phone: the app's or the storage's name, and

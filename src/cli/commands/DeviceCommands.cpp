@@ -46,7 +46,7 @@ void addPhoneInfo(DeviceInfo& device, const std::stop_token& stop) {
 
 void printField(CliSession& session, const char* name, const QString& value) {
     constexpr qsizetype nameWidth = 10;
-    session.printLine(QString::fromLatin1(name).leftJustified(nameWidth) + value);
+    session.printLine(QString::fromLatin1(name).leftJustified(nameWidth) + printable(value));
 }
 
 void printDevice(CliSession& session, const DeviceInfo& device) {
@@ -61,13 +61,13 @@ void printDevice(CliSession& session, const DeviceInfo& device) {
     if (device.batteryLevel)
         printField(session, "battery", QStringLiteral("%1 %").arg(*device.batteryLevel));
     for (const StorageVolume& volume : device.volumes) {
-        const QString space = freeSpaceText(volume.freeBytes, volume.totalBytes);
+        const QString space = freeSpaceText(volume);
         printField(session, "storage",
                    QStringLiteral("%1: %2 (/storage/%3)")
                        .arg(volume.name, space.isEmpty() ? QStringLiteral("-") : space, volume.id));
     }
     if (device.totalStorageBytes)
-        printField(session, "storage", freeSpaceText(device));
+        printField(session, "storage", freeSpaceText(device.mainStorage()));
     if (device.isLocked)
         printField(session, "storage",
                    QStringLiteral("none: unlock the phone and choose File transfer on it"));

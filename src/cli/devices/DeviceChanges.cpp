@@ -63,7 +63,7 @@ QString shownBattery(const DeviceInfo& device) {
 QString shownStorage(const DeviceInfo& device) {
     if (device.isLocked)
         return QStringLiteral("no storage: unlock it and choose File transfer on it");
-    return freeSpaceText(device);
+    return freeSpaceText(device.mainStorage());
 }
 
 QString shownTrouble(const std::optional<DeviceTrouble>& trouble) {

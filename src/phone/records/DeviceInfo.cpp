@@ -43,4 +43,15 @@ bool DeviceInfo::isDataAccessible() const {
     return platform == DevicePlatform::iOS || !volumes.empty();
 }
 
+StorageVolume DeviceInfo::mainStorage() const {
+    StorageVolume whole;
+    if (!volumes.empty()) {
+        whole = volumes.front();
+    } else if (freeStorageBytes && totalStorageBytes.value_or(0) > 0) {
+        whole.totalBytes = static_cast<std::uint64_t>(*totalStorageBytes);
+        whole.freeBytes = static_cast<std::uint64_t>(std::max<qint64>(*freeStorageBytes, 0));
+    }
+    return whole;
+}
+
 } // namespace tessary

@@ -51,6 +51,8 @@ struct DeviceInfo {
     [[nodiscard]] QString id() const;
     /// Locked devices have no data; an Android device has data once its volumes are known.
     [[nodiscard]] bool isDataAccessible() const;
+    /// The first of its storages, or the whole of an iPhone; without a size while nobody knows it.
+    [[nodiscard]] StorageVolume mainStorage() const;
 
     bool operator==(const DeviceInfo&) const = default;
 };

@@ -4,7 +4,6 @@
 #include "app/texts/DisplayNames.h"
 #include "app/texts/ErrorText.h"
 #include "app/texts/SharedWords.h"
-#include "base/text/ByteCount.h"
 #include "base/text/Printable.h"
 #include "views/common/Icons.h"
 #include "views/common/Layouts.h"
@@ -46,15 +45,9 @@ QPushButton* command(const char* name, const char* iconName) {
     return button;
 }
 
-/// Bytes of one of a phone's storages, by its place in volumes(); an iPhone has one.
-VolumeCard::Room roomOf(const DeviceInfo& device, std::size_t volume) {
-    if (volume < device.volumes.size())
-        return VolumeCard::Room::of(device.volumes[volume].totalBytes,
-                                    device.volumes[volume].freeBytes);
-    const auto bytes = [](const std::optional<qint64>& count) {
-        return static_cast<std::uint64_t>(std::max<qint64>(count.value_or(0), 0));
-    };
-    return VolumeCard::Room::of(bytes(device.totalStorageBytes), bytes(device.freeStorageBytes));
+/// One of a phone's storages, by its place in volumes(); an iPhone has one.
+StorageVolume storageOf(const DeviceInfo& device, std::size_t volume) {
+    return volume < device.volumes.size() ? device.volumes[volume] : device.mainStorage();
 }
 
 QString rootOf(const Place& volume) {
@@ -244,7 +237,7 @@ void PhonePage::showTrouble() {
 std::vector<Place> PhonePage::volumes() const {
     if (device_->platform == DevicePlatform::android)
         return volumesOf(*device_);
-    if (device_->totalStorageBytes.value_or(0) <= 0)
+    if (device_->mainStorage().totalBytes == 0)
         return {};
     return {{QStringLiteral("drive-harddisk"),
              placeDisplayName(QStringLiteral("Internal Storage")),
@@ -290,17 +283,15 @@ void PhonePage::showUse() {
         return;
     const auto files = parts_.open(*device_);
     for (std::size_t i = 0; i < cardOf_.size(); ++i)
-        cardOf_[i]->show(roomOf(*device_, i), uses_.of(*files, rootOf(volumes_[i])));
+        cardOf_[i]->show(storageOf(*device_, i), uses_.of(*files, rootOf(volumes_[i])));
 }
 
 void PhonePage::look() {
     if (!device_ || !device_->isDataAccessible() || volumes_.empty())
         return;
     std::vector<StorageUses::Storage> storages;
-    for (std::size_t i = 0; i < volumes_.size(); ++i) {
-        const VolumeCard::Room room = roomOf(*device_, i);
-        storages.push_back({rootOf(volumes_[i]), room.total - room.free});
-    }
+    for (std::size_t i = 0; i < volumes_.size(); ++i)
+        storages.push_back({rootOf(volumes_[i]), storageOf(*device_, i).usedBytes()});
     uses_.look(parts_.open(*device_), std::move(storages));
     showUse();
 }

@@ -37,10 +37,6 @@ constexpr QRgb otherColour = 0xff7f8c9b;
 
 } // namespace
 
-VolumeCard::Room VolumeCard::Room::of(std::uint64_t total, std::uint64_t free) {
-    return {clampedByteCount(total), clampedByteCount(std::min(free, total))};
-}
-
 VolumeCard::VolumeCard(const Place& place, std::function<void()> open, QWidget* parent)
     : QWidget(parent), heading_(new QToolButton), free_(new QLabel), bar_(new UseBar) {
     heading_->setText(QString(place.title).replace(QLatin1Char('&'), QStringLiteral("&&")));
@@ -68,8 +64,8 @@ VolumeCard::VolumeCard(const Place& place, std::function<void()> open, QWidget* 
     column->addWidget(bar_);
 }
 
-void VolumeCard::show(Room room, const std::optional<StorageUse>& use) {
-    const qint64 used = room.total - room.free;
+void VolumeCard::show(const StorageVolume& storage, const std::optional<StorageUse>& use) {
+    const qint64 used = storage.usedBytes();
     std::vector<UseBar::Piece> pieces;
     qint64 left = used;
     // Nothing is larger than what is in use, whatever files claim.
@@ -80,10 +76,10 @@ void VolumeCard::show(Room room, const std::optional<StorageUse>& use) {
     }
     // Most of it is the phone's own, which no listing shows.
     pieces.push_back({left == used ? tr("In use") : tr("Other"), left, QColor(otherColour)});
-    pieces.push_back({tr("Free"), room.free, {}});
+    pieces.push_back(
+        {tr("Free"), clampedByteCount(std::min(storage.freeBytes, storage.totalBytes)), {}});
     bar_->setPieces(std::move(pieces));
-    free_->setText(freeSpaceText(static_cast<std::uint64_t>(room.free),
-                                 static_cast<std::uint64_t>(room.total)));
+    free_->setText(freeSpaceText(storage));
 }
 
 } // namespace tessary

@@ -20,20 +20,11 @@ class VolumeCard : public QWidget {
     Q_OBJECT
 
 public:
-    /// Bytes of a storage.
-    struct Room {
-        qint64 total = 0;
-        qint64 free = 0; ///< at most the total
-
-        /// What a phone says, which may be anything.
-        [[nodiscard]] static Room of(std::uint64_t total, std::uint64_t free);
-    };
-
     /// Without `open` the name is a name only.
     VolumeCard(const Place& place, std::function<void()> open, QWidget* parent = nullptr);
 
     /// `use` is what is known of what fills it.
-    void show(Room room, const std::optional<StorageUse>& use);
+    void show(const StorageVolume& storage, const std::optional<StorageUse>& use);
     [[nodiscard]] QToolButton& heading() const {
         return *heading_;
     }

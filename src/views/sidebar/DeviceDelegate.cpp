@@ -18,17 +18,6 @@ constexpr int iconSize = 32;
 constexpr int barHeight = 5;
 constexpr QSize batterySize(21, 11);
 
-/// Used share of the storage that the row shows; no value while it is unknown.
-std::optional<double> usedShare(const DeviceInfo& device) {
-    if (!device.volumes.empty() && device.volumes.front().totalBytes > 0)
-        return device.volumes.front().usageRatio();
-    if (device.freeStorageBytes && device.totalStorageBytes.value_or(0) > 0)
-        return 1.0 - std::clamp(static_cast<double>(*device.freeStorageBytes) /
-                                    static_cast<double>(*device.totalStorageBytes),
-                                0.0, 1.0);
-    return std::nullopt;
-}
-
 QColor fillColour(double share, const QPalette& palette) {
     if (share > 0.95)
         return {206, 58, 58};
@@ -105,9 +94,10 @@ void DeviceDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
 
     texts.setRight(inner.right());
     int stateTop = texts.top() + line + 4;
-    if (const auto share = usedShare(*device)) {
-        paintBar(*painter, QRectF(texts.left(), stateTop, texts.width(), barHeight), *share, text,
-                 fillColour(*share, palette));
+    if (const StorageVolume storage = device->mainStorage(); storage.totalBytes > 0) {
+        const double share = storage.usageRatio();
+        paintBar(*painter, QRectF(texts.left(), stateTop, texts.width(), barHeight), share, text,
+                 fillColour(share, palette));
         stateTop += barHeight + 2;
     }
     if (index.data(DeviceListModel::mountedRole).toBool()) {

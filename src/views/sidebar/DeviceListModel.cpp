@@ -26,7 +26,7 @@ bool looksLikeTablet(const QString& name) {
 QString deviceStorageText(const DeviceInfo& device) {
     if (device.isLocked)
         return DeviceListModel::tr("Locked: unlock it");
-    const QString space = freeSpaceText(device);
+    const QString space = freeSpaceText(device.mainStorage());
     if (space.isEmpty() && device.volumes.empty()) {
         // An iPhone that is to be trusted first takes many seconds to say so.
         const bool isConnecting = device.platform == DevicePlatform::iOS && !device.deviceName;

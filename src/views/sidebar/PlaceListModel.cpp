@@ -211,7 +211,7 @@ std::vector<Place> volumesOf(const DeviceInfo& device) {
             {volume.isSDCard ? QStringLiteral("media-flash") : QStringLiteral("drive-harddisk"),
              printable(volume.name.isEmpty() ? volume.id : placeDisplayName(volume.name)),
              i == 0 ? mainStorage() : QStringLiteral("/storage/") + volume.id,
-             freeSpaceText(volume.freeBytes, volume.totalBytes)});
+             freeSpaceText(volume)});
     }
     return places;
 }
