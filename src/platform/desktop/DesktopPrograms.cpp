@@ -152,8 +152,8 @@ QStringList expanded(const QString& word, const DesktopProgram& program, const Q
     return text.isEmpty() ? QStringList() : QStringList{text};
 }
 
-} // namespace
-
+/// The program that a desktop entry's text describes; no name for one that is none to be shown.
+/// `mimeTypes` gets those that it opens.
 DesktopProgram parseDesktopEntry(const QString& text, const QString& language,
                                  QStringList& mimeTypes) {
     QHash<QString, QString> values;
@@ -177,6 +177,8 @@ DesktopProgram parseDesktopEntry(const QString& text, const QString& language,
         name = values.value(QStringLiteral("Name[%1]").arg(spoken), name);
     return {{}, name, values.value(QStringLiteral("Icon")), values.value(QStringLiteral("Exec"))};
 }
+
+} // namespace
 
 std::vector<DesktopProgram> programsFor(const QString& fileName, const QString& language) {
     const QStringList types = typesOf(fileName);

@@ -13,17 +13,11 @@ struct DesktopProgram {
     QString name;     ///< in the language of the interface
     QString iconName; ///< of the icon theme, or a path; may be empty
     QString command;  ///< the entry's Exec line, with its field codes
-
-    bool operator==(const DesktopProgram&) const = default;
 };
 
-/// The program that a desktop entry's text describes; no name for one that is none to be shown.
-/// `language` is that of the interface ("pt_BR"). `mimeTypes` gets those that it opens. Pure.
-[[nodiscard]] DesktopProgram parseDesktopEntry(const QString& text, const QString& language,
-                                               QStringList& mimeTypes);
-
 /// The programs that open files of this name, those that the user has added first, then in order of
-/// their names. Reads the desktop's folders: blocking, for a background thread.
+/// their names. `language` is that of the interface ("pt_BR"). Reads the desktop's folders:
+/// blocking, for a background thread.
 [[nodiscard]] std::vector<DesktopProgram> programsFor(const QString& fileName,
                                                       const QString& language);
 
