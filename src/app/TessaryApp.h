@@ -9,7 +9,7 @@
 #include "devices/list/DeviceManager.h"
 #include "platform/desktop/Notifier.h"
 #include "platform/dnssd/ServiceBrowser.h"
-#include "platform/http/QtHttpClient.h"
+#include "platform/http/HttpClient.h"
 #include "platform/settings/MemorySettingsStore.h"
 #include "sync/manager/SyncManager.h"
 #include "transfer/mount/DragMount.h"

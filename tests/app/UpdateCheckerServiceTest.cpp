@@ -1,5 +1,5 @@
 #include "app/updates/UpdateCheckerService.h"
-#include "platform/http/QtHttpClient.h"
+#include "platform/http/HttpClient.h"
 #include "platform/settings/MemorySettingsStore.h"
 #include "support/MainLoop.h"
 #include "support/ScriptedHttpServer.h"

@@ -1,4 +1,4 @@
-#include "platform/http/QtHttpClient.h"
+#include "platform/http/HttpClient.h"
 #include "support/MainLoop.h"
 #include "support/ScriptedHttpServer.h"
 #include "support/Soon.h"

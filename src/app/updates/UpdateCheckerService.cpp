@@ -11,8 +11,6 @@ namespace tessary {
 
 namespace {
 
-using namespace std::chrono_literals;
-
 HttpRequest manifestRequest(const QUrl& endpoint) {
     HttpRequest request;
     // A new address each time: no cache on the way can answer.
@@ -21,7 +19,6 @@ HttpRequest manifestRequest(const QUrl& endpoint) {
                        QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper());
     request.headers = {{"Cache-Control", "no-cache, no-store, must-revalidate"},
                        {"Pragma", "no-cache"}};
-    request.timeout = 60s;
     return request;
 }
 

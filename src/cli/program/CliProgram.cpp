@@ -6,7 +6,7 @@
 #include "devices/list/DeviceManager.h"
 #include "platform/process/QtProcessRunner.h"
 #include "platform/process/StopSignals.h"
-#include "platform/settings/SystemSettingsStore.h"
+#include "platform/settings/JsonSettingsStore.h"
 #include "platform/usb/SystemUSBBus.h"
 
 #include <QCoreApplication>

@@ -45,4 +45,10 @@ public:
                                            const std::stop_token& stop) = 0;
 };
 
+class QtHttpClient final : public HttpClient {
+public:
+    [[nodiscard]] HttpResponse get(const HttpRequest& request,
+                                   const std::stop_token& stop) override;
+};
+
 } // namespace tessary

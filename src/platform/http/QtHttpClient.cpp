@@ -1,4 +1,4 @@
-#include "platform/http/QtHttpClient.h"
+#include "platform/http/HttpClient.h"
 
 #include "base/threads/CancellationError.h"
 

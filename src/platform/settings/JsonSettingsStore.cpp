@@ -4,7 +4,6 @@
 #include "base/local/LocalError.h"
 #include "base/local/WholeFile.h"
 #include "base/log/DiagnosticsLogger.h"
-#include "platform/settings/SystemSettingsStore.h"
 
 #include <QDir>
 #include <QFile>

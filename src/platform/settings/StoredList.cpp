@@ -26,8 +26,9 @@ QHash<QString, QJsonValue> byId(const QJsonArray& list) {
     return entries;
 }
 
-} // namespace
-
+/// `theirs`, as a program finds it, with what made `mine` of `known`: entries that came, went,
+/// changed or moved. Entries are objects that are told apart by "id". What others added stays, what
+/// others removed stays away, and of an entry that both changed `mine` holds.
 QJsonArray mergedList(const QJsonArray& known, const QJsonArray& mine, const QJsonArray& theirs) {
     const auto before = byId(known);
     const auto own = byId(mine);
@@ -53,6 +54,8 @@ QJsonArray mergedList(const QJsonArray& known, const QJsonArray& mine, const QJs
         merged.append(entry);
     return merged;
 }
+
+} // namespace
 
 StoredList::StoredList(SettingsStore& defaults, QString key)
     : defaults_(defaults), key_(std::move(key)) {}

@@ -8,12 +8,6 @@
 
 namespace tessary {
 
-/// `theirs`, as a program finds it, with what made `mine` of `known`: entries that came, went,
-/// changed or moved. Entries are objects that are told apart by "id". What others added stays, what
-/// others removed stays away, and of an entry that both changed `mine` holds. Pure.
-[[nodiscard]] QJsonArray mergedList(const QJsonArray& known, const QJsonArray& mine,
-                                    const QJsonArray& theirs);
-
 /// A list in the settings that programs which run at the same time may each change: only one's own
 /// changes are stored.
 class StoredList {
