@@ -15,7 +15,8 @@ public:
 
     explicit DemoNetwork(Address address) : address_(std::move(address)) {}
 
-    [[nodiscard]] std::unique_ptr<ServiceBrowser> browse(const QString& type) override;
+    [[nodiscard]] std::unique_ptr<ServiceBrowser> browse(const QString& type,
+                                                         Changed changed) override;
     [[nodiscard]] std::optional<ServiceAddress> resolve(const ServiceEndpoint& service,
                                                         const std::stop_token& stop) override;
 

@@ -11,20 +11,15 @@ namespace tessary {
 /// A network whose reports a test makes up.
 class ScriptedNetwork : public ServiceNetwork {
 public:
-    std::unique_ptr<ServiceBrowser> browse(const QString& type) override {
+    std::unique_ptr<ServiceBrowser> browse(const QString& type, Changed changed) override {
         struct Browser : ServiceBrowser {
             explicit Browser(Changed& slot) : slot_(slot) {}
             ~Browser() override {
-                Browser::cancel();
-            }
-            void start(Changed changed) override {
-                slot_ = std::move(changed);
-            }
-            void cancel() override {
                 slot_ = nullptr;
             }
             Changed& slot_;
         };
+        browsers_[type] = std::move(changed);
         return std::make_unique<Browser>(browsers_[type]);
     }
     std::optional<ServiceAddress> resolve(const ServiceEndpoint&, const std::stop_token&) override {
@@ -41,7 +36,7 @@ public:
     std::optional<ServiceAddress> address; ///< of every service
 
 private:
-    std::map<QString, ServiceBrowser::Changed> browsers_;
+    std::map<QString, Changed> browsers_;
 };
 
 } // namespace tessary

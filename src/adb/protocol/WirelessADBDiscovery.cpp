@@ -35,14 +35,13 @@ void WirelessADBDiscovery::startBrowsing() {
 
 std::unique_ptr<ServiceBrowser> WirelessADBDiscovery::startBrowser(const QString& type,
                                                                    bool isPairing) {
-    auto browser = network_->browse(type);
-    browser->start([this, current = std::weak_ptr(browsing_), isPairing](const auto& results) {
-        MainThread::post([this, current, results, isPairing] {
-            if (!current.expired())
-                handleResults(results, isPairing);
+    return network_->browse(
+        type, [this, current = std::weak_ptr(browsing_), isPairing](const ServiceResults& results) {
+            MainThread::post([this, current, results, isPairing] {
+                if (!current.expired())
+                    handleResults(results, isPairing);
+            });
         });
-    });
-    return browser;
 }
 
 void WirelessADBDiscovery::stopBrowsing() {

@@ -49,20 +49,12 @@ QString withoutDot(const char* text) {
 /// Browses on a thread of its own.
 class DnsSdBrowser final : public ServiceBrowser {
 public:
-    explicit DnsSdBrowser(QString type)
-        : state_(std::make_shared<State>(std::move(type))), queue_("tessary-dnssd") {}
-    ~DnsSdBrowser() override {
-        DnsSdBrowser::cancel();
-    }
-
-    void start(Changed changed) override {
-        {
-            const std::scoped_lock lock(state_->mutex);
-            state_->changed = std::move(changed);
-        }
+    DnsSdBrowser(QString type, ServiceNetwork::Changed changed)
+        : state_(std::make_shared<State>(std::move(type), std::move(changed))),
+          queue_("tessary-dnssd") {
         queue_.post([state = state_] { state->browse(); });
     }
-    void cancel() override {
+    ~DnsSdBrowser() override {
         state_->isCancelled = true;
         (void)::eventfd_write(state_->wake.get(), 1);
         const std::scoped_lock lock(state_->mutex);
@@ -71,8 +63,10 @@ public:
 
 private:
     struct State {
-        explicit State(QString serviceType)
-            : type(std::move(serviceType)), wake(::eventfd(0, EFD_CLOEXEC)) {
+        State(QString serviceType, ServiceNetwork::Changed listener)
+            : type(std::move(serviceType)),
+              wake(::eventfd(0, EFD_CLOEXEC)),
+              changed(std::move(listener)) {
             if (!wake.isOpen())
                 throw std::system_error(errno, std::generic_category(), "eventfd");
         }
@@ -144,7 +138,7 @@ private:
         FileHandle wake; ///< ends every wait
         std::atomic<bool> isCancelled = false;
         std::mutex mutex; ///< guards `changed`, also while it is called
-        Changed changed;
+        ServiceNetwork::Changed changed;
 
         // On the browser's thread:
         ServiceResults results;
@@ -234,8 +228,8 @@ QString askAddress(const QByteArray& host, std::uint16_t type, std::uint32_t int
 
 class DnsSdNetwork final : public ServiceNetwork {
 public:
-    std::unique_ptr<ServiceBrowser> browse(const QString& type) override {
-        return std::make_unique<DnsSdBrowser>(type);
+    std::unique_ptr<ServiceBrowser> browse(const QString& type, Changed changed) override {
+        return std::make_unique<DnsSdBrowser>(type, std::move(changed));
     }
     std::optional<ServiceAddress> resolve(const ServiceEndpoint& service,
                                           const std::stop_token& stop) override {

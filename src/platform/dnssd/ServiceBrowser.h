@@ -38,28 +38,25 @@ struct ServiceResults {
     bool operator==(const ServiceResults&) const = default;
 };
 
-/// Looks for the services of one type on the local network.
+/// A look for the services of one type, which ends with this, within a second.
 class ServiceBrowser {
 public:
-    using Changed = std::function<void(const ServiceResults&)>;
-
-    /// cancel().
     virtual ~ServiceBrowser() = default;
-
-    /// Begins to browse, once. `changed` is called on a thread of the browser's, first with what
-    /// can be told at once, then whenever the results differ. Browsing that has become impossible
-    /// is tried again every few seconds.
-    virtual void start(Changed changed) = 0;
-    /// `changed` is not called any more once this has returned. Returns within a second.
-    virtual void cancel() = 0;
 };
 
 /// The services on the local network. Thread-safe.
 class ServiceNetwork {
 public:
+    using Changed = std::function<void(const ServiceResults&)>;
+
     virtual ~ServiceNetwork() = default;
 
-    [[nodiscard]] virtual std::unique_ptr<ServiceBrowser> browse(const QString& type) = 0;
+    /// Looks for services of this type for as long as the browser lives. `changed` is called on any
+    /// thread, first with what can be told at once, then whenever the results differ, and not any
+    /// more once the browser is gone. Browsing that has become impossible is tried again every few
+    /// seconds.
+    [[nodiscard]] virtual std::unique_ptr<ServiceBrowser> browse(const QString& type,
+                                                                 Changed changed) = 0;
     /// Asks where a service is reached; blocks for a few seconds at most. No value when nobody
     /// answers. Throws CancellationError.
     [[nodiscard]] virtual std::optional<ServiceAddress> resolve(const ServiceEndpoint& service,
