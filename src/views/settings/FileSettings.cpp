@@ -9,7 +9,6 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFormLayout>
-#include <QHBoxLayout>
 #include <QLabel>
 
 #include <algorithm>
@@ -20,16 +19,6 @@ namespace {
 
 enum FolderChoice { asks, isFixed, chooses };
 
-QComboBox* makeChoice(const char* name, int count, QLabel& label) {
-    auto* box = new QComboBox;
-    box->setObjectName(QString::fromLatin1(name));
-    box->setSizeAdjustPolicy(QComboBox::AdjustToContents);
-    for (int i = 0; i < count; ++i)
-        box->addItem(QString());
-    label.setBuddy(box);
-    return box;
-}
-
 } // namespace
 
 FileClick fileClickOf(const SettingsStore& defaults) {
@@ -39,26 +28,14 @@ FileClick fileClickOf(const SettingsStore& defaults) {
 
 FileSettings::FileSettings(SettingsStore& defaults)
     : defaults_(defaults),
-      folderLabel_(new QLabel),
-      folder_(makeChoice("downloadFolder", 3, *folderLabel_)),
-      clickLabel_(new QLabel),
-      click_(makeChoice("fileClick", 3, *clickLabel_)),
-      viewLabel_(new QLabel),
-      view_(makeChoice("newPhonesView", 2, *viewLabel_)),
-      turboLabel_(new QLabel),
-      turbo_(makeChoice("automaticTurbo", 2, *turboLabel_)) {
-    auto* form = new QFormLayout(this);
-    form->setContentsMargins(0, 0, 0, 0);
-    form->setHorizontalSpacing(16);
-    for (auto [label, box] : {std::pair{folderLabel_, folder_},
-                              {clickLabel_, click_},
-                              {viewLabel_, view_},
-                              {turboLabel_, turbo_}}) {
-        auto* field = new QHBoxLayout;
-        field->addWidget(box);
-        field->addStretch(1);
-        form->addRow(label, field);
-    }
+      form_(new QFormLayout(this)),
+      folder_(addChoice("downloadFolder", 3)),
+      click_(addChoice("fileClick", 3)),
+      view_(addChoice("newPhonesView", 2)),
+      turbo_(addChoice("automaticTurbo", 2)) {
+    form_->setContentsMargins(0, 0, 0, 0);
+    form_->setHorizontalSpacing(16);
+    form_->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
     click_->setCurrentIndex(static_cast<int>(fileClickOf(defaults)));
     view_->setCurrentIndex(defaults.value(WindowStateStore::newDevicesInGridKey).toBool() ? 1 : 0);
     turbo_->setCurrentIndex(defaults.value(DeviceManager::turboByChoiceKey).toBool() ? 1 : 0);
@@ -74,14 +51,27 @@ FileSettings::FileSettings(SettingsStore& defaults)
     keepTranslated(this, [this] { showTexts(); });
 }
 
+QComboBox* FileSettings::addChoice(const char* name, int count) {
+    auto* box = new QComboBox;
+    box->setObjectName(QString::fromLatin1(name));
+    box->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    for (int i = 0; i < count; ++i)
+        box->addItem(QString());
+    auto* label = new QLabel;
+    label->setBuddy(box);
+    form_->addRow(label, box);
+    return box;
+}
+
 void FileSettings::showTexts() {
-    const auto set = [](QLabel* label, QComboBox* box, const QString& name) {
-        label->setText(name);
+    const auto set = [this](QComboBox* box, const QString& name) {
+        qobject_cast<QLabel*>(form_->labelForField(box))->setText(name);
         box->setAccessibleName(name);
     };
-    set(folderLabel_, folder_, tr("Copies from a phone go to"));
-    set(clickLabel_, click_, tr("A double click on a file"));
-    set(viewLabel_, view_, tr("A new phone's files are shown"));
+    set(folder_, tr("Copies from a phone go to"));
+    set(click_, tr("A double click on a file"));
+    set(view_, tr("A new phone's files are shown"));
+    set(turbo_, tr("Turbo mode is used"));
     folder_->setItemText(asks, tr("A folder that is asked for"));
     folder_->setItemText(chooses, tr("Choose…"));
     click_->setItemText(static_cast<int>(FileClick::opens), tr("opens it"));
@@ -89,7 +79,6 @@ void FileSettings::showTexts() {
     click_->setItemText(static_cast<int>(FileClick::copies), tr("copies it to this computer"));
     view_->setItemText(0, tr("in a list"));
     view_->setItemText(1, tr("as pictures"));
-    set(turboLabel_, turbo_, tr("Turbo mode is used"));
     turbo_->setItemText(0, tr("with every phone that allows it"));
     turbo_->setItemText(1, tr("only where it was chosen"));
     showFolder();

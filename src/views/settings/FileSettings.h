@@ -7,7 +7,7 @@
 #include <QWidget>
 
 class QComboBox;
-class QLabel;
+class QFormLayout;
 
 namespace tessary {
 
@@ -28,18 +28,16 @@ public:
     explicit FileSettings(SettingsStore& defaults);
 
 private:
+    [[nodiscard]] QComboBox* addChoice(const char* name, int count);
     void showTexts();
     void takeFolder(int choice);
     void showFolder();
 
     SettingsStore& defaults_;
-    QLabel* folderLabel_;
+    QFormLayout* form_;
     QComboBox* folder_;
-    QLabel* clickLabel_;
     QComboBox* click_;
-    QLabel* viewLabel_;
     QComboBox* view_;
-    QLabel* turboLabel_;
     QComboBox* turbo_;
 };
 

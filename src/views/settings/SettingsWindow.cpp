@@ -102,10 +102,8 @@ QWidget* SettingsWindow::makeGeneral() {
     auto [page, column] = makePage();
     auto* form = new QFormLayout;
     form->setHorizontalSpacing(16);
-    auto* field = new QHBoxLayout;
-    field->addWidget(language_);
-    field->addStretch(1);
-    form->addRow(languageLabel_, field);
+    form->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
+    form->addRow(languageLabel_, language_);
     column->addLayout(form);
     column->addWidget(languageNote_);
     column->addSpacing(8);
