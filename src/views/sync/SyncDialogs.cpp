@@ -5,7 +5,6 @@
 #include "views/sync/SyncPairDialog.h"
 #include "views/sync/SyncReportDialog.h"
 
-#include <QDir>
 #include <QStandardPaths>
 
 namespace tessary {
