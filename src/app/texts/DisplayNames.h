@@ -8,8 +8,6 @@
 #include <QDate>
 #include <QString>
 
-#include <cstdint>
-
 namespace tessary {
 
 // What values are called in the language of the interface. For the main thread.

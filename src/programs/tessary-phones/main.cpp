@@ -12,7 +12,6 @@
 #include <cstdio>
 #include <memory>
 #include <optional>
-#include <stdexcept>
 
 using namespace tessary;
 

@@ -1,5 +1,6 @@
 #include "views/common/Layouts.h"
 
+#include <QLabel>
 #include <QMenu>
 #include <QProgressBar>
 #include <QToolButton>
@@ -28,6 +29,13 @@ void addCommands(QMenu& menu, std::initializer_list<QAction*> commands) {
         else
             menu.addAction(command);
     }
+}
+
+QLabel* makeNote() {
+    auto* note = new QLabel;
+    note->setWordWrap(true);
+    note->setForegroundRole(QPalette::PlaceholderText);
+    return note;
 }
 
 QFont demiBold(QFont font) {

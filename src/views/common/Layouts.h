@@ -5,6 +5,7 @@
 #include <initializer_list>
 
 class QAction;
+class QLabel;
 class QMenu;
 class QProgressBar;
 class QSize;
@@ -23,6 +24,9 @@ void resizeWithin(QWidget& window, const QSize& wished);
 
 /// Adds commands to a menu; a null one stands for a line between groups.
 void addCommands(QMenu& menu, std::initializer_list<QAction*> commands);
+
+/// A label for what is said by the way, on as many lines as it takes.
+[[nodiscard]] QLabel* makeNote();
 
 /// The font for what stands above other text.
 [[nodiscard]] QFont demiBold(QFont font);

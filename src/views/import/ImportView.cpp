@@ -81,12 +81,10 @@ ImportView::ImportView(const Setup& setup)
       leave_(new QPushButton),
       proceed_(new QPushButton) {
     setObjectName(QStringLiteral("importView"));
-    all_->setObjectName(QStringLiteral("importAll"));
     target_->setObjectName(QStringLiteral("importFolder"));
     byDate_->setObjectName(QStringLiteral("importByDate"));
     leave_->setObjectName(QStringLiteral("importLeave"));
     proceed_->setObjectName(QStringLiteral("importProceed"));
-    count_->setObjectName(QStringLiteral("importCount"));
     folder_ = defaults_.value(folderKey).toString(
         QStandardPaths::writableLocation(QStandardPaths::PicturesLocation));
     byDate_->setChecked(defaults_.value(byDateKey).toBool(true));

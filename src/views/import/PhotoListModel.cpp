@@ -6,8 +6,6 @@
 #include "base/text/Printable.h"
 #include "views/common/PlainText.h"
 
-#include <QLocale>
-
 #include <algorithm>
 
 namespace tessary {

@@ -3,9 +3,7 @@
 #include "browser/model/ImportViewModel.h"
 
 #include <QAbstractListModel>
-#include <QDate>
 
-#include <optional>
 #include <vector>
 
 namespace tessary {

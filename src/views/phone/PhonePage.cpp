@@ -63,25 +63,22 @@ PhonePage::PhonePage(Parts parts, Callbacks callbacks, QWidget* parent)
       uses_(this),
       picture_(new QLabel),
       name_(new QLabel),
-      detail_(new QLabel),
+      detail_(makeNote()),
       trouble_(new StatusBanner),
       browse_(command("browseFiles", "folder-open")),
       apps_(command("showApps", "view-list-icons")),
       import_(command("importFromPage", "camera-photo")),
       sync_(command("syncNow", "folder-sync")),
       storageHeading_(heading()),
-      looking_(new QLabel),
+      looking_(makeNote()),
       cards_(new QVBoxLayout),
       syncHeading_(heading()),
       pairs_(new SyncPairList(parts_.sync)) {
-    setObjectName(QStringLiteral("phonePage"));
     setFrameShape(QFrame::NoFrame);
     setWidgetResizable(true);
     setFocusPolicy(Qt::NoFocus);
     trouble_->setObjectName(QStringLiteral("phoneTrouble"));
-    looking_->setForegroundRole(QPalette::PlaceholderText);
     looking_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    looking_->setWordWrap(true);
     auto* storageLine = new QHBoxLayout;
     storageLine->addWidget(storageHeading_);
     storageLine->addWidget(looking_, 1);
@@ -122,10 +119,7 @@ PhonePage::PhonePage(Parts parts, Callbacks callbacks, QWidget* parent)
 QWidget* PhonePage::makeHeader() {
     auto* header = new QWidget;
     name_->setFont(demiBold(scaled(name_->font(), 1.7)));
-    name_->setObjectName(QStringLiteral("phoneName"));
     name_->setWordWrap(true);
-    detail_->setWordWrap(true);
-    detail_->setForegroundRole(QPalette::PlaceholderText);
     auto* texts = new QVBoxLayout;
     texts->setSpacing(2);
     texts->addStretch(1);

@@ -38,7 +38,7 @@ constexpr QRgb otherColour = 0xff7f8c9b;
 } // namespace
 
 VolumeCard::VolumeCard(const Place& place, std::function<void()> open, QWidget* parent)
-    : QWidget(parent), heading_(new QToolButton), free_(new QLabel), bar_(new UseBar) {
+    : QWidget(parent), heading_(new QToolButton), free_(makeNote()), bar_(new UseBar) {
     heading_->setText(QString(place.title).replace(QLatin1Char('&'), QStringLiteral("&&")));
     heading_->setAccessibleName(place.title);
     heading_->setIcon(lineIcon(place.iconName));
@@ -53,9 +53,7 @@ VolumeCard::VolumeCard(const Place& place, std::function<void()> open, QWidget* 
         heading_->setFocusPolicy(Qt::NoFocus);
     heading_->setAttribute(Qt::WA_TransparentForMouseEvents, !hasTarget);
     bar_->setAccessibleName(place.title);
-    free_->setForegroundRole(QPalette::PlaceholderText);
     free_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    free_->setWordWrap(true);
     auto* line = new QHBoxLayout;
     line->addWidget(heading_);
     line->addWidget(free_, 1);

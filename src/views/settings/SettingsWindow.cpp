@@ -33,13 +33,6 @@ std::pair<QWidget*, QVBoxLayout*> makePage() {
     return {page, column};
 }
 
-QLabel* makeNote() {
-    auto* note = new QLabel;
-    note->setWordWrap(true);
-    note->setForegroundRole(QPalette::PlaceholderText);
-    return note;
-}
-
 } // namespace
 
 SettingsWindow::SettingsWindow(TessaryApp& app, SyncViewModel& sync, WindowStateStore& memory,
@@ -93,7 +86,6 @@ QWidget* SettingsWindow::makeGeneral() {
         LanguageManager::shared().setSelectedLanguage(
             static_cast<AppLanguage>(language_->currentData().toInt()));
     });
-    remember_->setObjectName(QStringLiteral("rememberWindow"));
     connect(remember_, &QCheckBox::clicked, this, [this](bool on) { memory_.setOn(on); });
     compare_->setObjectName(QStringLiteral("compareCopies"));
     connect(compare_, &QCheckBox::clicked, this,
@@ -119,8 +111,6 @@ QWidget* SettingsWindow::makeGeneral() {
 
 QWidget* SettingsWindow::makeUpdates() {
     UpdateCheckerService& checker = app_.updateChecker();
-    autoCheck_->setObjectName(QStringLiteral("autoCheck"));
-    check_->setObjectName(QStringLiteral("checkNow"));
     connect(autoCheck_, &QCheckBox::clicked, this,
             [&checker](bool on) { checker.setChecksAutomatically(on); });
     connect(check_, &QPushButton::clicked, this, [&checker] { checker.checkForUpdates(true); });

@@ -31,7 +31,6 @@ protected:
 QPushButton* modeButton(ProtocolMode mode, const char* toolTip) {
     auto* button = new ModeButton;
     button->setCheckable(true);
-    button->setFlat(false);
     // They share what room the sidebar has.
     button->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     button->setFont(scaled(button->font(), 0.88));
@@ -46,24 +45,21 @@ QPushButton* modeButton(ProtocolMode mode, const char* toolTip) {
 
 } // namespace
 
-ModeSwitch::ModeSwitch(std::function<void(ProtocolMode)> useMode, QWidget* parent)
-    : QWidget(parent),
-      standard_(
+ModeSwitch::ModeSwitch(const std::function<void(ProtocolMode)>& useMode)
+    : standard_(
           modeButton(ProtocolMode::mtp, QT_TR_NOOP("Works with every phone, nothing to set up."))),
       turbo_(modeButton(ProtocolMode::adbTurbo,
                         QT_TR_NOOP("Faster and sees more. Needs USB debugging on the phone."))) {
-    setObjectName(QStringLiteral("modeSwitch"));
     auto* group = new QButtonGroup(this);
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(12, 4, 12, 4);
     row->setSpacing(0);
-    for (QPushButton* button : {standard_, turbo_}) {
+    for (auto [button, mode] :
+         {std::pair{standard_, ProtocolMode::mtp}, std::pair{turbo_, ProtocolMode::adbTurbo}}) {
         group->addButton(button);
         row->addWidget(button, 1);
+        connect(button, &QPushButton::clicked, this, [useMode, mode = mode] { useMode(mode); });
     }
-    connect(standard_, &QPushButton::clicked, this, [useMode] { useMode(ProtocolMode::mtp); });
-    connect(turbo_, &QPushButton::clicked, this,
-            [useMode = std::move(useMode)] { useMode(ProtocolMode::adbTurbo); });
     hide();
 }
 

@@ -16,7 +16,7 @@ class ModeSwitch : public QWidget {
     Q_OBJECT
 
 public:
-    explicit ModeSwitch(std::function<void(ProtocolMode)> useMode, QWidget* parent = nullptr);
+    explicit ModeSwitch(const std::function<void(ProtocolMode)>& useMode);
 
     /// Hidden for what has no choice.
     void showDevice(const std::optional<DeviceInfo>& device);

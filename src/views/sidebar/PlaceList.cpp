@@ -67,7 +67,7 @@ QWidget* makeSectionHeading(Words text) {
 PlaceList::PlaceList(Words heading, PlaceListModel& model, Words hint)
     : model_(model),
       view_(new QListView),
-      hint_(new QLabel),
+      hint_(makeNote()),
       hasHint_(hint != nullptr),
       dropMark_(new QRubberBand(QRubberBand::Rectangle, view_->viewport())) {
     keepTranslated(view_, [this, heading] { view_->setAccessibleName(heading()); });
@@ -81,8 +81,6 @@ PlaceList::PlaceList(Words heading, PlaceListModel& model, Words hint)
     view_->setUniformItemSizes(true);
     view_->setItemDelegate(new PlaceDelegate(view_));
     view_->viewport()->setAutoFillBackground(false);
-    hint_->setWordWrap(true);
-    hint_->setForegroundRole(QPalette::PlaceholderText);
     hint_->setContentsMargins(16, 2, 12, 4);
     hint_->setFont(scaled(hint_->font(), 0.88));
     auto* column = makeColumn(*this);

@@ -10,7 +10,6 @@
 
 #include <algorithm>
 #include <array>
-#include <memory>
 
 namespace tessary {
 
@@ -59,17 +58,9 @@ const Place* PlaceListModel::placeAt(const QModelIndex& index) const {
     return &places_[static_cast<std::size_t>(index.row())];
 }
 
-QModelIndex PlaceListModel::indexOf(const QString& path) const {
-    const auto found = std::find_if(places_.begin(), places_.end(), [&](const Place& place) {
-        return place.target == Place::Target::folder && place.path == path;
-    });
-    return found == places_.end() ? QModelIndex()
-                                  : index(static_cast<int>(found - places_.begin()));
-}
-
-QModelIndex PlaceListModel::indexOf(Place::Target target) const {
-    const auto found = std::find_if(places_.begin(), places_.end(),
-                                    [&](const Place& place) { return place.target == target; });
+QModelIndex PlaceListModel::indexOf(Place::Target target, const QString& path) const {
+    const auto found = std::ranges::find_if(
+        places_, [&](const Place& place) { return place.target == target && place.path == path; });
     return found == places_.end() ? QModelIndex()
                                   : index(static_cast<int>(found - places_.begin()));
 }

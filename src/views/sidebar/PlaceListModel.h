@@ -33,9 +33,8 @@ public:
 
     void setPlaces(std::vector<Place> places);
     [[nodiscard]] const Place* placeAt(const QModelIndex& index) const;
-    /// The row that is this folder; invalid when none is.
-    [[nodiscard]] QModelIndex indexOf(const QString& path) const;
-    [[nodiscard]] QModelIndex indexOf(Place::Target target) const;
+    /// The row that leads there; invalid when none does.
+    [[nodiscard]] QModelIndex indexOf(Place::Target target, const QString& path = {}) const;
 
     /// Whether the row is a folder of the connection that is browsed, as far as the model can tell.
     [[nodiscard]] virtual bool isOnShownConnection(const QModelIndex& index) const {

@@ -5,6 +5,7 @@
 #include "base/text/PathNames.h"
 #include "phone/records/AppInfo.h"
 #include "views/common/Icons.h"
+#include "views/common/Layouts.h"
 #include "views/sidebar/DeviceDelegate.h"
 #include "views/sidebar/ModeSwitch.h"
 #include "views/sidebar/PlaceList.h"
@@ -48,7 +49,7 @@ Sidebar::Sidebar(DeviceListModel& devices, FavoritesManager& favorites, PhoneMou
       mounts_(mounts),
       callbacks_(std::move(callbacks)),
       deviceList_(new QListView),
-      noDevices_(new QLabel),
+      noDevices_(makeNote()),
       mode_(new ModeSwitch(callbacks_.useMode)),
       favoriteModel_(favorites),
       favoriteList_(new PlaceList([] { return tr("Favorites"); }, favoriteModel_,
@@ -68,8 +69,6 @@ Sidebar::Sidebar(DeviceListModel& devices, FavoritesManager& favorites, PhoneMou
         connect(&devices, signal, this, [this] { fitDeviceList(); });
 
     noDevices_->setObjectName(QStringLiteral("noDevices"));
-    noDevices_->setWordWrap(true);
-    noDevices_->setForegroundRole(QPalette::PlaceholderText);
     noDevices_->setContentsMargins(16, 2, 12, 4);
     keepTranslated(noDevices_, [this] {
         noDevices_->setText(tr("No Devices") + QLatin1Char('\n') +
@@ -109,9 +108,8 @@ Sidebar::Sidebar(DeviceListModel& devices, FavoritesManager& favorites, PhoneMou
     import->setDefaultAction(callbacks_.importPhotos);
 
     auto* content = new QWidget;
-    auto* column = new QVBoxLayout(content);
+    auto* column = makeColumn(*content);
     column->setContentsMargins(0, 0, 0, 8);
-    column->setSpacing(0);
     column->addWidget(makeSectionHeading([] { return tr("Connected Devices"); }));
     column->addWidget(deviceList_);
     column->addWidget(noDevices_);
@@ -131,9 +129,7 @@ Sidebar::Sidebar(DeviceListModel& devices, FavoritesManager& favorites, PhoneMou
         ground->setAutoFillBackground(true);
         ground->setBackgroundRole(QPalette::AlternateBase);
     }
-    auto* all = new QVBoxLayout(this);
-    all->setContentsMargins(0, 0, 0, 0);
-    all->addWidget(scroll);
+    makeColumn(*this)->addWidget(scroll);
     setMinimumWidth(200);
     connect(&LanguageManager::shared(), &LanguageManager::languageChanged, this,
             &Sidebar::showPlaces);
@@ -245,15 +241,16 @@ void Sidebar::setDrops(const EntryDrop& drops) {
 void Sidebar::showPlace(Shown shown, const QString& path) {
     shown_ = shown;
     folder_ = shown == Shown::folder ? path : QString();
-    favoriteList_->mark(favoriteModel_.indexOf(folder_));
-    shortcutList_->mark(shortcutModel_.indexOf(folder_));
+    using Target = Place::Target;
+    favoriteList_->mark(favoriteModel_.indexOf(Target::folder, folder_));
+    shortcutList_->mark(shortcutModel_.indexOf(Target::folder, folder_));
     const bool isIPhone = device_ && device_->platform == DevicePlatform::iOS;
     const bool isMedia =
         shown == Shown::folder && source_.appBundleId && isMediaFolder(*source_.appBundleId);
     volumeList_->mark(shown == Shown::itself ? QModelIndex()
-                      : isIPhone && isMedia  ? volumeModel_.indexOf(Place::Target::media)
-                      : isIPhone             ? volumeModel_.indexOf(Place::Target::apps)
-                                             : volumeModel_.indexOf(folder_));
+                      : isIPhone && isMedia  ? volumeModel_.indexOf(Target::media)
+                      : isIPhone             ? volumeModel_.indexOf(Target::apps)
+                                             : volumeModel_.indexOf(Target::folder, folder_));
 }
 
 void Sidebar::changeEvent(QEvent* event) {

@@ -62,12 +62,10 @@ CopyHistoryDialog::CopyHistoryDialog(RememberedCopies& copies, ShowInFolder show
       forget_(new QPushButton) {
     setObjectName(QStringLiteral("copyHistory"));
     resizeWithin(*this, {860, 520});
-    field_->setObjectName(QStringLiteral("historySearch"));
     field_->setClearButtonEnabled(true);
     list_->setObjectName(QStringLiteral("historyList"));
     list_->setTextElideMode(Qt::ElideMiddle);
     list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    leftOut_->setObjectName(QStringLiteral("historyLeftOut"));
     retry_->setObjectName(QStringLiteral("historyRetry"));
     outcome_->setWordWrap(true);
     outcome_->setAlignment(Qt::AlignTop | Qt::AlignLeft);

@@ -8,7 +8,6 @@
 #include <QMouseEvent>
 #include <QPainter>
 
-#include <algorithm>
 #include <vector>
 
 namespace tessary {

@@ -59,14 +59,11 @@ TransferPanel::TransferPanel(CopyQueue& queue, Callbacks callbacks, QWidget* par
       clear_(new QPushButton),
       history_(new QPushButton),
       list_(new QListView) {
-    setObjectName(QStringLiteral("transferPanel"));
     auto* heading = new QLabel;
     heading->setFont(demiBold(heading->font()));
     title_->setForegroundRole(QPalette::PlaceholderText);
-    title_->setObjectName(QStringLiteral("transferSummary"));
     title_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
 
-    list_->setObjectName(QStringLiteral("transferList"));
     list_->setModel(&model_);
     const auto cancelOrGoOn = [this](const CopyJob& job) {
         if (!job.isFinished())
