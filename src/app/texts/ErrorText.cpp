@@ -2,13 +2,15 @@
 
 #include "adb/files/ADBPhoneErrors.h"
 #include "app/texts/ErrorWords.h"
+#include "base/text/PathNames.h"
 #include "base/text/Printable.h"
-#include "phone/DevicePath.h"
+#include "phone/PhoneError.h"
 
 #include <QCoreApplication>
 #include <QLocale>
 #include <QStringList>
 
+#include <iterator>
 #include <optional>
 
 namespace tessary {
@@ -50,35 +52,11 @@ Worded worded(const Error& error) {
     return {error, unknown};
 }
 
-const char* layerName(ErrorLayer layer) {
-    switch (layer) {
-    case ErrorLayer::local:
-        return "this computer:";
-    case ErrorLayer::phone:
-        return "phone:";
-    case ErrorLayer::device:
-        return "device:";
-    case ErrorLayer::usb:
-        return "USB";
-    case ErrorLayer::mtp:
-        return "MTP";
-    case ErrorLayer::adb:
-        return "adb";
-    case ErrorLayer::iphone:
-        return "iPhone";
-    case ErrorLayer::afc:
-        return "AFC";
-    case ErrorLayer::process:
-        return "process:";
-    case ErrorLayer::network:
-        return "network:";
-    case ErrorLayer::http:
-        return "HTTP";
-    case ErrorLayer::sync:
-        return "sync:";
-    }
-    return "";
-}
+/// In the order of ErrorLayer, as they stand before a code's name.
+constexpr const char* layerNames[] = {
+    "this computer:", "phone:", "device:",  "USB",      "MTP",  "adb",
+    "iPhone",         "AFC",    "process:", "network:", "HTTP", "sync:"};
+static_assert(std::size(layerNames) == static_cast<std::size_t>(ErrorLayer::sync) + 1);
 
 /// A name, a path or a number, as a sentence shows it. Of a path on a phone the name will do.
 QString shown(const QVariant& argument, bool isOnPhone) {
@@ -140,8 +118,9 @@ QString details(const Error& error) {
                               ? QStringLiteral("0x%1").arg(number, 4, 16, QLatin1Char('0'))
                               : value.toString());
         }
-        QString line = QString::fromLatin1(layerName(cause->code().layer())) + QLatin1Char(' ') +
-                       QString::fromLatin1(cause->code().name());
+        const auto layer = static_cast<std::size_t>(cause->code().layer());
+        QString line = QStringLiteral("%1 %2").arg(QLatin1StringView(layerNames[layer]),
+                                                   QLatin1StringView(cause->code().name()));
         if (!values.isEmpty())
             line += QStringLiteral(" (%1)").arg(values.join(QLatin1StringView(", ")));
         lines.append(printable(line));

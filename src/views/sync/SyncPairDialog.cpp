@@ -30,8 +30,7 @@ SyncPairDialog::SyncPairDialog(SyncPair pair, Purpose purpose, QWidget* parent)
       moves_(new QCheckBox(tr("Remove files from where they came once they have arrived"))),
       runsByItself_(new QCheckBox(tr("Sync whenever this phone is plugged in"))),
       patterns_(new QPlainTextEdit(pair_.patterns.join(QLatin1Char('\n')))),
-      sentence_(new QLabel),
-      next_(nullptr) {
+      sentence_(new QLabel) {
     setObjectName(QStringLiteral("syncPairDialog"));
     setWindowTitle(purpose == Purpose::makes ? tr("Sync This Folder") : tr("Edit This Pair"));
     setMinimumWidth(520);
@@ -45,14 +44,12 @@ SyncPairDialog::SyncPairDialog(SyncPair pair, Purpose purpose, QWidget* parent)
     deletes_->setChecked(pair_.deleteSyncEnabled);
     moves_->setChecked(pair_.moveFilesEnabled);
     runsByItself_->setChecked(pair_.runsWhenPluggedIn);
-    patterns_->setObjectName(QStringLiteral("syncPatterns"));
     patterns_->setAccessibleName(tr("Left out"));
     patterns_->setToolTip(tr("One pattern a line, by the rules of .gitignore: *.tmp, /private/"));
     patterns_->setTabChangesFocus(true);
     patterns_->setLineWrapMode(QPlainTextEdit::NoWrap);
     patterns_->setFixedHeight(patterns_->fontMetrics().lineSpacing() * 6);
     sentence_->setWordWrap(true);
-    sentence_->setObjectName(QStringLiteral("syncSentence"));
     sentence_->setMinimumHeight(sentence_->fontMetrics().height() * 3);
     sentence_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
 

@@ -40,7 +40,7 @@ private:
     QCheckBox* runsByItself_;
     QPlainTextEdit* patterns_;
     QLabel* sentence_;
-    QPushButton* next_;
+    QPushButton* next_ = nullptr;
 };
 
 } // namespace tessary

@@ -14,10 +14,8 @@
 namespace tessary {
 
 SyncPairList::SyncPairList(SyncViewModel& sync)
-    : sync_(sync), none_(new QLabel), scroll_(new QScrollArea), rows_(new QVBoxLayout) {
-    none_->setWordWrap(true);
+    : sync_(sync), none_(makeNote()), scroll_(new QScrollArea), rows_(new QVBoxLayout) {
     none_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    none_->setForegroundRole(QPalette::PlaceholderText);
     auto* content = new QWidget;
     rows_->setSpacing(0);
     auto* top = makeColumn(*content);

@@ -32,16 +32,9 @@ void name(QToolButton& which, const QString& text) {
     which.setAccessibleName(text);
 }
 
-QString arrow(SyncMode mode) {
-    switch (mode) {
-    case SyncMode::toPhone:
-        return QStringLiteral("→");
-    case SyncMode::toComputer:
-        return QStringLiteral("←");
-    case SyncMode::biDirectional:
-        break;
-    }
-    return QStringLiteral("↔");
+QChar arrow(SyncMode mode) {
+    constexpr std::u16string_view inOrder = u"↔→←";
+    return inOrder[static_cast<std::size_t>(mode)];
 }
 
 } // namespace
@@ -51,7 +44,7 @@ SyncPairRow::SyncPairRow(SyncViewModel& sync, const QUuid& id, QWidget* parent)
       sync_(sync),
       id_(id),
       title_(new QLabel),
-      detail_(new QLabel),
+      detail_(makeNote()),
       state_(new QLabel),
       progress_(new QProgressBar),
       run_(button("view-refresh")),
@@ -59,11 +52,9 @@ SyncPairRow::SyncPairRow(SyncViewModel& sync, const QUuid& id, QWidget* parent)
       more_(button("overflow-menu")),
       menu_(new QMenu(this)) {
     title_->setFont(demiBold(title_->font()));
-    for (QLabel* label : {detail_, state_}) {
+    for (QLabel* label : {detail_, state_})
         label->setFont(scaled(label->font(), 0.88));
-        label->setWordWrap(true);
-    }
-    detail_->setForegroundRole(QPalette::PlaceholderText);
+    state_->setWordWrap(true);
     progress_->setTextVisible(false);
     progress_->setFixedHeight(5);
     connect(run_, &QToolButton::clicked, this, [this] { sync_.run(id_); });

@@ -51,16 +51,13 @@ SyncPreviewDialog::SyncPreviewDialog(QWidget* parent)
       counts_(new QLabel),
       warning_(new QLabel),
       busy_(new QProgressBar),
-      list_(new QTreeWidget),
-      cancel_(nullptr),
-      run_(nullptr) {
+      list_(new QTreeWidget) {
     setObjectName(QStringLiteral("syncPreview"));
     setWindowTitle(tr("What Will Happen"));
     resize(680, 460);
     title_->setFont(demiBold(title_->font()));
     for (QLabel* label : {title_, counts_, warning_})
         label->setWordWrap(true);
-    counts_->setObjectName(QStringLiteral("syncCounts"));
     QPalette red = warning_->palette();
     red.setColor(QPalette::WindowText, QColor(206, 58, 58));
     warning_->setPalette(red);

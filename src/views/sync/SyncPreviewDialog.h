@@ -36,8 +36,8 @@ private:
     QLabel* warning_;
     QProgressBar* busy_;
     QTreeWidget* list_;
-    QPushButton* cancel_;
-    QPushButton* run_;
+    QPushButton* cancel_ = nullptr;
+    QPushButton* run_ = nullptr;
     SyncGuard::Kind guard_ = SyncGuard::Kind::nothing;
     QHash<QString, QTreeWidgetItem*> deletions_; ///< by path
     QHash<QString, QTreeWidgetItem*> conflicts_;

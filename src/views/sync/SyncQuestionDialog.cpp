@@ -72,21 +72,28 @@ SyncQuestionDialog::SyncQuestionDialog(const SyncQuestion& question, QWidget* pa
         answer_ = SyncAnswer::keepAll();
         accept();
     };
-    const QString warning = guardText(question.guard);
-    if (question.kind == Kind::deletions) {
+    switch (question.kind) {
+    case Kind::deletions:
         setWindowTitle(tr("Delete Files?"));
         column->addWidget(
             boldLabel(tr("%Ln files were deleted on one side. Delete them on the other, too?",
                          nullptr, static_cast<int>(question.candidates.size()))));
-    } else if (question.kind == Kind::emptySide) {
+        goOn(tr("Keep"), QDialogButtonBox::ActionRole, keepAll);
+        goOn(tr("Delete"), QDialogButtonBox::DestructiveRole, [this] { deleteChecked(); });
+        break;
+    case Kind::emptySide:
         setWindowTitle(tr("Folder Empty"));
         column->addWidget(boldLabel(tr("Is everything to be copied there again?")));
-    } else {
+        goOn(tr("Copy Everything Again"), QDialogButtonBox::ActionRole, keepAll);
+        break;
+    case Kind::missingLocalFolder:
         setWindowTitle(tr("Folder Missing"));
         column->addWidget(boldLabel(tr("The folder on this computer is gone")));
         column->addWidget(new QLabel(printable(question.path)));
+        goOn(tr("Create Again"), QDialogButtonBox::ActionRole, keepAll);
+        break;
     }
-    if (!warning.isEmpty()) {
+    if (const QString warning = guardText(question.guard); !warning.isEmpty()) {
         auto* words = new QLabel(warning);
         words->setWordWrap(true);
         QPalette red = words->palette();
@@ -97,16 +104,10 @@ SyncQuestionDialog::SyncQuestionDialog(const SyncQuestion& question, QWidget* pa
     if (question.kind == Kind::deletions) {
         list_ = makeList(question.candidates);
         column->addWidget(list_, 1);
-        auto* note = new QLabel(tr("What you keep is copied back."));
-        note->setForegroundRole(QPalette::PlaceholderText);
+        auto* note = makeNote();
+        note->setText(tr("What you keep is copied back."));
         column->addWidget(note);
-        goOn(tr("Keep"), QDialogButtonBox::ActionRole, keepAll);
-        goOn(tr("Delete"), QDialogButtonBox::DestructiveRole, [this] { deleteChecked(); });
         resize(600, 400);
-    } else if (question.kind == Kind::emptySide) {
-        goOn(tr("Copy Everything Again"), QDialogButtonBox::ActionRole, keepAll);
-    } else {
-        goOn(tr("Create Again"), QDialogButtonBox::ActionRole, keepAll);
     }
     column->addWidget(buttons);
     for (QAbstractButton* each : buttons->buttons())
