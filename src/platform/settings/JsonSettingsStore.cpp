@@ -217,10 +217,6 @@ QJsonValue JsonSettingsStore::value(const QString& key) const {
     return store_->values.value(key);
 }
 
-void JsonSettingsStore::setValue(const QString& key, const QJsonValue& value) {
-    change(key, [value](const QJsonValue&) { return value; });
-}
-
 void JsonSettingsStore::change(const QString& key, const Change& change) {
     {
         const std::scoped_lock lock(store_->mutex);

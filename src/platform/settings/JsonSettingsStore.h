@@ -25,7 +25,6 @@ public:
     ~JsonSettingsStore() override;
 
     [[nodiscard]] QJsonValue value(const QString& key) const override;
-    void setValue(const QString& key, const QJsonValue& value) override;
     void change(const QString& key, const Change& change) override;
     [[nodiscard]] std::optional<SettingsTrouble> trouble() const override;
     void whenTroubleChanges(std::function<void()> told) override;

@@ -16,9 +16,9 @@ public:
         const std::scoped_lock lock(mutex_);
         return values_.value(key);
     }
-    void setValue(const QString& key, const QJsonValue& value) override {
+    void change(const QString& key, const Change& change) override {
         const std::scoped_lock lock(mutex_);
-        values_.insert(key, value);
+        values_.insert(key, change(values_.value(key)));
     }
 
 private:

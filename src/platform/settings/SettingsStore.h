@@ -35,15 +35,15 @@ public:
 
     /// Stores a value; `QJsonValue::Undefined` removes the key. A store that cannot be written is
     /// trouble(), and the value holds until the program ends.
-    virtual void setValue(const QString& key, const QJsonValue& value) = 0;
+    void setValue(const QString& key, const QJsonValue& value) {
+        change(key, [value](const QJsonValue&) { return value; });
+    }
 
     /// What makes a new value of the one that is stored; it may be called again, on another
-    /// thread, and with its own result.
+    /// thread, and with its own result. It must not call back.
     using Change = std::function<QJsonValue(const QJsonValue&)>;
     /// As setValue(), of what is stored at that moment: what another program did to it stays.
-    virtual void change(const QString& key, const Change& change) {
-        setValue(key, change(value(key)));
-    }
+    virtual void change(const QString& key, const Change& change) = 0;
 
     /// Nothing while all is well. What was not stored is said before what was damaged.
     [[nodiscard]] virtual std::optional<SettingsTrouble> trouble() const {
