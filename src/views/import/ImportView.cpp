@@ -319,20 +319,12 @@ void ImportView::chooseFolder() {
 }
 
 void ImportView::proceed() {
-    switch (import_.state()) {
-    case State::choosing:
+    if (import_.state() == State::choosing)
         import_.start(folder_, byDate_->isChecked());
-        return;
-    case State::failed:
+    else if (import_.state() == State::failed)
         import_.lookAgain();
-        return;
-    case State::copied:
-    case State::removed:
+    else
         import_.chooseMore();
-        return;
-    default:
-        return;
-    }
 }
 
 void ImportView::askAndRemove() {

@@ -61,19 +61,6 @@ Qt::CheckState PhotoListModel::checkState(const Row& row) const {
     return chosen == 0 ? Qt::Unchecked : chosen == ids.size() ? Qt::Checked : Qt::PartiallyChecked;
 }
 
-QVariant PhotoListModel::dataOfDay(const Row& row, int role) const {
-    const auto day = import_.photos()[row.first].day();
-    switch (role) {
-    case Qt::DisplayRole:
-    case Qt::AccessibleTextRole:
-        return dayDisplayName(day.value_or(QDate()));
-    case isDayRole:
-        return true;
-    default:
-        return {};
-    }
-}
-
 QVariant PhotoListModel::dataOfPhoto(const Photo& photo, int role) const {
     switch (role) {
     case Qt::DisplayRole:
@@ -87,8 +74,6 @@ QVariant PhotoListModel::dataOfPhoto(const Photo& photo, int role) const {
     }
     case idRole:
         return photo.id();
-    case isDayRole:
-        return false;
     case isVideoRole:
         return photo.isVideo();
     case filesRole:
@@ -104,9 +89,15 @@ QVariant PhotoListModel::data(const QModelIndex& index, int role) const {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
     const Row& row = rows_[static_cast<std::size_t>(index.row())];
+    const Photo& first = import_.photos()[row.first];
+    const bool isDay = row.count > 0;
     if (role == Qt::CheckStateRole)
         return checkState(row);
-    return row.count > 0 ? dataOfDay(row, role) : dataOfPhoto(import_.photos()[row.first], role);
+    if (role == isDayRole)
+        return isDay;
+    if (isDay && (role == Qt::DisplayRole || role == Qt::AccessibleTextRole))
+        return dayDisplayName(first.day().value_or(QDate()));
+    return isDay ? QVariant() : dataOfPhoto(first, role);
 }
 
 bool PhotoListModel::setData(const QModelIndex& index, const QVariant& value, int role) {

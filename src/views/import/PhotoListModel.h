@@ -41,7 +41,6 @@ private:
     void reload();
     [[nodiscard]] QStringList idsOf(const Row& row) const;
     [[nodiscard]] Qt::CheckState checkState(const Row& row) const;
-    [[nodiscard]] QVariant dataOfDay(const Row& row, int role) const;
     [[nodiscard]] QVariant dataOfPhoto(const Photo& photo, int role) const;
 
     ImportViewModel& import_;
