@@ -87,9 +87,9 @@ PhonePage::PhonePage(Parts parts, Callbacks callbacks, QWidget* parent)
     auto* column = new QWidget;
     column->setMaximumWidth(widest);
     auto* content = makeColumn(*column, 12);
-    content->addWidget(makeHeader());
+    content->addLayout(makeHeader());
     content->addWidget(trouble_);
-    content->addWidget(makeCommands());
+    content->addLayout(makeCommands());
     content->addSpacing(10);
     content->addLayout(storageLine);
     content->addLayout(cards_);
@@ -116,8 +116,7 @@ PhonePage::PhonePage(Parts parts, Callbacks callbacks, QWidget* parent)
     makePlain(*this);
 }
 
-QWidget* PhonePage::makeHeader() {
-    auto* header = new QWidget;
+QLayout* PhonePage::makeHeader() {
     name_->setFont(demiBold(scaled(name_->font(), 1.7)));
     name_->setWordWrap(true);
     auto* texts = new QVBoxLayout;
@@ -126,15 +125,14 @@ QWidget* PhonePage::makeHeader() {
     texts->addWidget(name_);
     texts->addWidget(detail_);
     texts->addStretch(1);
-    auto* row = new QHBoxLayout(header);
-    row->setContentsMargins(0, 0, 0, 0);
+    auto* row = new QHBoxLayout;
     row->setSpacing(18);
     row->addWidget(picture_, 0, Qt::AlignTop);
     row->addLayout(texts, 1);
-    return header;
+    return row;
 }
 
-QWidget* PhonePage::makeCommands() {
+QLayout* PhonePage::makeCommands() {
     connect(browse_, &QPushButton::clicked, this, [this] { callbacks_.browseFiles(); });
     connect(apps_, &QPushButton::clicked, this, [this] { callbacks_.showApps(); });
     QAction* import = callbacks_.importPhotos;
@@ -142,13 +140,12 @@ QWidget* PhonePage::makeCommands() {
     connect(import, &QAction::changed, import_,
             [this, import] { import_->setEnabled(import->isEnabled()); });
     connect(sync_, &QPushButton::clicked, this, &PhonePage::syncNow);
-    auto* commands = new QWidget;
-    commands_ = new QHBoxLayout(commands);
-    commands_->setContentsMargins(0, 0, 0, 0);
+    commands_ = new QHBoxLayout;
+    commands_->setSpacing(6);
     for (QPushButton* button : {browse_, apps_, import_, sync_})
         commands_->addWidget(button);
     commands_->addStretch(1);
-    return commands;
+    return commands_;
 }
 
 /// One below the other where they have no room side by side.

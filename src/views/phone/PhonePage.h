@@ -59,8 +59,8 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
 private:
-    [[nodiscard]] QWidget* makeHeader();
-    [[nodiscard]] QWidget* makeCommands();
+    [[nodiscard]] QLayout* makeHeader();
+    [[nodiscard]] QLayout* makeCommands();
     void fitCommands();
     void focusFirst();
     void showTexts();

@@ -71,26 +71,25 @@ QVariant DeviceListModel::data(const QModelIndex& index, int role) const {
     if (device == nullptr)
         return {};
     const QString name = deviceTitle(*device);
+    const bool isMounted = mounts_.isOpen(device->udid);
     switch (role) {
     case Qt::DisplayRole:
         return name;
     case Qt::DecorationRole:
         return devicePicture(*device);
     case Qt::ToolTipRole:
-        return plainToolTip(QStringLiteral("%1\n%2").arg(name, printable(device->udid)) +
-                            (mounts_.isOpen(device->udid)
-                                 ? QLatin1Char('\n') + tr("Open in the file manager")
-                                 : QString()));
+        return plainToolTip(
+            QStringLiteral("%1\n%2").arg(name, printable(device->udid)) +
+            (isMounted ? QLatin1Char('\n') + tr("Open in the file manager") : QString()));
     case mountedRole:
-        return mounts_.isOpen(device->udid);
+        return isMounted;
     case stateRole:
         return manager_.trouble(device->id()) ? tr("Needs your attention")
                                               : deviceStorageText(*device);
     case Qt::AccessibleTextRole:
         return QStringLiteral("%1, %2, %3")
                    .arg(name, deviceDetail(*device), data(index, stateRole).toString()) +
-               (mounts_.isOpen(device->udid) ? QStringLiteral(", ") + tr("Open in the file manager")
-                                             : QString());
+               (isMounted ? QStringLiteral(", ") + tr("Open in the file manager") : QString());
     default:
         return {};
     }

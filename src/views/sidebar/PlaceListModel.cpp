@@ -37,10 +37,7 @@ constexpr std::array shortcuts{
              "Documents"},
 };
 
-const QString& mainStorage() {
-    static const QString path = QStringLiteral("/sdcard");
-    return path;
-}
+constexpr QLatin1StringView mainStorage("/sdcard");
 
 } // namespace
 
@@ -176,10 +173,11 @@ std::vector<Place> shortcutsOf(const DeviceInfo& device) {
         return {};
     std::vector<Place> places;
     for (const Shortcut& shortcut : shortcuts)
-        places.push_back({QString::fromLatin1(shortcut.iconName),
-                          PlaceListModel::tr(shortcut.title),
-                          mainStorage() + QLatin1Char('/') + QString::fromLatin1(shortcut.folder),
-                          {}});
+        places.push_back(
+            {QString::fromLatin1(shortcut.iconName),
+             PlaceListModel::tr(shortcut.title),
+             QStringLiteral("%1/%2").arg(mainStorage, QLatin1StringView(shortcut.folder)),
+             {}});
     return places;
 }
 
@@ -201,7 +199,7 @@ std::vector<Place> volumesOf(const DeviceInfo& device) {
         places.push_back(
             {volume.isSDCard ? QStringLiteral("media-flash") : QStringLiteral("drive-harddisk"),
              printable(volume.name.isEmpty() ? volume.id : placeDisplayName(volume.name)),
-             i == 0 ? mainStorage() : QStringLiteral("/storage/") + volume.id,
+             i == 0 ? QString(mainStorage) : QStringLiteral("/storage/") + volume.id,
              freeSpaceText(volume)});
     }
     return places;

@@ -27,15 +27,14 @@ namespace {
 
 constexpr int maxShownDevices = 4; ///< more of them scroll
 
-QWidget* inRow(QToolButton* button, const char* objectName) {
+QLayout* inRow(QToolButton* button, const char* objectName) {
     button->setObjectName(QString::fromLatin1(objectName));
     button->setIconSize({18, 18});
     button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     button->setAutoRaise(true);
-    auto* row = new QWidget;
-    auto* layout = new QHBoxLayout(row);
-    layout->setContentsMargins(10, 4, 10, 0);
-    layout->addWidget(button, 0, Qt::AlignLeft);
+    auto* row = new QHBoxLayout;
+    row->setContentsMargins(10, 4, 10, 0);
+    row->addWidget(button, 0, Qt::AlignLeft);
     return row;
 }
 
@@ -117,8 +116,8 @@ Sidebar::Sidebar(DeviceListModel& devices, FavoritesManager& favorites, PhoneMou
     for (PlaceList* list : {favoriteList_, shortcutList_, volumeList_})
         column->addWidget(list);
     column->addStretch(1);
-    column->addWidget(inRow(import, "importButton"));
-    column->addWidget(inRow(wireless, "wirelessButton"));
+    column->addLayout(inRow(import, "importButton"));
+    column->addLayout(inRow(wireless, "wirelessButton"));
     auto* scroll = new QScrollArea;
     scroll->setFrameShape(QFrame::NoFrame);
     scroll->setWidgetResizable(true);
