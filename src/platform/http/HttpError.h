@@ -2,6 +2,8 @@
 
 #include "base/values/Error.h"
 
+#include <iterator>
+
 namespace tessary {
 
 /// Why a request brought no answer, or none that is of use. Arguments stand behind each case.
@@ -19,6 +21,11 @@ enum class HttpError {
 [[nodiscard]] constexpr ErrorLayer errorLayer(HttpError) {
     return ErrorLayer::http;
 }
-[[nodiscard]] const char* errorName(HttpError error);
+[[nodiscard]] constexpr const char* errorName(HttpError error) {
+    constexpr const char* names[] = {"timedOut", "tooLong", "unsafeAddress", "endlessRedirects",
+                                     "cutOff",   "failed",  "badStatus",     "badContent"};
+    static_assert(std::size(names) == static_cast<std::size_t>(HttpError::badContent) + 1);
+    return names[static_cast<std::size_t>(error)];
+}
 
 } // namespace tessary
