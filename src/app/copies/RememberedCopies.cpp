@@ -157,8 +157,8 @@ void RememberedCopies::goOn(const QUuid& id) {
 
 std::vector<CopyRecord> RememberedCopies::offered() const {
     std::vector<CopyRecord> ready;
-    std::copy_if(unfinished_.begin(), unfinished_.end(), std::back_inserter(ready),
-                 [this](const CopyRecord& one) { return canGoOn(one); });
+    std::ranges::copy_if(unfinished_, std::back_inserter(ready),
+                         [this](const CopyRecord& one) { return canGoOn(one); });
     return ready;
 }
 
@@ -176,12 +176,12 @@ void RememberedCopies::declineOffered() {
 
 void RememberedCopies::noteOffered(const std::vector<CopyRecord>& records) {
     News& news = this->news();
-    const auto isAmong = [&records](const CopyRecord& one) {
-        return std::any_of(records.begin(), records.end(),
-                           [&one](const CopyRecord& each) { return each.job.id == one.job.id; });
-    };
     for (const CopyRecord& record : records)
         news.offered.push_back(record.job.id);
+    const auto isAmong = [&records](const CopyRecord& one) {
+        return std::ranges::any_of(
+            records, [&one](const CopyRecord& each) { return each.job.id == one.job.id; });
+    };
     for (CopyRecord& record : news.records)
         record.wasOffered = record.wasOffered || isAmong(record);
     std::erase_if(unfinished_, isAmong);

@@ -70,9 +70,10 @@ SyncPairDialog::SyncPairDialog(SyncPair pair, Purpose purpose, QWidget* parent)
     form->addRow(tr("Folder on the phone"), remote);
     form->addRow(words::folderOnThisComputer(), folderRow);
     form->addRow(tr("Direction"), mode_);
-    form->addRow(QString(), deletes_);
-    form->addRow(QString(), moves_);
-    form->addRow(QString(), runsByItself_);
+    for (QCheckBox* box : {deletes_, moves_, runsByItself_}) {
+        form->addRow(QString(), box);
+        connect(box, &QCheckBox::toggled, this, &SyncPairDialog::change);
+    }
     form->addRow(tr("Left out"), patterns_);
 
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
@@ -88,8 +89,6 @@ SyncPairDialog::SyncPairDialog(SyncPair pair, Purpose purpose, QWidget* parent)
 
     connect(folder_, &QLineEdit::textChanged, this, &SyncPairDialog::change);
     connect(mode_, &QComboBox::currentIndexChanged, this, &SyncPairDialog::change);
-    for (QCheckBox* box : {deletes_, moves_, runsByItself_})
-        connect(box, &QCheckBox::toggled, this, &SyncPairDialog::change);
     connect(patterns_, &QPlainTextEdit::textChanged, this, &SyncPairDialog::change);
     buttons->button(QDialogButtonBox::Cancel)->setAutoDefault(false);
     next_->setDefault(true); // the dialog has it only now
