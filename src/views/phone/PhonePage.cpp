@@ -56,9 +56,8 @@ QString rootOf(const Place& volume) {
 
 } // namespace
 
-PhonePage::PhonePage(Parts parts, Callbacks callbacks, QWidget* parent)
-    : QScrollArea(parent),
-      parts_(std::move(parts)),
+PhonePage::PhonePage(Parts parts, Callbacks callbacks)
+    : parts_(std::move(parts)),
       callbacks_(std::move(callbacks)),
       uses_(this),
       picture_(new QLabel),

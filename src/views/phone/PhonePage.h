@@ -46,7 +46,7 @@ public:
         std::function<void()> releaseDevice;
     };
 
-    PhonePage(Parts parts, Callbacks callbacks, QWidget* parent = nullptr);
+    PhonePage(Parts parts, Callbacks callbacks);
 
     /// The phone as it is now; nothing changes without one.
     void showDevice(const std::optional<DeviceInfo>& device);

@@ -21,7 +21,7 @@ constexpr int thinnest = 3; // piece of the bar; all in pixels
 
 } // namespace
 
-UseBar::UseBar(QWidget* parent) : QWidget(parent) {
+UseBar::UseBar() {
     QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Minimum);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);

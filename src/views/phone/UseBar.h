@@ -21,7 +21,7 @@ public:
         bool operator==(const Piece&) const = default;
     };
 
-    explicit UseBar(QWidget* parent = nullptr);
+    UseBar();
 
     /// Pieces of no bytes are not shown.
     void setPieces(std::vector<Piece> pieces);

@@ -37,8 +37,8 @@ constexpr QRgb otherColour = 0xff7f8c9b;
 
 } // namespace
 
-VolumeCard::VolumeCard(const Place& place, std::function<void()> open, QWidget* parent)
-    : QWidget(parent), heading_(new QToolButton), free_(makeNote()), bar_(new UseBar) {
+VolumeCard::VolumeCard(const Place& place, std::function<void()> open)
+    : heading_(new QToolButton), free_(makeNote()), bar_(new UseBar) {
     heading_->setText(QString(place.title).replace(QLatin1Char('&'), QStringLiteral("&&")));
     heading_->setAccessibleName(place.title);
     heading_->setIcon(lineIcon(place.iconName));

@@ -21,7 +21,7 @@ class VolumeCard : public QWidget {
 
 public:
     /// Without `open` the name is a name only.
-    VolumeCard(const Place& place, std::function<void()> open, QWidget* parent = nullptr);
+    VolumeCard(const Place& place, std::function<void()> open);
 
     /// `use` is what is known of what fills it.
     void show(const StorageVolume& storage, const std::optional<StorageUse>& use);

@@ -46,9 +46,8 @@ QString deviceTitle(const DeviceInfo& device) {
                                                   : printable(device.udid);
 }
 
-DeviceListModel::DeviceListModel(const DeviceManager& manager, const PhoneMounts& mounts,
-                                 QObject* parent)
-    : QAbstractListModel(parent), manager_(manager), mounts_(mounts), devices_(manager.devices()) {
+DeviceListModel::DeviceListModel(const DeviceManager& manager, const PhoneMounts& mounts)
+    : manager_(manager), mounts_(mounts), devices_(manager.devices()) {
     connect(&manager, &DeviceManager::devicesChanged, this, &DeviceListModel::update);
     connect(&manager, &DeviceManager::troubleChanged, this, [this](const QString& id) {
         if (const QModelIndex row = indexOf(id); row.isValid())
@@ -102,20 +101,16 @@ const DeviceInfo* DeviceListModel::deviceAt(const QModelIndex& index) const {
 }
 
 QModelIndex DeviceListModel::indexOf(const QString& id) const {
-    const auto found = std::find_if(devices_.begin(), devices_.end(),
-                                    [&](const DeviceInfo& device) { return device.id() == id; });
+    const auto found = std::ranges::find(devices_, id, &DeviceInfo::id);
     return found == devices_.end() ? QModelIndex()
                                    : index(static_cast<int>(found - devices_.begin()));
 }
 
 void DeviceListModel::update() {
     const std::vector<DeviceInfo>& now = manager_.devices();
-    const auto holds = [](const std::vector<DeviceInfo>& list, const DeviceInfo& device) {
-        return std::any_of(list.begin(), list.end(),
-                           [&](const DeviceInfo& other) { return other.id() == device.id(); });
-    };
     for (int row = rowCount() - 1; row >= 0; --row) {
-        if (holds(now, devices_[static_cast<std::size_t>(row)]))
+        const QString id = devices_[static_cast<std::size_t>(row)].id();
+        if (std::ranges::find(now, id, &DeviceInfo::id) != now.end())
             continue;
         beginRemoveRows({}, row, row);
         devices_.erase(devices_.begin() + row);

@@ -22,8 +22,7 @@ public:
     static constexpr int mountedRole = Qt::UserRole + 2;
 
     /// Both must outlive the model.
-    DeviceListModel(const DeviceManager& manager, const PhoneMounts& mounts,
-                    QObject* parent = nullptr);
+    DeviceListModel(const DeviceManager& manager, const PhoneMounts& mounts);
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;

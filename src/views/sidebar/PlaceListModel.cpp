@@ -82,8 +82,7 @@ QVariant PlaceListModel::data(const QModelIndex& index, int role) const {
     }
 }
 
-FavoriteListModel::FavoriteListModel(FavoritesManager& manager, QObject* parent)
-    : PlaceListModel(parent), manager_(manager) {
+FavoriteListModel::FavoriteListModel(FavoritesManager& manager) : manager_(manager) {
     connect(&manager, &FavoritesManager::favoritesChanged, this, [this] { reload(); });
 }
 

@@ -61,7 +61,7 @@ struct FavoriteSource {
 class FavoriteListModel : public PlaceListModel {
 public:
     /// `manager` must outlive it.
-    explicit FavoriteListModel(FavoritesManager& manager, QObject* parent = nullptr);
+    explicit FavoriteListModel(FavoritesManager& manager);
 
     /// The device whose favorites are shown, and what is being browsed of it: that is where
     /// dropped folders come from.

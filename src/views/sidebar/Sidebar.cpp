@@ -41,9 +41,8 @@ QLayout* inRow(QToolButton* button, const char* objectName) {
 } // namespace
 
 Sidebar::Sidebar(DeviceListModel& devices, FavoritesManager& favorites, PhoneMounts& mounts,
-                 Callbacks callbacks, QWidget* parent)
-    : QWidget(parent),
-      devices_(devices),
+                 Callbacks callbacks)
+    : devices_(devices),
       favorites_(favorites),
       mounts_(mounts),
       callbacks_(std::move(callbacks)),

@@ -39,7 +39,7 @@ public:
 
     /// All must outlive it.
     Sidebar(DeviceListModel& devices, FavoritesManager& favorites, PhoneMounts& mounts,
-            Callbacks callbacks, QWidget* parent = nullptr);
+            Callbacks callbacks);
 
     [[nodiscard]] QListView& deviceList() const {
         return *deviceList_;

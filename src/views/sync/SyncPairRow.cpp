@@ -39,9 +39,8 @@ QChar arrow(SyncMode mode) {
 
 } // namespace
 
-SyncPairRow::SyncPairRow(SyncViewModel& sync, const QUuid& id, QWidget* parent)
-    : QWidget(parent),
-      sync_(sync),
+SyncPairRow::SyncPairRow(SyncViewModel& sync, const QUuid& id)
+    : sync_(sync),
       id_(id),
       title_(new QLabel),
       detail_(makeNote()),

@@ -18,7 +18,7 @@ class SyncPairRow : public QWidget {
 
 public:
     /// `sync` must outlive it.
-    SyncPairRow(SyncViewModel& sync, const QUuid& id, QWidget* parent = nullptr);
+    SyncPairRow(SyncViewModel& sync, const QUuid& id);
 
     /// Shows the pair as it is now.
     void update();

@@ -60,8 +60,7 @@ QString leftOutLines(const CopyJob& job) {
 
 } // namespace
 
-TransferListModel::TransferListModel(CopyQueue& queue, QObject* parent)
-    : QAbstractListModel(parent), queue_(queue) {
+TransferListModel::TransferListModel(CopyQueue& queue) : queue_(queue) {
     connect(&queue, &CopyQueue::jobAboutToBeAdded, this,
             [this](int row) { beginInsertRows({}, row, row); });
     connect(&queue, &CopyQueue::jobAdded, this, [this] { endInsertRows(); });

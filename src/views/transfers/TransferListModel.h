@@ -12,7 +12,7 @@ class TransferListModel : public QAbstractListModel {
 
 public:
     /// `queue` must outlive the model.
-    explicit TransferListModel(CopyQueue& queue, QObject* parent = nullptr);
+    explicit TransferListModel(CopyQueue& queue);
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;

@@ -49,9 +49,8 @@ QString summaryText(const CopySummary& summary, const QFontMetrics& metrics, int
 
 } // namespace
 
-TransferPanel::TransferPanel(CopyQueue& queue, Callbacks callbacks, QWidget* parent)
-    : QWidget(parent),
-      queue_(queue),
+TransferPanel::TransferPanel(CopyQueue& queue, Callbacks callbacks)
+    : queue_(queue),
       callbacks_(std::move(callbacks)),
       model_(queue),
       title_(new QLabel),

@@ -28,7 +28,7 @@ public:
     };
 
     /// `queue` must outlive the panel.
-    TransferPanel(CopyQueue& queue, Callbacks callbacks, QWidget* parent = nullptr);
+    TransferPanel(CopyQueue& queue, Callbacks callbacks);
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
