@@ -3,12 +3,76 @@
 #include "base/text/PathNames.h"
 
 #include <QJsonArray>
+#include <QJsonObject>
+#include <QTimeZone>
 
 #include <algorithm>
+#include <cmath>
 
 namespace tessary {
 
 namespace {
+
+using Key = QLatin1StringView;
+
+constexpr Key idKey("id");
+constexpr Key deviceKey("deviceUDID");
+constexpr Key nameKey("name");
+constexpr Key pathKey("path");
+constexpr Key bundleKey("appBundleId");
+constexpr Key appNameKey("appName");
+constexpr Key dateKey("createdAt");
+
+/// Beyond the year 9999 it is no date that somebody meant.
+constexpr double latestDate = 253'402'300'800.0;
+
+QDateTime epoch() {
+    return QDateTime(QDate(2001, 1, 1), QTime(0, 0), QTimeZone::utc());
+}
+
+/// Absent, or a text; false when it is something else.
+bool readOptional(const QJsonValue& json, std::optional<QString>& text) {
+    if (json.isString())
+        text = json.toString();
+    return json.isString() || json.isUndefined() || json.isNull();
+}
+
+/// A JSON object with the fields' names as keys; the date as seconds since 2001, the id in upper
+/// case, absent texts left out.
+QJsonValue toJson(const DeviceFavorite& favorite) {
+    QJsonObject json{
+        {idKey, favorite.id.toString(QUuid::WithoutBraces).toUpper()},
+        {deviceKey, favorite.deviceUDID},
+        {nameKey, favorite.name},
+        {pathKey, favorite.path},
+        {dateKey, static_cast<double>(epoch().msecsTo(favorite.createdAt)) / 1000.0},
+    };
+    if (favorite.appBundleId)
+        json.insert(bundleKey, *favorite.appBundleId);
+    if (favorite.appName)
+        json.insert(appNameKey, *favorite.appName);
+    return json;
+}
+
+/// No value when a field is missing or of another type.
+std::optional<DeviceFavorite> fromJson(const QJsonValue& json) {
+    DeviceFavorite favorite;
+    favorite.id = QUuid::fromString(json[idKey].toString());
+    const double seconds = json[dateKey].toDouble();
+    if (favorite.id.isNull() || !json[dateKey].isDouble() || std::abs(seconds) > latestDate)
+        return std::nullopt;
+    for (const Key key : {deviceKey, nameKey, pathKey})
+        if (!json[key].isString())
+            return std::nullopt;
+    if (!readOptional(json[bundleKey], favorite.appBundleId) ||
+        !readOptional(json[appNameKey], favorite.appName))
+        return std::nullopt;
+    favorite.deviceUDID = json[deviceKey].toString();
+    favorite.name = json[nameKey].toString();
+    favorite.path = json[pathKey].toString();
+    favorite.createdAt = epoch().addMSecs(std::llround(seconds * 1000.0));
+    return favorite;
+}
 
 QJsonArray encodeFavorites(const std::vector<DeviceFavorite>& favorites) {
     QJsonArray list;
@@ -23,7 +87,7 @@ std::optional<std::vector<DeviceFavorite>> decodeFavorites(const QJsonValue& jso
         return std::nullopt;
     std::vector<DeviceFavorite> favorites;
     for (const QJsonValue& each : json.toArray()) {
-        auto favorite = deviceFavoriteFromJson(each);
+        auto favorite = fromJson(each);
         if (!favorite)
             return std::nullopt;
         favorites.push_back(*std::move(favorite));

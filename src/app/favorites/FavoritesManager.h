@@ -1,14 +1,29 @@
 #pragma once
 
-#include "app/favorites/DeviceFavorite.h"
 #include "platform/settings/StoredList.h"
 
+#include <QDateTime>
 #include <QObject>
+#include <QUuid>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace tessary {
+
+/// One bookmarked folder of a device. A value.
+struct DeviceFavorite {
+    QUuid id;
+    QString deviceUDID;
+    QString name;                       ///< what the user sees
+    QString path;                       ///< in the device's namespace
+    std::optional<QString> appBundleId; ///< the iOS app whose container holds the folder
+    std::optional<QString> appName;
+    QDateTime createdAt;
+
+    bool operator==(const DeviceFavorite&) const = default;
+};
 
 /// The bookmarked folders of all devices, in one order that the user makes. Every change is stored
 /// at once. Lives on the main thread.
