@@ -107,8 +107,8 @@ TEST_F(DeviceManagerTest, troubleTellsWhyThePhoneCannotBeReadAndGoesWithIt) {
     const DeviceInfo before = *device("A");
     turnFor(PhoneQueue::defaultIdleTime + 500ms); // the session is closed
     bus_.setProgramsHolding(location, {u"gvfsd-mtp"_s});
-    bus_.setOpenFaults(location, {usb::exclusiveAccess, usb::exclusiveAccess, usb::exclusiveAccess,
-                                  usb::exclusiveAccess});
+    bus_.setOpenFaults(location,
+                       {usb::exclusiveAccess, usb::exclusiveAccess, usb::exclusiveAccess});
     refresh(true);
     ASSERT_TRUE(trouble("A"));
     EXPECT_EQ(trouble("A")->error.code(), ErrorCode(PhoneError::held));
@@ -118,7 +118,7 @@ TEST_F(DeviceManagerTest, troubleTellsWhyThePhoneCannotBeReadAndGoesWithIt) {
     refresh(true);
     EXPECT_EQ(troubleChanges_, 1);
 
-    bus_.setOpenFaults(location, {usb::notPermitted, usb::notPermitted, {}, {}});
+    bus_.setOpenFaults(location, {usb::notPermitted, {}, {}});
     refresh(true);
     EXPECT_EQ(trouble("A")->error.code(), ErrorCode(PhoneError::notPermitted));
     EXPECT_FALSE(device("A")->isLocked);
