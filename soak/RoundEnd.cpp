@@ -193,7 +193,7 @@ void Round::checkListing(SoakPhone& phone, const QString& path) {
 /// Some of it goes, by itself as far as the program can tell.
 void Round::tidy() {
     program_.copies.clearFinished();
-    program_.browser.cancelPreview();
+    preview_.request_stop();
     program_.browser.setSearchText({});
     const auto clear = [](const QString& folder) {
         QDir(folder).removeRecursively();
