@@ -95,6 +95,10 @@ TEST_P(PhoneMountTest, programsSeeAndCopyWhatIsThere) {
     EXPECT_EQ(failures, 0);
     EXPECT_GT(ProgramRun(s("rm"), {s("-f"), at("film")}).status, 0);
     EXPECT_GT(ProgramRun(s("touch"), {at("d/new")}).status, 0);
+    // Else a program that outlives this one keeps the mount.
+    QByteArray handles;
+    EXPECT_TRUE(prints(s("ls -l /proc/self/fd"), &handles));
+    EXPECT_FALSE(handles.contains("socket:"));
 }
 
 TEST_P(PhoneMountTest, aSeekFetchesLittleMoreThanIsRead) {

@@ -11,6 +11,7 @@
 #include <fcntl.h>
 #include <fuse.h>
 #include <fuse_lowlevel.h>
+#include <linux/close_range.h>
 #include <poll.h>
 #include <sys/eventfd.h>
 #include <unistd.h>
@@ -274,6 +275,7 @@ void logRefusal(fuse_log_level, const char* format, va_list values) {
 } // namespace
 
 std::unique_ptr<FileMount> mountFiles(MountedFiles& files, const QString& folder) {
+    constexpr unsigned int firstOfOurs = 3; // after standard input, output and error
     fuse_set_log_func(logRefusal);
     const fuse_operations calls = operations();
     std::array arguments{const_cast<char*>("tessary"),
@@ -286,6 +288,9 @@ std::unique_ptr<FileMount> mountFiles(MountedFiles& files, const QString& folder
     if (!handle || !end.isOpen() ||
         fuse_mount(handle.get(), QFile::encodeName(folder).constData()) != 0)
         return nullptr;
+    // By a socket of the library's the program that unmounts hears that this one has died: where a
+    // program that is started later held it as well, a dead mount stayed.
+    (void)::close_range(firstOfOurs, ~0U, CLOSE_RANGE_CLOEXEC);
     return std::make_unique<FuseMount>(std::move(shown), std::move(handle), std::move(end));
 }
 
