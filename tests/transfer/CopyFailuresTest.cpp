@@ -313,5 +313,28 @@ TEST(TreeCopyAgain, aMoveThatGoesOnRemovesNothingThatIsNotThere) {
     EXPECT_EQ(target.contents(), (Contents{{s("a"), "that"}}));
 }
 
+/// Another program shows the phone's folder on this computer.
+TEST(TreeCopyAgain, aFolderIsNotMovedIntoItself) {
+    for (const ClashAnswer answer : {ClashAnswer::keepBoth, ClashAnswer::replace}) {
+        MemorySide source({.queue = std::make_shared<PhoneQueue>()});
+        DiskSide target;
+        source.fill({{s("a"), "this"}}, noon);
+        target.fill({{s("a"), "this"}}, noon);
+        source.memory->beforeEach([&](const MemoryFileSystem::Request& request) {
+            if (request.operation != Operation::find)
+                return;
+            for (const QString& name : target.contents().keys())
+                if (isPartName(name))
+                    source.memory->addFile(joinPath(source.root(), name), {}, noon);
+        });
+        TreeCopyRequest request = requestFor(source, target, answer);
+        request.removesSource = true;
+        request.skipsSame = answer == ClashAnswer::keepBoth;
+        EXPECT_THAT(namesLeftOut(run(std::move(request))), ElementsAre(s("a: insideItself")));
+        EXPECT_EQ(source.contents().value(s("a")), "this");
+        EXPECT_EQ(target.contents(), (Contents{{s("a"), "this"}}));
+    }
+}
+
 } // namespace
 } // namespace tessary

@@ -2,7 +2,6 @@
 
 #include "base/text/ByteCount.h"
 #include "base/threads/CancellationError.h"
-#include "phone/PartNames.h"
 #include "sync/plan/SyncError.h"
 #include "transfer/copy/CopyErrors.h"
 #include "transfer/copy/FileCopy.h"
@@ -40,20 +39,10 @@ void SyncRemovals::noteEmptied(bool onDevice, const QString& folder) {
 void SyncRemovals::requireTwoFolders() {
     if (areTwoFolders_)
         return;
-    Call whole = transfer_.call();
-    whole.stop = {};
     SyncSide& here = transfer_.side(false);
-    const QString name = newPartName(whole.partOwner);
-    const FileItem sign = here.files().write(
-        {here.pathOf({}), name, 0, {}}, [](std::span<std::byte>) { return std::size_t{0}; }, {},
-        whole);
-    try {
-        areTwoFolders_ = !transfer_.side(true).findFile(name, whole);
-    } catch (...) {
-        here.files().remove(sign, whole);
-        throw;
-    }
-    here.files().remove(sign, whole);
+    SyncSide& there = transfer_.side(true);
+    areTwoFolders_ = !isOneFolder(here.files(), here.pathOf({}), there.files(), there.pathOf({}),
+                                  transfer_.call());
     if (!areTwoFolders_)
         throw Error(PhoneError::insideItself, {here.pathOf({})});
 }

@@ -180,6 +180,17 @@ bool haveSameContent(PhoneFileSystem& files, const FileItem& file, PhoneFileSyst
     return hashOf(files, file, call) == hashOf(others, other, call);
 }
 
+bool isOneFolder(PhoneFileSystem& files, const QString& folder, PhoneFileSystem& others,
+                 const QString& otherFolder, const Call& call) {
+    const QString name = newPartName(call.partOwner);
+    const PartOnTarget sign(
+        files,
+        files.write(
+            {folder, name, 0, {}}, [](std::span<std::byte>) { return std::size_t{0}; }, {}, call),
+        call);
+    return others.find(joinPath(otherFolder, name), call).has_value();
+}
+
 bool isAsSeen(const FileItem& seen, const FileItem& now) {
     return seen.isDirectory == now.isDirectory && seen.size == now.size &&
            seen.modifiedDate == now.modifiedDate &&

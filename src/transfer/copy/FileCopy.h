@@ -77,6 +77,12 @@ FileItem copyFile(const FileCopy& copy, const ByteProgress& progress, const Call
                                    PhoneFileSystem& others, const FileItem& other,
                                    const Call& call);
 
+/// Whether two file systems show one folder, as where another program has a phone's folder among
+/// those of this computer: what is made in `folder` for a moment is in `otherFolder` then.
+[[nodiscard]] bool isOneFolder(PhoneFileSystem& files, const QString& folder,
+                               PhoneFileSystem& others, const QString& otherFolder,
+                               const Call& call);
+
 /// Whether what was seen once is what is there now, as far as either can tell.
 [[nodiscard]] bool isAsSeen(const FileItem& seen, const FileItem& now);
 

@@ -351,6 +351,17 @@ void TreeCopy::removeSource(const ScannedItem& scanned, const FileItem& copied,
         removeSettled();
 }
 
+/// Where another program shows the source's folder as the target, each file would be taken for its
+/// own copy.
+void TreeCopy::requireTwoFolders() {
+    if (areTwoFolders_ || isOneFileSystem_)
+        return;
+    const QString folder = parentPath(request_.items.front().item.path);
+    areTwoFolders_ = !isOneFolder(*request_.to, request_.folder, *request_.from, folder, call_);
+    if (!areTwoFolders_)
+        throw Error(PhoneError::insideItself, {folder});
+}
+
 void TreeCopy::removeSettled() {
     const std::vector<Leaving> all = std::exchange(leaving_, {});
     leavingBytes_ = 0;
@@ -358,6 +369,7 @@ void TreeCopy::removeSettled() {
         return;
     try {
         request_.to->flush();
+        requireTwoFolders();
     } catch (const Error& error) {
         for (const Leaving& leaving : all)
             if (!leaving.item.item.isDirectory)

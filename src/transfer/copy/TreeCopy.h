@@ -79,6 +79,7 @@ private:
     };
     void removeSource(const ScannedItem& scanned, const FileItem& copied, const Folder& target,
                       const QString& name);
+    void requireTwoFolders();
     void removeSettled();
     void removeNow(const Leaving& leaving);
     [[nodiscard]] Folder openTarget(const QString& path, const QString& below,
@@ -91,6 +92,7 @@ private:
 
     const TreeCopyRequest request_;
     const bool isOneFileSystem_;
+    bool areTwoFolders_ = false; ///< as far as it was asked
     Call call_;
     ProgressPacer* pacer_ = nullptr; ///< while run() runs, as `call_`
     FileSystemCapabilities can_;
