@@ -233,6 +233,9 @@ TEST_F(CliRunnerTest, listingShowsFoldersFirstAndNoTerminalCommands) {
     EXPECT_TRUE(text.out.section(QLatin1Char('\n'), 0, 0).endsWith(u"DCIM/"_s));
     EXPECT_FALSE(text.out.contains(QChar(0x1b)));
     EXPECT_EQ(text.out.count(QLatin1Char('\n')), 3);
+    const Result facts = run(Command::info, {u"/a\x1b[31mred\nline.txt"_s});
+    EXPECT_EQ(facts.status, CliRunner::done);
+    EXPECT_FALSE(facts.out.contains(QChar(0x1b)));
     const Result missing = run(Command::list, {u"/nowhere"_s});
     EXPECT_EQ(missing.status, CliRunner::failed);
     EXPECT_EQ(missing.error.count(QLatin1Char('\n')), 1);
