@@ -121,11 +121,11 @@ TEST_F(MTPSilenceTest, phoneThatDoesNotAnswerIsGivenUpAndFoundAgain) {
 }
 
 TEST_F(MTPSilenceTest, stopIsHeardWhileAMutePhoneIsBroughtToRest) {
-    std::atomic<bool> isMute = true;
-    phone().fault([&isMute](VirtualFaults& faults) {
-        faults.rewrite = [&isMute](const VirtualAnswer& answer) -> std::optional<Bytes> {
+    const auto isMute = std::make_shared<std::atomic<bool>>(true); // the phone outlives the test
+    phone().fault([isMute](VirtualFaults& faults) {
+        faults.rewrite = [isMute](const VirtualAnswer& answer) -> std::optional<Bytes> {
             const bool isLast = answer.operation == static_cast<std::uint16_t>(sendObject);
-            for (auto left = 1200; isLast && isMute && left > 0; --left)
+            for (auto left = 1200; isLast && *isMute && left > 0; --left)
                 std::this_thread::sleep_for(10ms);
             return std::nullopt;
         };
@@ -150,7 +150,7 @@ TEST_F(MTPSilenceTest, stopIsHeardWhileAMutePhoneIsBroughtToRest) {
               }),
               "changed");
     EXPECT_LT(Clock::now() - start, soon / 2);
-    isMute = false;
+    *isMute = false;
 }
 
 } // namespace
